@@ -1,0 +1,81 @@
+#include "benchmarks/events/PressLatency.h"
+
+#include "benchmarks/support/Median.h"
+#include "integration/Manager.h"
+#include "integration/intern/ApplicationEventMonitor.h"
+#include "testing/EngineProbe.h"
+#include "tests/support/Wait.h"
+#include "tests/support/XInput.h"
+
+#include <QApplication>
+#include <QWidget>
+#include <atomic>
+#include <cstdio>
+#include <thread>
+
+namespace velmora::benchmark {
+
+namespace {
+
+using sdk::integration::Manager;
+using sdk::integration::intern::ApplicationEventMonitor;
+using testing::EngineProbe;
+
+constexpr unsigned long escape = 0xff1b; // XK_Escape
+constexpr std::chrono::milliseconds slice{5};
+
+/// One slice of engine work.
+void workForASlice()
+{
+    const Clock::time_point end = Clock::now() + slice;
+    while (Clock::now() < end) {
+    }
+}
+
+/// Works until it is interrupted; how long that took from the press, in milliseconds. The press
+/// comes from another thread at another place of the slice each time.
+double interruptOnce(ApplicationEventMonitor& monitor, int number)
+{
+    Clock::time_point pressed;
+    std::atomic<bool> working{false};
+    std::thread person([&] {
+        while (!working)
+            std::this_thread::yield();
+        std::this_thread::sleep_for(std::chrono::microseconds(5000 + (number * 137) % 5000));
+        pressed = Clock::now();
+        test::pressKey(escape);
+    });
+    EngineProbe::setBusy(true);
+    working = true;
+    do
+        workForASlice();
+    while (!monitor.processWhileBusy());
+    EngineProbe::setBusy(false);
+    const Clock::time_point unwound = Clock::now();
+    person.join();
+    test::releaseKey(escape);
+    test::processPending();
+    return std::chrono::duration<double, std::milli>(unwound - pressed).count();
+}
+
+} // namespace
+
+void measurePressToUnwound()
+{
+    auto& monitor = dynamic_cast<ApplicationEventMonitor&>(Manager::getInstance().getApplicationEventMonitor());
+    monitor.start();
+    QWidget window;
+    window.setFocusPolicy(Qt::StrongFocus);
+    test::showAndWait(window);
+    test::focusWindow(window);
+    test::waitUntil([&] { return QApplication::activeWindow() == &window; });
+    std::vector<double> times;
+    for (int number = 0; number < 500; ++number)
+        times.push_back(interruptOnce(monitor, number));
+    std::sort(times.begin(), times.end());
+    std::printf("press to unwound, 500 real key presses, slices of 5 ms: p50 %.2f ms, p99 %.2f ms, max %.2f ms\n",
+                times[250], times[495], times.back());
+    monitor.stop();
+}
+
+} // namespace velmora::benchmark

@@ -1,0 +1,88 @@
+#include "ExportDialog.h"
+
+#include "interfaces/EngineEnumerations.h"
+
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QLabel>
+#include <QSpinBox>
+
+namespace viewer {
+
+using namespace velmora::sdk::integration;
+
+namespace {
+
+constexpr int LongestSide = 32768;
+constexpr int FinestResolution = 2400;
+constexpr int MostSupersampling = 8;
+constexpr double MillimetersPerInch = 25.4;
+
+} // namespace
+
+ExportDialog::ExportDialog(const QSize& offered, QWidget* parent)
+    : QDialog(parent), m_strategy(new QComboBox), m_preview(new QLabel)
+{
+    setWindowTitle(tr("Export Image"));
+    QFormLayout* const form = new QFormLayout(this);
+    m_width = addNumber(*form, "width", tr("&Width in pixels"), 1, LongestSide, offered.width());
+    m_height = addNumber(*form, "height", tr("&Height in pixels"), 1, LongestSide, offered.height());
+    m_resolution = addNumber(*form, "resolution", tr("&Dots per inch"), 0, FinestResolution, 0);
+    m_resolution->setSpecialValueText(tr("as on the screen"));
+    m_supersample = addNumber(*form, "supersample", tr("S&moothing"), 1, MostSupersampling, 2);
+    m_supersample->setToolTip(tr("Drawn that many times larger in each direction, and averaged"));
+    m_strategy->setObjectName(QLatin1String("strategy"));
+    m_strategy->addItem(tr("Graphics hardware"), ImageRenderingStrategy_Hardware);
+    m_strategy->addItem(tr("Software"), ImageRenderingStrategy_Software);
+    form->addRow(tr("Draw &with"), m_strategy);
+    m_preview->setObjectName(QLatin1String("preview"));
+    form->addRow(m_preview);
+    QDialogButtonBox* const buttons = new QDialogButtonBox(QDialogButtonBox::Save | QDialogButtonBox::Cancel);
+    connect(buttons, SIGNAL(accepted()), this, SLOT(accept()));
+    connect(buttons, SIGNAL(rejected()), this, SLOT(reject()));
+    form->addRow(buttons);
+    showPreview();
+}
+
+QSpinBox* ExportDialog::addNumber(QFormLayout& form, const char* name, const QString& label, int least, int most,
+                                  int value)
+{
+    QSpinBox* const box = new QSpinBox;
+    box->setObjectName(QLatin1String(name));
+    box->setRange(least, most);
+    box->setValue(value);
+    form.addRow(label, box);
+    connect(box, SIGNAL(valueChanged(int)), this, SLOT(showPreview()));
+    return box;
+}
+
+VelExportImageOptions ExportDialog::options() const
+{
+    VelExportImageOptions options = VelExportImageOptions();
+    options.width = m_width->value();
+    options.height = m_height->value();
+    options.supersample = m_supersample->value();
+    options.region = ExportRegion_CurrentFrame;
+    options.strategy = m_strategy->itemData(m_strategy->currentIndex()).toInt();
+    options.dotsPerInch = m_resolution->value();
+    return options;
+}
+
+void ExportDialog::showPreview()
+{
+    const VelExportImageOptions chosen = options();
+    const double dotsPerInch = chosen.dotsPerInch > 0 ? chosen.dotsPerInch : logicalDpiX();
+    const double width = chosen.width / dotsPerInch;
+    const double height = chosen.height / dotsPerInch;
+    m_preview->setText(tr("%1 x %2 pixels: %3 x %4 in (%5 x %6 mm) at %7 dots per inch")
+                           .arg(chosen.width)
+                           .arg(chosen.height)
+                           .arg(width, 0, 'f', 2)
+                           .arg(height, 0, 'f', 2)
+                           .arg(width * MillimetersPerInch, 0, 'f', 0)
+                           .arg(height * MillimetersPerInch, 0, 'f', 0)
+                           .arg(dotsPerInch, 0, 'f', 0));
+}
+
+} // namespace viewer

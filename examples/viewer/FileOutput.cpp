@@ -1,0 +1,77 @@
+#include "FileOutput.h"
+
+#include "EngineSession.h"
+#include "Options.h"
+#include "PagePrinter.h"
+#include "engine/VelUtil.h"
+#include "integration/printing/PrintingUtil.h"
+#include "interfaces/EngineEnumerations.h"
+
+#include <QFile>
+#include <QPrinter>
+#include <cstdio>
+
+namespace viewer {
+
+using namespace velmora::sdk::integration;
+
+int fail(const char* message)
+{
+    std::fprintf(stderr, "viewer: %s\n", message);
+    return 1;
+}
+
+int failWithLastMessage()
+{
+    return fail(VelUtilLastErrorMessage());
+}
+
+QByteArray couldNotBeWritten(const QString& fileName)
+{
+    return fileName.toUtf8() + " could not be written; check that its folder exists and is writable.";
+}
+
+namespace {
+
+bool loadFirst(const Options& options)
+{
+    return VelUtilDataLoad(options.files.first().toUtf8().constData()) != 0;
+}
+
+} // namespace
+
+int exportFile(const Options& options)
+{
+    if (!loadFirst(options))
+        return failWithLastMessage();
+    VelExportImageOptions image = VelExportImageOptions();
+    image.width = options.pictureSize().width();
+    image.height = options.pictureSize().height();
+    image.supersample = options.supersample;
+    image.region = ExportRegion_CurrentFrame;
+    image.strategy = options.software ? ImageRenderingStrategy_Software : ImageRenderingStrategy_Hardware;
+    return VelUtilExportImage(options.output.toUtf8().constData(), &image) ? 0 : failWithLastMessage();
+}
+
+int printFile(EngineSession& session, const Options& options)
+{
+    constexpr int DotsPerInch = 300;
+    // Before the file is loaded, which then fills the paper.
+    session.setPaper(options.paper, options.landscape);
+    if (!loadFirst(options))
+        return failWithLastMessage();
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(options.output);
+    printer.setResolution(DotsPerInch);
+    UpdatePrinterFromKernel(printer);
+    if (printPage(printer))
+        return 0;
+    if (*VelUtilLastErrorMessage()) {
+        QFile::remove(options.output);
+        return failWithLastMessage();
+    }
+    return fail(couldNotBeWritten(options.output).constData());
+}
+
+} // namespace viewer

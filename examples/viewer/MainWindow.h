@@ -1,0 +1,67 @@
+#pragma once
+
+#include <QMainWindow>
+#include <QStringList>
+
+class QActionGroup;
+class QLabel;
+
+namespace velmora {
+namespace sdk {
+namespace integration {
+class GLDrawArea;
+}
+} // namespace sdk
+} // namespace velmora
+
+namespace viewer {
+
+class RecentFiles;
+class ViewTools;
+
+/// The window: one drawing area, the tools to look at it from all sides, and what there is to know.
+class MainWindow : public QMainWindow {
+    Q_OBJECT
+
+public:
+    MainWindow();
+
+    velmora::sdk::integration::GLDrawArea& drawArea() { return *m_area; }
+
+public Q_SLOTS:
+    /// Shows the file; on failure says why and keeps what was shown.
+    void openFile(const QString& fileName);
+    /// Opens files once the event loop runs.
+    void openLater(const QStringList& fileNames);
+
+protected:
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private Q_SLOTS:
+    void chooseFile();
+    void openWaitingFiles();
+    void setTool(QAction* action);
+    void deselect();
+    void showSelection();
+    void fitView();
+    void about();
+
+private:
+    void createFileMenu();
+    void createViewMenu();
+    void createHelpMenu();
+    void createStatusBar();
+    QAction* addTool(QMenu& menu, QActionGroup& group, const char* icon, const QString& text, const QString& key,
+                     int tool);
+
+    velmora::sdk::integration::GLDrawArea* m_area;
+    ViewTools* m_tools;
+    RecentFiles* m_recentFiles = nullptr;
+    QToolBar* m_toolBar;
+    QLabel* m_description;
+    QLabel* m_selection;
+    QStringList m_waitingFiles;
+};
+
+} // namespace viewer

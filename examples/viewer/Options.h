@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QSize>
+#include <QString>
+#include <QStringList>
+
+namespace viewer {
+
+/// What the command line asks for.
+struct Options {
+    /// Those that make a picture of one file come last.
+    enum Task { ShowWindow, PrintHelp, PrintVersion, TakeSnapshot, ExportImage, PrintPage };
+
+    Task task = ShowWindow;
+    QStringList files;
+    QString output; ///< of a snapshot, an export or a print
+    QSize size;     ///< of the picture or the window; invalid when not given
+    int supersample = 1;
+    bool software = false; ///< draws an export with software
+    int paper = 0;         ///< by the place of its name in EngineSession::paperNames()
+    bool landscape = false;
+    bool slow = false;
+    QString error; ///< what is wrong with the command line; empty when nothing is
+
+    QSize pictureSize() const { return size.isValid() ? size : QSize(1000, 700); }
+};
+
+Options parseOptions(const QStringList& arguments);
+
+/// The text of `--help`.
+QString helpText();
+
+} // namespace viewer

@@ -1,0 +1,12 @@
+#pragma once
+
+class QPrinter;
+
+namespace viewer {
+
+/// Draws the engine's page on the printer's paper, as finely as the printer prints but not more than
+/// 300 dots to the inch. False when the printer cannot be printed on, or when the drawing failed or
+/// was stopped; the engine's last message then says why, unless a person stopped it.
+bool printPage(QPrinter& printer);
+
+} // namespace viewer

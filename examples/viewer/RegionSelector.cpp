@@ -1,0 +1,54 @@
+#include "RegionSelector.h"
+
+#include "engine/VelEng.h"
+#include "engine/VelUtil.h"
+
+#include <QWidget>
+
+namespace viewer {
+
+namespace {
+
+constexpr int ReachOfClick = 4; // pixels: nobody hits a thin line exactly
+
+} // namespace
+
+// A window of its own: nothing but OpenGL can paint in the area.
+RegionSelector::RegionSelector(QWidget& area) : m_area(area), m_band(QRubberBand::Rectangle) {}
+
+QRect RegionSelector::rectTo(const QPoint& position) const
+{
+    return QRect(m_corner, position).normalized();
+}
+
+void RegionSelector::begin(const QPoint& position)
+{
+    m_corner = position;
+    m_band.setGeometry(QRect(m_area.mapToGlobal(position), QSize(1, 1)));
+    m_band.show();
+}
+
+void RegionSelector::extend(const QPoint& position)
+{
+    const QRect rect = rectTo(position) & m_area.rect();
+    m_band.setGeometry(QRect(m_area.mapToGlobal(rect.topLeft()), rect.size()));
+}
+
+void RegionSelector::finish(const QPoint& position, bool add)
+{
+    m_band.hide();
+    QRect rect = rectTo(position);
+    if (rect.width() < ReachOfClick && rect.height() < ReachOfClick)
+        rect.adjust(-ReachOfClick, -ReachOfClick, ReachOfClick, ReachOfClick);
+    double left = 0.0, right = 0.0, bottom = 0.0, top = 0.0;
+    VelUtilPickPositionToPaper(rect.left(), rect.bottom(), &left, &bottom);
+    VelUtilPickPositionToPaper(rect.right(), rect.top(), &right, &top);
+    VelEngSelectRegion(left, bottom, right, top, add ? 1 : 0);
+}
+
+void RegionSelector::cancel()
+{
+    m_band.hide();
+}
+
+} // namespace viewer

@@ -1,0 +1,117 @@
+#include "ViewTools.h"
+
+#include "engine/VelEng.h"
+#include "engine/VelUtil.h"
+#include "integration/glarea/GLDrawArea.h"
+#include "interfaces/MouseEventInterface.h"
+
+#include <QWheelEvent>
+#include <cmath>
+
+namespace viewer {
+
+using namespace velmora::sdk::integration;
+
+namespace {
+
+// By Tool.
+constexpr CursorStyle_e Cursors[] = {CursorStyle_Rotate, CursorStyle_Translate, CursorStyle_Zoom, CursorStyle_Cross};
+
+constexpr double DegreesPerPixel = 0.4;
+constexpr double ZoomPerPixel = 1.006;
+constexpr double ZoomPerWheelUnit = 1.0015; // 120 units are one notch: about 20 percent
+
+} // namespace
+
+ViewTools::ViewTools(GLDrawArea& area) : QObject(&area), m_area(area), m_selector(area)
+{
+    m_area.addMouseListener(this);
+    m_area.installEventFilter(this);
+}
+
+// The area that owns this object is on its way out by now and has no listeners any more.
+ViewTools::~ViewTools() = default;
+
+void ViewTools::setTool(Tool tool)
+{
+    m_tool = tool;
+    VelEngBaseCursorSet(Cursors[tool]);
+}
+
+void ViewTools::deselect()
+{
+    if (m_selector.isActive()) {
+        m_selector.cancel();
+        m_isDragging = false;
+    } else {
+        VelUtilPickDeselectAll();
+        Q_EMIT selectionChanged();
+    }
+}
+
+void ViewTools::buttonPressed(MouseEventInterface& event, MouseEventObservableInterface&)
+{
+    const bool moves = event.button() == MouseEventInterface::MouseButton_Middle;
+    const bool zooms = event.button() == MouseEventInterface::MouseButton_Right;
+    m_dragging = moves ? Move : zooms ? Zoom : m_tool;
+    m_isDragging = event.button() != MouseEventInterface::MouseButton_None;
+    m_pressed = m_last = QPoint(event.x(), event.y());
+    if (m_isDragging && m_dragging == Select)
+        m_selector.begin(m_pressed);
+}
+
+void ViewTools::mouseMoved(MouseEventInterface& event, MouseEventObservableInterface&)
+{
+    if (!m_isDragging)
+        return;
+    const QPoint position(event.x(), event.y());
+    drag(m_last, position);
+    m_last = position;
+}
+
+void ViewTools::buttonReleased(MouseEventInterface& event, MouseEventObservableInterface&)
+{
+    m_isDragging = false;
+    if (!m_selector.isActive())
+        return;
+    m_selector.finish(QPoint(event.x(), event.y()), event.isShiftDown());
+    Q_EMIT selectionChanged();
+}
+
+void ViewTools::buttonDoublePressed(MouseEventInterface&, MouseEventObservableInterface&)
+{
+    m_isDragging = false;
+    if (m_tool != Select)
+        VelUtilViewFit();
+}
+
+void ViewTools::drag(const QPoint& from, const QPoint& to)
+{
+    const QPoint way = to - from;
+    switch (m_dragging) {
+    case Rotate:
+        VelUtilViewRotate(way.x() * DegreesPerPixel, way.y() * DegreesPerPixel);
+        break;
+    case Move:
+        VelUtilViewTranslate(way.x(), way.y());
+        break;
+    case Zoom:
+        VelUtilViewZoom(std::pow(ZoomPerPixel, -way.y()), m_pressed.x(), m_pressed.y());
+        break;
+    case Select:
+        m_selector.extend(to);
+        break;
+    }
+}
+
+// The area's listeners hear of buttons and moves; the wheel reaches it as any widget's event.
+bool ViewTools::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched != &m_area || event->type() != QEvent::Wheel)
+        return false;
+    const QWheelEvent& wheel = static_cast<const QWheelEvent&>(*event);
+    VelUtilViewZoom(std::pow(ZoomPerWheelUnit, wheel.delta()), wheel.pos().x(), wheel.pos().y());
+    return true;
+}
+
+} // namespace viewer

@@ -1,0 +1,149 @@
+#include "WorkIndicator.h"
+
+#include "engine/VelEng.h"
+#include "engine/VelUtil.h"
+#include "integration/Manager.h"
+#include "integration/StopButton.h"
+#include "interfaces/ApplicationEventMonitorInterface.h"
+#include "interfaces/EventManagerInterface.h"
+#include "interfaces/KeyEventInterface.h"
+#include "interfaces/KeyEventObservableInterface.h"
+#include "interfaces/OnIdleObservableInterface.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTimer>
+#include <boost/make_shared.hpp>
+
+namespace viewer {
+
+using namespace velmora::sdk::integration;
+
+namespace {
+
+constexpr int MillisecondsUntilShown = 250; // shorter work would only flicker
+constexpr int BarSteps = 100;
+
+ApplicationEventMonitorInterface& monitor()
+{
+    return Manager::getInstance().getApplicationEventMonitor();
+}
+
+KeyEventObservableInterface& applicationKeys()
+{
+    return dynamic_cast<KeyEventObservableInterface&>(monitor());
+}
+
+OnIdleObservableInterface& idleTime()
+{
+    return dynamic_cast<OnIdleObservableInterface&>(monitor());
+}
+
+QPushButton* addButton(QBoxLayout& layout, const QString& text, const QString& toolTip)
+{
+    QPushButton* const button = new QPushButton(text);
+    button->setToolTip(toolTip);
+    button->setFocusPolicy(Qt::NoFocus);
+    button->hide();
+    layout.addWidget(button);
+    return button;
+}
+
+} // namespace
+
+WorkIndicator::WorkIndicator(QWidget* parent)
+    : QWidget(parent), m_text(new QLabel), m_idle(new QLabel), m_bar(new QProgressBar)
+{
+    QHBoxLayout* const row = new QHBoxLayout(this);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addWidget(m_text);
+    row->addWidget(m_bar);
+    m_bar->setRange(0, BarSteps);
+    m_bar->setFixedWidth(140);
+    m_bar->hide();
+    m_stop = addButton(*row, tr("Stop"), tr("Stop what is going on (Escape)"));
+    m_finish = addButton(*row, tr("Finish"), tr("Draw what is missing"));
+    row->addWidget(m_idle);
+    // As high as ever it gets: a status bar that grows with the button would resize the plot, which
+    // would have to be drawn anew.
+    setFixedHeight(m_stop->sizeHint().height());
+    connect(m_stop, SIGNAL(clicked()), this, SLOT(stop()));
+    connect(m_finish, SIGNAL(clicked()), this, SLOT(finish()));
+
+    m_stopButton = boost::make_shared<StopButton>(m_stop);
+    Manager::getInstance().getEventManager().registerStopButton(m_stopButton);
+    applicationKeys().addKeyboardListener(this);
+    idleTime().addOnIdleListener(this);
+    m_notBusy = monitor().connectEngineIsNoLongerBusy([this] { workEnded(); });
+    VelEngProgressRegisterCallback(&WorkIndicator::progressed, reinterpret_cast<long>(this));
+}
+
+WorkIndicator::~WorkIndicator()
+{
+    VelEngProgressRegisterCallback(nullptr, 0);
+    idleTime().removeOnIdleListener(this);
+    applicationKeys().removeKeyboardListener(this);
+    Manager::getInstance().getEventManager().unRegisterStopButton(m_stopButton);
+}
+
+// While the Stop button shows, it is the engine's only way to be interrupted; this viewer wants
+// Escape and closing the window, which arrives as Escape too, to work all the same.
+void WorkIndicator::keyPressed(KeyEventInterface& event, KeyEventObservableInterface&)
+{
+    if (event.key() == Qt::Key_Escape)
+        stop();
+}
+
+void WorkIndicator::keyReleased(KeyEventInterface&, KeyEventObservableInterface&) {}
+
+void WorkIndicator::onIdle(OnIdleObservableInterface&)
+{
+    m_idle->setText(VelUtilPageIsComplete() ? tr("Idle") : QString());
+}
+
+void WorkIndicator::stop()
+{
+    monitor().interrupt();
+}
+
+void WorkIndicator::finish()
+{
+    m_finish->hide();
+    m_text->clear();
+    VelUtilPageFinish();
+}
+
+void WorkIndicator::progressed(const char* what, double fraction, long clientData)
+{
+    reinterpret_cast<WorkIndicator*>(clientData)->showProgress(QString::fromUtf8(what), fraction);
+}
+
+void WorkIndicator::showProgress(const QString& what, double fraction)
+{
+    if (!m_working.isValid())
+        m_working.start();
+    if (m_working.elapsed() < MillisecondsUntilShown)
+        return;
+    m_idle->clear();
+    m_text->setText(what);
+    m_bar->setValue(static_cast<int>(fraction * BarSteps));
+    m_bar->show();
+    m_stop->show();
+    m_finish->hide();
+}
+
+void WorkIndicator::workEnded()
+{
+    m_working.invalidate();
+    m_bar->hide();
+    m_stop->hide();
+    const bool incomplete = VelUtilPageIsInterrupted() != 0;
+    m_text->setText(incomplete ? tr("The plot is incomplete.") : QString());
+    m_finish->setVisible(incomplete);
+    // Idle time is announced after an event, and the end of work is none.
+    QTimer::singleShot(0, this, SLOT(update()));
+}
+
+} // namespace viewer

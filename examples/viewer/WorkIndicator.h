@@ -1,0 +1,62 @@
+#pragma once
+
+#include "interfaces/KeyEventListenerInterface.h"
+#include "interfaces/OnIdleListenerInterface.h"
+#include "interfaces/Signal.h"
+
+#include <QElapsedTimer>
+#include <QWidget>
+#include <boost/shared_ptr.hpp>
+
+class QLabel;
+class QProgressBar;
+class QPushButton;
+
+namespace velmora {
+namespace sdk {
+namespace integration {
+class StopButtonInterface;
+}
+} // namespace sdk
+} // namespace velmora
+
+namespace viewer {
+
+/// Tells in the status bar how far the engine's work is and lets a person stop it, with the button
+/// or with Escape; tells of a picture that was left incomplete and offers to finish it; tells when
+/// there is nothing left to do.
+class WorkIndicator : public QWidget,
+                      public velmora::sdk::integration::KeyEventListenerInterface,
+                      public velmora::sdk::integration::OnIdleListenerInterface {
+    Q_OBJECT
+
+public:
+    explicit WorkIndicator(QWidget* parent);
+    ~WorkIndicator() override;
+
+    void keyPressed(velmora::sdk::integration::KeyEventInterface& event,
+                    velmora::sdk::integration::KeyEventObservableInterface& source) override;
+    void keyReleased(velmora::sdk::integration::KeyEventInterface& event,
+                     velmora::sdk::integration::KeyEventObservableInterface& source) override;
+    void onIdle(velmora::sdk::integration::OnIdleObservableInterface& source) override;
+
+private Q_SLOTS:
+    void stop();
+    void finish();
+
+private:
+    static void progressed(const char* what, double fraction, long clientData);
+    void showProgress(const QString& what, double fraction);
+    void workEnded();
+
+    QLabel* m_text;
+    QLabel* m_idle;
+    QProgressBar* m_bar;
+    QPushButton* m_stop;
+    QPushButton* m_finish;
+    QElapsedTimer m_working;
+    boost::shared_ptr<const velmora::sdk::integration::StopButtonInterface> m_stopButton;
+    boost::signals2::scoped_connection m_notBusy;
+};
+
+} // namespace viewer

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "integration/Export.h"
+#include "integrationmanager/ManagerAbstract.h"
+
+#include <memory>
+
+namespace velmora::sdk::integration {
+
+/// The one object through which a Qt application starts and stops the visualisation engine.
+///
+/// A host calls `Manager::getInstance()`, one of the inherited `init`, `start()` once its
+/// QApplication exists, runs its event loop and calls `stop()` at the end. The manager completes the
+/// engine's own manager with the watch over the application's events and with five services:
+/// message boxes, file selection, cursors, small facts and off-screen images. A host that offers
+/// rubber-band selection adds a services::SelectRegionService itself.
+///
+/// GUI thread only; the first `getInstance()` alone may come from any thread. The manager is
+/// destroyed at process exit and does not stop the engine then: that is the host's business.
+class VELMORA_INTEGRATION_EXPORT Manager : public virtual ManagerAbstract {
+public:
+    ~Manager() override;
+
+    /// The manager, constructed by the first call. What its construction throws passes through, and
+    /// the next call tries again.
+    static Manager& getInstance();
+
+    ApplicationEventMonitorInterface& getApplicationEventMonitor() override;
+
+protected:
+    // Here only to make this class the final overrider; the engine's manager does the work.
+    void subManagersInstantiate() override;
+    void subManagersRegisterCallbacks() override;
+    void subManagersDestroy() override;
+
+private:
+    Manager();
+
+    struct Impl;
+    std::unique_ptr<Impl> m_impl;
+};
+
+} // namespace velmora::sdk::integration

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "integration/Export.h"
+#include "interfaces/StopButtonInterface.h"
+
+namespace velmora::sdk::integration {
+
+/// A stop button without a button: always in force and never what is pressed. Registered, it keeps
+/// all input from interrupting the engine.
+class VELMORA_INTEGRATION_EXPORT NullStopButton : public virtual StopButtonInterface {
+public:
+    NullStopButton();
+    ~NullStopButton() override;
+
+    bool isActive() const override;
+    bool isEqual(const void* object) const override;
+};
+
+} // namespace velmora::sdk::integration

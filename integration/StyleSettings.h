@@ -1,0 +1,18 @@
+#pragma once
+
+namespace velmora::toolbox {
+class StyleValue;
+}
+
+namespace velmora::sdk::integration {
+
+/// The integer setting `key` of a section of the engine's style tree, for example "DepthBufferSize"
+/// of StyleValue("Interface", "OpenGLConfig", "ImageRendering"); `defaultValue` when it cannot be
+/// read. GUI thread only. Exceptions of the toolbox pass through.
+int readStyleInteger(const toolbox::StyleValue& section, const char* key, int defaultValue = 0);
+
+/// Writes an integer setting; the engine's code, 0 when the value was applied. Whoever calls it
+/// holds an AppLock.
+int writeStyleInteger(const toolbox::StyleValue& section, const char* key, int value);
+
+} // namespace velmora::sdk::integration

@@ -1,0 +1,287 @@
+#include "integration/glarea/GLDrawArea.h"
+
+#include "engine/VelUtil.h"
+#include "exception/ExceptionBase.h"
+#include "integration/glarea/GoodVisualChooserQGLContext.h"
+#include "integration/glarea/MouseEvent.h"
+#include "integration/intern/ApplicationEventMonitor.h"
+#include "integration/toolkit/Exposure.h"
+#include "integrationmanager/GLDrawAreaPageTracker.h"
+#include "integrationmanager/GLDrawAreaStateObservable.h"
+#include "integrationmanager/KeyEvent.h"
+#include "integrationmanager/KeyEventObservable.h"
+#include "integrationmanager/MouseEventObservable.h"
+
+#include <QFocusEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPalette>
+#include <cstdio>
+
+namespace velmora::sdk::integration {
+
+namespace {
+
+using Monitor = intern::ApplicationEventMonitor;
+
+intern::MouseEvent mouseEventFrom(const QMouseEvent& event, MouseEventObservableInterface& source)
+{
+    return intern::MouseEvent(&source, Monitor::mouseButton(event), event.pos().x(), event.pos().y(),
+                              Monitor::genericModifiersForEvent(event));
+}
+
+intern::KeyEvent keyEventFrom(const QKeyEvent& event, KeyEventObservableInterface& source)
+{
+    return intern::KeyEvent(&source, event.key(), Monitor::genericModifiersForEvent(event));
+}
+
+} // namespace
+
+GLDrawArea::GLDrawArea(QWidget* parent)
+    // The widget takes ownership of the context.
+    : QGLWidget(new GoodVisualChooserQGLContext, parent), m_glContext(*this), m_valid(false), m_sizeChanged(false)
+{
+    setObjectName(QLatin1String("GLDrawArea"));
+    if (VelUtilInternalIsPrintDebugOn())
+        printFormat();
+    createObservers();
+    if (!QGLWidget::isValid()) {
+        // Deliberately not released on this path: the engine may hold on to what it was given.
+        m_pageTracker.release();
+        m_stateObservable.release();
+        m_mouseObservable.release();
+        m_keyObservable.release();
+        throw ExceptionBase("Failed to create GLDrawArea.", false);
+    }
+    m_valid = true;
+    setFocusPolicy(Qt::StrongFocus);
+    setMouseTracking(true);
+    setAutoBufferSwap(false);
+    // Twice; the repetition is deliberate and harmless.
+    setAttributesForPerformance();
+    setAttributesForPerformance();
+    connect(this, SIGNAL(destroyed(QObject*)), this, SLOT(onDestroyed()));
+    m_sizeChanged = true;
+}
+
+GLDrawArea::~GLDrawArea()
+{
+    // While the GL context still works, so that listeners can release what they hold in it.
+    onDestroyed();
+    // In the order of their creation; the tracker leaves the page manager before the observables
+    // that it listens to are gone.
+    m_pageTracker.reset();
+    m_stateObservable.reset();
+    m_mouseObservable.reset();
+    m_keyObservable.reset();
+}
+
+void GLDrawArea::createObservers()
+{
+    GLDrawAreaInterface& area = *this;
+    m_pageTracker = std::make_unique<intern::GLDrawAreaPageTracker>(area);
+    m_stateObservable = std::make_unique<intern::GLDrawAreaStateObservable>(area);
+    m_mouseObservable = std::make_unique<intern::MouseEventObservable>();
+    m_keyObservable = std::make_unique<intern::KeyEventObservable>();
+}
+
+void GLDrawArea::printFormat() const
+{
+    const QGLFormat actual = format();
+    const struct {
+        const char* label; // the runs of spaces are part of the output
+        long value;
+    } facts[] = {
+        {"GL accumulation Buffer On", actual.accum()},
+        {"GL accumulation Buffer Sz", actual.accumBufferSize()},
+        {"GL alpha Buffer Size     ", actual.alphaBufferSize()},
+        {"GL depth Buffer On       ", actual.depth()},
+        {"GL depth Buffer Size     ", actual.depthBufferSize()},
+        {"GL stencil Buffer Sz     ", actual.stencilBufferSize()},
+        {"GL double Buffer On      ", actual.doubleBuffer()},
+        {"GL red Buffer Size       ", actual.redBufferSize()},
+        {"GL green Buffer Size     ", actual.greenBufferSize()},
+        {"GL blue Buffer Size      ", actual.blueBufferSize()},
+        {"GL major Version         ", actual.majorVersion()},
+        {"GL minor Version         ", actual.minorVersion()},
+        {"GL plane                 ", actual.plane()},
+        {"GL swap Interval         ", actual.swapInterval()},
+    };
+    for (const auto& fact : facts)
+        std::printf("%s = %ld\n", fact.label, fact.value);
+}
+
+// The toolkit shall never fill the area or draw it differently when it is disabled or inactive: each
+// such change would be a repaint over the engine's picture.
+void GLDrawArea::setAttributesForPerformance()
+{
+    setAutoFillBackground(false);
+    QPalette palette = this->palette();
+    const QPalette::ColorGroup groups[] = {QPalette::Disabled, QPalette::Inactive};
+    for (const QPalette::ColorGroup group : groups) {
+        for (int number = 0; number < QPalette::NColorRoles; ++number) {
+            const QPalette::ColorRole role = static_cast<QPalette::ColorRole>(number);
+            // The second assignment overwrites the first; both are kept deliberately.
+            palette.setBrush(group, role, QBrush(palette.color(QPalette::Active, role)));
+            palette.setBrush(group, role, palette.brush(QPalette::Active, role));
+        }
+    }
+    setPalette(palette);
+}
+
+bool GLDrawArea::isVisible() const
+{
+    return QWidget::isVisible();
+}
+
+void GLDrawArea::getSize(int* width, int* height) const
+{
+    *width = QWidget::width();
+    *height = QWidget::height();
+}
+
+GLContextInterface& GLDrawArea::getGLContext()
+{
+    return m_glContext;
+}
+
+bool GLDrawArea::isValidWidget() const
+{
+    return QGLWidget::isValid() && m_valid;
+}
+
+void GLDrawArea::addStateListener(GLDrawAreaListenerInterface* listener)
+{
+    m_stateObservable->addListener(listener);
+}
+
+void GLDrawArea::removeStateListener(GLDrawAreaListenerInterface* listener)
+{
+    m_stateObservable->removeListener(listener);
+}
+
+// Nothing here reacts to a new connection.
+void GLDrawArea::signalDrawAreaExposedConnected() const {}
+void GLDrawArea::signalDrawAreaDestroyedConnected() const {}
+void GLDrawArea::signalDrawAreaFocusGainedConnected() const {}
+
+void GLDrawArea::setPageManager(PageManagerInterface& manager)
+{
+    m_pageTracker->setPageManager(manager);
+}
+
+void GLDrawArea::addKeyboardListener(KeyEventListenerInterface* listener)
+{
+    m_keyObservable->addListener(listener);
+}
+
+void GLDrawArea::removeKeyboardListener(KeyEventListenerInterface* listener)
+{
+    m_keyObservable->removeListener(listener);
+}
+
+void GLDrawArea::addMouseListener(MouseEventListenerInterface* listener)
+{
+    m_mouseObservable->addListener(listener);
+}
+
+void GLDrawArea::removeMouseListener(MouseEventListenerInterface* listener)
+{
+    m_mouseObservable->removeListener(listener);
+}
+
+void GLDrawArea::onDestroyed()
+{
+    m_valid = false;
+    m_stateObservable->notifyOfDestruction();
+    emitDrawAreaDestroyed();
+}
+
+void GLDrawArea::keyPressEvent(QKeyEvent* event)
+{
+    intern::KeyEvent record = keyEventFrom(*event, *this);
+    m_keyObservable->notifyOfKeyPressed(record, *this);
+}
+
+void GLDrawArea::keyReleaseEvent(QKeyEvent* event)
+{
+    intern::KeyEvent record = keyEventFrom(*event, *this);
+    m_keyObservable->notifyOfKeyReleased(record, *this);
+}
+
+void GLDrawArea::mouseMoveEvent(QMouseEvent* event)
+{
+    intern::MouseEvent record = mouseEventFrom(*event, *this);
+    m_mouseObservable->notifyOfMouseMoved(record, *this);
+    emitMouseMoved(record);
+}
+
+void GLDrawArea::mousePressEvent(QMouseEvent* event)
+{
+    intern::MouseEvent record = mouseEventFrom(*event, *this);
+    m_mouseObservable->notifyOfButtonPressed(record, *this);
+    emitButtonPressed(record);
+}
+
+void GLDrawArea::mouseReleaseEvent(QMouseEvent* event)
+{
+    intern::MouseEvent record = mouseEventFrom(*event, *this);
+    m_mouseObservable->notifyOfButtonReleased(record, *this);
+    emitButtonReleased(record);
+}
+
+void GLDrawArea::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    intern::MouseEvent record = mouseEventFrom(*event, *this);
+    m_mouseObservable->notifyOfButtonDoublePressed(record, *this);
+    emitButtonDoublePressed(record);
+}
+
+void GLDrawArea::focusInEvent(QFocusEvent* event)
+{
+    if (event->type() == QEvent::FocusIn)
+        m_stateObservable->notifyOfFocusGained();
+    emitDrawAreaFocusGained();
+}
+
+// Deliberately nothing: the toolkit's handler would repaint the area.
+void GLDrawArea::focusOutEvent(QFocusEvent*) {}
+
+void GLDrawArea::resizeEvent(QResizeEvent* event)
+{
+    if (m_pageTracker->state() == 0)
+        QGLWidget::resizeEvent(event);
+    m_sizeChanged = true;
+}
+
+void GLDrawArea::paintEvent(QPaintEvent* event)
+{
+    if (m_pageTracker->state() == 0 && context()->isValid()) {
+        setAutoBufferSwap(true);
+        QGLWidget::paintEvent(event);
+        setAutoBufferSwap(false);
+    }
+    m_stateObservable->notifyOfExposure(m_sizeChanged);
+    emitDrawAreaExposed(m_sizeChanged);
+    m_sizeChanged = false;
+}
+
+void GLDrawArea::GLContext::swapBuffers()
+{
+    if (toolkit::isReadyToSwap(m_area))
+        m_area.QGLWidget::swapBuffers();
+}
+
+bool GLDrawArea::GLContext::setCurrentGL()
+{
+    m_area.makeCurrent();
+    return true;
+}
+
+// Deliberately leaves the context current.
+bool GLDrawArea::GLContext::clearCurrentGL()
+{
+    return true;
+}
+
+} // namespace velmora::sdk::integration

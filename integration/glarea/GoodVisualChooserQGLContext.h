@@ -1,0 +1,24 @@
+#pragma once
+
+#include "integration/Export.h"
+#include "integration/toolkit/VisualChoosingContext.h"
+
+namespace velmora::sdk::integration {
+
+/// The OpenGL context of a drawing area. It asks for what the "ScreenRendering" settings say and,
+/// with "UseAdvancedVisualChooser" on, picks the X visual itself: the one with the configured
+/// "VisualID", else the best TrueColor visual by its own ranking. The chosen ID is written back to
+/// "VisualID", so that contexts created later in the same run take it without ranking again.
+///
+/// GUI thread only. Without X11, without any TrueColor visual, or with a configured ID that matches
+/// none, the toolkit chooses and nothing is written.
+class VELMORA_INTEGRATION_EXPORT GoodVisualChooserQGLContext : public toolkit::VisualChoosingContext {
+public:
+    GoodVisualChooserQGLContext();
+
+    /// The chosen visual (an `XVisualInfo*` that the caller frees with `XFree`), or null to leave
+    /// the choice to the toolkit. Called by the toolkit while it creates the context.
+    void* chooseVisual() override;
+};
+
+} // namespace velmora::sdk::integration

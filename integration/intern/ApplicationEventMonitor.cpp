@@ -1,0 +1,88 @@
+#include "integration/intern/ApplicationEventMonitor.h"
+
+#include "engine/VelEng.h"
+#include "integration/intern/Mouse3DInput.h"
+
+#include <QAbstractEventDispatcher>
+#include <QApplication>
+#include <QInputEvent>
+#include <QMouseEvent>
+
+namespace velmora::sdk::integration::intern {
+
+ApplicationEventMonitor::ApplicationEventMonitor(ManagerInterface& manager)
+    : ApplicationEventMonitorAbstract(manager), m_eventFilter(*this), m_eventNotifier(*this)
+{}
+
+// Deliberately neither stops nor takes the engine's callback back: whoever owns the monitor does
+// that first, with `stop()`.
+ApplicationEventMonitor::~ApplicationEventMonitor() = default;
+
+bool ApplicationEventMonitor::start()
+{
+    QCoreApplication::instance()->installEventFilter(&m_eventFilter);
+    VelEngEngineNotBusyRegisterCallback(&EventFilter::engineNotBusyCallback, reinterpret_cast<long>(&m_eventFilter));
+    const Qt::MouseButtons held = QApplication::mouseButtons();
+    emitMouseButtonStateChanged(MouseEventInterface::MouseButton_Left, (held & Qt::LeftButton) != 0);
+    emitMouseButtonStateChanged(MouseEventInterface::MouseButton_Middle, (held & Qt::MidButton) != 0);
+    emitMouseButtonStateChanged(MouseEventInterface::MouseButton_Right, (held & Qt::RightButton) != 0);
+    return true;
+}
+
+bool ApplicationEventMonitor::stop()
+{
+    // A host may end the engine after its application object; the filter went with that object.
+    if (QCoreApplication* const application = QCoreApplication::instance())
+        application->removeEventFilter(&m_eventFilter);
+    VelEngEngineNotBusyRegisterCallback(nullptr, 0);
+    return true;
+}
+
+void ApplicationEventMonitor::processWhileBusy_Internal()
+{
+    m_eventFilter.deliverParkedEvent();
+    // Nothing could come of further events before the waiting one has been sent.
+    if (!m_eventFilter.hasInterruptedEvent())
+        QCoreApplication::processEvents(QEventLoop::EventLoopExec);
+}
+
+void ApplicationEventMonitor::interruptEventProcessing()
+{
+    if (QAbstractEventDispatcher* const dispatcher = QAbstractEventDispatcher::instance())
+        dispatcher->interrupt();
+}
+
+ApplicationEventMonitor::operator long() const
+{
+    return reinterpret_cast<long>(this);
+}
+
+MouseEventInterface::MouseButton_e ApplicationEventMonitor::mouseButton(const QMouseEvent& event)
+{
+    static const MouseEventInterface::MouseButton_e buttons[] = {
+        MouseEventInterface::MouseButton_Left,   // Qt::LeftButton, 1
+        MouseEventInterface::MouseButton_Right,  // Qt::RightButton, 2
+        MouseEventInterface::MouseButton_None,   // both together
+        MouseEventInterface::MouseButton_Middle, // Qt::MidButton, 4
+    };
+    // Below 1 wraps around and is outside, too.
+    const unsigned index = static_cast<unsigned>(event.button()) - 1u;
+    return index < 4u ? buttons[index] : MouseEventInterface::MouseButton_None;
+}
+
+int ApplicationEventMonitor::genericModifiersForEvent(const QInputEvent& event)
+{
+    const Qt::KeyboardModifiers held = event.modifiers();
+    return ((held & Qt::ShiftModifier) ? EventInterface::Modifier_Shift : 0) |
+           ((held & Qt::ControlModifier) ? EventInterface::Modifier_Control : 0) |
+           ((held & Qt::AltModifier) ? EventInterface::Modifier_Alt : 0);
+}
+
+void ApplicationEventMonitor::startThreedMouse(const std::string& deviceName, const QWidget& widget)
+{
+    threedmouse::startListeningForEvents(
+        deviceName, widget, [this](const MotionData& motion) { threedMouseMoveEvent(motion); },
+        [this] { threedMouseStopEvent(); }, [this](const ButtonActions& actions) { threedMouseButtonAction(actions); });
+}
+
+} // namespace velmora::sdk::integration::intern

@@ -1,0 +1,164 @@
+#pragma once
+
+#include "integration/Export.h"
+#include "integrationmanager/ApplicationEventMonitorAbstract.h"
+
+#include <QObject>
+#include <QPointer>
+#include <memory>
+#include <string>
+
+class QCloseEvent;
+class QInputEvent;
+class QKeyEvent;
+class QMouseEvent;
+class QShortcutEvent;
+class QTimerEvent;
+class QWheelEvent;
+class QWidget;
+
+namespace velmora::sdk::integration::intern {
+
+class EventReceiverDestroyedListener;
+
+/// The object through which every event of the application passes on its way to its receiver.
+///
+/// From `start()` to `stop()` it tells listeners when mouse buttons go down and up, hands user input
+/// to the engine, announces idle time, and, while the busy engine has been asked to stop, holds all
+/// events back: it keeps a copy of the first and sends it again once the engine's work is off the
+/// call stack. docs/interrupting-event.md shows the way of such an event.
+///
+/// Owned by the Manager, which stops it before destroying it. GUI thread only. Exceptions of
+/// listeners pass through to the toolkit.
+class VELMORA_INTEGRATION_EXPORT ApplicationEventMonitor : public ApplicationEventMonitorAbstract {
+public:
+    /// What can be done with each kind of event that matters to the engine.
+    class EventHandlerInterface {
+    public:
+        virtual void handleTimerEventCausingWidgetChange(const QTimerEvent& event) = 0;
+        virtual void handleMouseWheelEvent(const QWheelEvent& event) = 0;
+        virtual void handleMouseMoveEvent(const QMouseEvent& event) = 0;
+        virtual void handleMouseButtonPress(const QMouseEvent& event) = 0;
+        virtual void handleMouseButtonRelease(const QMouseEvent& event) = 0;
+        virtual void handleMouseButtonDblClick(const QMouseEvent& event) = 0;
+        virtual void handleKeyPress(const QKeyEvent& event) = 0;
+        virtual void handleKeyRelease(const QKeyEvent& event) = 0;
+        virtual void handleShortcut(const QShortcutEvent& event) = 0;
+        virtual void handleCloseEvent(const QCloseEvent& event) = 0;
+
+        /// Any other event: nothing, whoever handles.
+        void handleEvent(const QEvent&) {}
+
+        virtual ~EventHandlerInterface() = default;
+    };
+
+    /// Hands events to the engine: to the listeners and signals of the monitor, in the engine's own
+    /// records.
+    class EventNotifier : public virtual EventHandlerInterface {
+    public:
+        explicit EventNotifier(ApplicationEventMonitor& monitor) : m_monitor(monitor) {}
+
+        void handleTimerEventCausingWidgetChange(const QTimerEvent& event) override;
+        void handleMouseWheelEvent(const QWheelEvent& event) override;
+        void handleMouseMoveEvent(const QMouseEvent& event) override;
+        void handleMouseButtonPress(const QMouseEvent& event) override;
+        void handleMouseButtonRelease(const QMouseEvent& event) override;
+        void handleMouseButtonDblClick(const QMouseEvent& event) override;
+        void handleKeyPress(const QKeyEvent& event) override;
+        void handleKeyRelease(const QKeyEvent& event) override;
+        void handleShortcut(const QShortcutEvent& event) override;
+        void handleCloseEvent(const QCloseEvent& event) override;
+
+    private:
+        ApplicationEventMonitor& m_monitor;
+    };
+
+    /// The filter on the application object. Its destructor frees neither a copy that still waits
+    /// nor anything else of an interruption but the watch over the receiver: deliberate, the monitor
+    /// goes at process exit, when the copy's receiver may be gone already.
+    class EventFilter : public QObject {
+    public:
+        explicit EventFilter(ApplicationEventMonitor& monitor);
+        ~EventFilter() override;
+
+        /// True: the event is swallowed. The order of the tests in it is part of the design.
+        bool eventFilter(QObject* receiver, QEvent* event) override;
+
+        /// Whether the event is the copy that is being sent again right now.
+        bool isDispatchingInterruptedEvent(const QEvent& event) const { return &event == m_dispatchingEvent; }
+        /// Whether a copy (or an event that could not be copied) waits to be sent again.
+        bool hasInterruptedEvent() const { return m_hasInterruptedEvent; }
+        /// Delivers the live event that waits for the copy before it, if there is one.
+        void deliverParkedEvent();
+
+        void startIdleDetectionTimer();
+        void killIdleDetectionTimer();
+        void restartIdleDetectionTimerIfItWasKilledWhileBusy();
+        /// For the engine; `clientData` is the address of the filter.
+        static void engineNotBusyCallback(long clientData);
+
+    private:
+        class EventCloner;
+        class ParkedEvent;
+        friend struct EventFilterProbe;
+
+        // On the way of every event, so not exported like the class: calls to what is exported take
+        // a detour and are not inlined.
+        Q_DECL_HIDDEN void notifyEngineOfPossibleMouseStateChange(const QEvent& event);
+        Q_DECL_HIDDEN void announceNewEvent(const QObject* receiver);
+        Q_DECL_HIDDEN void broadcastIfOnIdle(const QEvent& event);
+        bool interruptedEventWasSentFirst(QObject* receiver, QEvent* event);
+        bool isSwallowedByInterruption(QObject* receiver, QEvent* event);
+
+        void saveInterruptedEventForDispatchingWhenUnwound(QObject* receiver, QEvent* event);
+        void sendInterruptedEvent();
+        static void deliver(QEvent& clone, QObject* receiver);
+        void interruptedEventReceiverDestroyed();
+
+        std::unique_ptr<EventReceiverDestroyedListener> m_receiverListener; ///< watches the copy's receiver
+        ApplicationEventMonitor& m_monitor;
+        QObject* m_interruptedEventReceiver = nullptr;
+        std::unique_ptr<QEvent> m_interruptedEvent; ///< the copy that waits; null when it could not be made
+        QEvent* m_dispatchingEvent = nullptr;       ///< the copy while it is being sent again
+        bool m_hasInterruptedEvent = false;
+        bool m_idleTimerActive = false;
+        int m_idleTimerId = 0; ///< -1 once a timer was killed
+        bool m_idleTimerKilledWhileBusy = false;
+        const QEvent* m_interruptingEventOriginal = nullptr; ///< for whoever debugs; never read
+        QEvent* m_currentEvent = nullptr;                    ///< the live event that waits while the copy is being sent
+        QPointer<QObject> m_currentReceiver;
+        std::unique_ptr<QEvent> m_abandonedClone; ///< a copy whose handler threw
+    };
+
+    explicit ApplicationEventMonitor(ManagerInterface& manager);
+    ~ApplicationEventMonitor() override;
+
+    void processWhileBusy_Internal() override;
+    void interruptEventProcessing() override;
+    operator long() const override;
+    /// Begins to filter the application's events, which needs an application object, and announces
+    /// which mouse buttons are down. Always true.
+    bool start() override;
+    /// Ends what `start` began and leaves a waiting event and the idle timer as they are. Always
+    /// true.
+    bool stop() override;
+
+    /// Calls the operation of the handler that is for this kind of event.
+    static void eventAnalyzer(const QEvent& event, QObject& receiver, EventHandlerInterface& handler);
+
+    /// The button that caused the event; the extra buttons and several at once are no button.
+    static MouseEventInterface::MouseButton_e mouseButton(const QMouseEvent& event);
+    /// The event's modifiers as a generic modifier mask.
+    static int genericModifiersForEvent(const QInputEvent& event);
+
+    /// Connects this monitor with the 3D mouse of this name, for as long as the program runs.
+    void startThreedMouse(const std::string& deviceName, const QWidget& widget);
+
+private:
+    friend struct EventFilterProbe;
+
+    EventFilter m_eventFilter;
+    EventNotifier m_eventNotifier;
+};
+
+} // namespace velmora::sdk::integration::intern

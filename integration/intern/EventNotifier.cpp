@@ -1,0 +1,104 @@
+// ApplicationEventMonitor::EventNotifier: the toolkit's events in the engine's records.
+
+#include "integration/glarea/MouseEvent.h"
+#include "integration/intern/ApplicationEventMonitor.h"
+#include "integrationmanager/KeyEvent.h"
+#include "integrationmanager/MouseWheelEvent.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QShortcutEvent>
+#include <QWheelEvent>
+
+namespace velmora::sdk::integration::intern {
+
+namespace {
+
+MouseEvent recordOf(const QMouseEvent& event, MouseEventObservableInterface& source)
+{
+    return MouseEvent(&source, ApplicationEventMonitor::mouseButton(event), event.pos().x(), event.pos().y(),
+                      ApplicationEventMonitor::genericModifiersForEvent(event));
+}
+
+KeyEvent recordOf(const QKeyEvent& event, KeyEventObservableInterface& source)
+{
+    return KeyEvent(&source, event.key(), ApplicationEventMonitor::genericModifiersForEvent(event));
+}
+
+MouseWheelEvent recordOf(const QWheelEvent& event)
+{
+    const Qt::MouseButtons held = event.buttons();
+    return MouseWheelEvent(event.pos().x(), event.pos().y(), event.delta(), (held & Qt::LeftButton) != 0,
+                           (held & Qt::MidButton) != 0, (held & Qt::RightButton) != 0,
+                           event.orientation() == Qt::Vertical ? MouseWheelEventInterface::Orientation_Vertical
+                                                               : MouseWheelEventInterface::Orientation_Horizontal,
+                           ApplicationEventMonitor::genericModifiersForEvent(event));
+}
+
+} // namespace
+
+using Notifier = ApplicationEventMonitor::EventNotifier;
+
+void Notifier::handleTimerEventCausingWidgetChange(const QTimerEvent&)
+{
+    m_monitor.emitWidgetChangeDuetoTimerEvent();
+}
+
+// Through the signal alone: the engine itself takes no wheel.
+void Notifier::handleMouseWheelEvent(const QWheelEvent& event)
+{
+    MouseWheelEvent record = recordOf(event);
+    m_monitor.emitWheelRotated(record);
+}
+
+void Notifier::handleMouseMoveEvent(const QMouseEvent& event)
+{
+    MouseEvent record = recordOf(event, m_monitor);
+    m_monitor.notifyOfMouseMoved(record);
+}
+
+void Notifier::handleMouseButtonPress(const QMouseEvent& event)
+{
+    MouseEvent record = recordOf(event, m_monitor);
+    m_monitor.notifyOfButtonPressed(record);
+}
+
+void Notifier::handleMouseButtonRelease(const QMouseEvent& event)
+{
+    MouseEvent record = recordOf(event, m_monitor);
+    m_monitor.notifyOfButtonReleased(record);
+}
+
+void Notifier::handleMouseButtonDblClick(const QMouseEvent& event)
+{
+    MouseEvent record = recordOf(event, m_monitor);
+    m_monitor.notifyOfButtonDoublePressed(record);
+}
+
+void Notifier::handleKeyPress(const QKeyEvent& event)
+{
+    KeyEvent record = recordOf(event, m_monitor);
+    m_monitor.notifyOfKeyPressed(record);
+}
+
+void Notifier::handleKeyRelease(const QKeyEvent& event)
+{
+    KeyEvent record = recordOf(event, m_monitor);
+    m_monitor.notifyOfKeyReleased(record);
+}
+
+// The first key of the sequence as the toolkit packs it, modifier bits included.
+void Notifier::handleShortcut(const QShortcutEvent& event)
+{
+    KeyEvent record(&m_monitor, static_cast<int>(event.key()[0]), EventInterface::Modifier_None);
+    m_monitor.notifyOfKeyPressed(record);
+}
+
+// Closing a window reaches the engine as Escape, so that it ends what it is at.
+void Notifier::handleCloseEvent(const QCloseEvent&)
+{
+    KeyEvent record(&m_monitor, Qt::Key_Escape, EventInterface::Modifier_None);
+    m_monitor.notifyOfKeyPressed(record);
+}
+
+} // namespace velmora::sdk::integration::intern

@@ -1,0 +1,69 @@
+// ApplicationEventMonitor::EventFilter: finding out that the application has nothing left to do.
+
+#include "integration/intern/ApplicationEventMonitor.h"
+#include "integration/intern/Mouse3DInput.h"
+
+#include <QCoreApplication>
+#include <QTimerEvent>
+
+namespace velmora::sdk::integration::intern {
+
+using Filter = ApplicationEventMonitor::EventFilter;
+
+void Filter::broadcastIfOnIdle(const QEvent& event)
+{
+    if (m_monitor.isBusy()) {
+        if (m_idleTimerActive) {
+            m_idleTimerKilledWhileBusy = true;
+            killIdleDetectionTimer();
+        }
+        return;
+    }
+    if (!m_idleTimerActive) {
+        startIdleDetectionTimer();
+        return;
+    }
+    // The toolkit fires a timer of 0 ms only when its queue is empty: that is idle.
+    if (event.type() == QEvent::Timer && static_cast<const QTimerEvent&>(event).timerId() == m_idleTimerId &&
+        !threedmouse::isProcessingThreedMouseEvents()) {
+        killIdleDetectionTimer();
+        m_monitor.notifyOfIdle(m_monitor);
+    }
+}
+
+void Filter::startIdleDetectionTimer()
+{
+    // An event that came between the end of the work and the engine's callback has started one
+    // already; a second would orphan it, and it would fire for ever.
+    if (m_idleTimerActive)
+        return;
+    m_idleTimerActive = true;
+    m_idleTimerId = startTimer(0);
+}
+
+void Filter::killIdleDetectionTimer()
+{
+    killTimer(m_idleTimerId);
+    m_idleTimerId = -1;
+    m_idleTimerActive = false;
+}
+
+void Filter::restartIdleDetectionTimerIfItWasKilledWhileBusy()
+{
+    if (!m_idleTimerKilledWhileBusy)
+        return;
+    m_idleTimerKilledWhileBusy = false;
+    startIdleDetectionTimer();
+}
+
+void Filter::engineNotBusyCallback(long clientData)
+{
+    EventFilter& filter = *reinterpret_cast<EventFilter*>(clientData);
+    filter.restartIdleDetectionTimerIfItWasKilledWhileBusy();
+    // What waits is sent before the next event, and without a timer that could be long in coming.
+    if (filter.m_hasInterruptedEvent)
+        QCoreApplication::postEvent(&filter, new QEvent(QEvent::User)); // the queue owns it
+    filter.m_monitor.emitEngineIsNoLongerBusy();
+}
+
+} // namespace velmora::sdk::integration::intern

@@ -1,0 +1,121 @@
+// ApplicationEventMonitor::EventFilter: keeping the event that interrupted the engine, and sending it
+// again once the engine's work is off the call stack. docs/interrupting-event.md has the picture.
+
+#include "integration/intern/EventCloner.h"
+#include "integration/intern/EventReceiverDestroyedListener.h"
+
+#include <QApplication>
+#include <QMainWindow>
+#include <boost/bind/bind.hpp>
+
+namespace velmora::sdk::integration::intern {
+
+using Filter = ApplicationEventMonitor::EventFilter;
+
+/// Parks a live event while the copy before it is being sent. The copy's handler may run a loop in
+/// which another event is parked: that one gives the place back to the one outside it, which is then
+/// still delivered exactly once, and the place is empty again even when the handler throws.
+class Filter::ParkedEvent {
+public:
+    ParkedEvent(EventFilter& filter, QObject* receiver, QEvent* event)
+        : m_filter(filter), m_outerEvent(filter.m_currentEvent), m_outerReceiver(filter.m_currentReceiver)
+    {
+        m_filter.m_currentEvent = event;
+        m_filter.m_currentReceiver = receiver;
+    }
+    ParkedEvent(const ParkedEvent&) = delete;
+    ParkedEvent& operator=(const ParkedEvent&) = delete;
+    ~ParkedEvent()
+    {
+        m_filter.m_currentEvent = m_outerEvent;
+        m_filter.m_currentReceiver = m_outerReceiver;
+    }
+
+    bool wasDelivered() const { return m_filter.m_currentEvent == nullptr; }
+    bool receiverIsGone() const { return m_filter.m_currentReceiver.isNull(); }
+
+private:
+    EventFilter& m_filter;
+    QEvent* const m_outerEvent;
+    const QPointer<QObject> m_outerReceiver;
+};
+
+// True: the live event must not go on. It has been delivered already while the copy was being
+// handled, or its receiver was destroyed by the copy and nobody is left to deliver it to.
+bool Filter::interruptedEventWasSentFirst(QObject* receiver, QEvent* event)
+{
+    const ParkedEvent parked(*this, receiver, event);
+    sendInterruptedEvent();
+    if (!parked.receiverIsGone())
+        return parked.wasDelivered();
+    // Accepted, or the toolkit would go on to the parent of what is no more.
+    event->accept();
+    return true;
+}
+
+void Filter::deliverParkedEvent()
+{
+    if (!m_currentEvent)
+        return;
+    // Taken out first: its handler may start engine work, which comes here again.
+    QEvent* const event = m_currentEvent;
+    m_currentEvent = nullptr;
+    if (m_currentReceiver)
+        QCoreApplication::sendEvent(m_currentReceiver, event);
+}
+
+void Filter::saveInterruptedEventForDispatchingWhenUnwound(QObject* receiver, QEvent* event)
+{
+    EventCloner cloner;
+    eventAnalyzer(*event, *receiver, cloner);
+    // Deliberately also without a copy: when the first event cannot be copied, nothing is sent again
+    // after this interruption.
+    m_hasInterruptedEvent = true;
+    m_interruptedEventReceiver = receiver;
+    m_interruptedEvent.reset(cloner.clonedEvent());
+    m_receiverListener = std::make_unique<EventReceiverDestroyedListener>(
+        *receiver, boost::bind(&EventFilter::interruptedEventReceiverDestroyed, this));
+    m_interruptingEventOriginal = event;
+}
+
+void Filter::sendInterruptedEvent()
+{
+    std::unique_ptr<QEvent> clone = std::move(m_interruptedEvent);
+    m_hasInterruptedEvent = false;
+    m_dispatchingEvent = clone.get();
+    m_abandonedClone.reset();
+    // Before the delivery, during which the receiver may go and the next event may be kept.
+    m_receiverListener.reset();
+    try {
+        if (clone)
+            deliver(*clone, m_interruptedEventReceiver);
+    } catch (...) {
+        // The event counts as being sent until the next one is. It must live as long, or another
+        // event at its address would be taken for it.
+        m_dispatchingEvent = clone.get();
+        m_abandonedClone = std::move(clone);
+        throw;
+    }
+    m_dispatchingEvent = nullptr;
+}
+
+// A main window that the person closed during the work takes the application with it, as it would
+// have done at once.
+void Filter::deliver(QEvent& clone, QObject* receiver)
+{
+    // The receiver may be destroyed by what it does with the event.
+    const QPointer<QObject> guarded(receiver);
+    QCoreApplication::sendEvent(receiver, &clone);
+    if (clone.type() == QEvent::Close && clone.isAccepted() && qobject_cast<QMainWindow*>(guarded.data())) {
+        QApplication::setQuitOnLastWindowClosed(false);
+        QCoreApplication::exit(0);
+    }
+}
+
+void Filter::interruptedEventReceiverDestroyed()
+{
+    m_hasInterruptedEvent = false;
+    m_interruptedEvent.reset();
+}
+
+} // namespace velmora::sdk::integration::intern

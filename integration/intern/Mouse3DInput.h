@@ -1,0 +1,32 @@
+#pragma once
+
+#include "integration/Export.h"
+#include "interfaces/MouseEventObservableInterface.h"
+
+#include <functional>
+#include <string>
+
+class QWidget;
+
+/// The seam between the driver of a 3D mouse (a six-axis controller) and whoever listens to it.
+///
+/// This build opens no device: it keeps the callbacks and never calls them. A driver would call them
+/// on the GUI thread, motion repeatedly, the end of motion once when the device comes to rest, and
+/// would answer true to `isProcessingThreedMouseEvents` in between.
+namespace velmora::sdk::threedmouse {
+
+using MotionCallback = std::function<void(const integration::MouseEventObservableInterface::MotionData&)>;
+using EndOfMotionCallback = std::function<void()>;
+using ButtonActionCallback = std::function<void(const integration::MouseEventObservableInterface::ButtonActions&)>;
+
+/// Replaces the callbacks of whoever listened before. They are kept until the program ends, so what
+/// they refer to must live as long.
+VELMORA_INTEGRATION_EXPORT void startListeningForEvents(const std::string& deviceName, const QWidget& widget,
+                                                        const MotionCallback& motion,
+                                                        const EndOfMotionCallback& endOfMotion,
+                                                        const ButtonActionCallback& buttonAction);
+
+/// Whether a motion is in progress, which holds idle announcements back. Always false here.
+VELMORA_INTEGRATION_EXPORT bool isProcessingThreedMouseEvents();
+
+} // namespace velmora::sdk::threedmouse

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "integration/Export.h"
+
+class QPrinter;
+
+namespace velmora::sdk::integration {
+
+// Paper size and orientation between a printer and the engine's page settings. "Kernel" is the
+// engine. GUI thread only, after the engine has been started. Exceptions of the toolbox pass
+// through; a setting that the engine refuses is left as it is, without a message.
+
+/// Gives the printer the engine's paper orientation and paper size, and the whole sheet to print
+/// on: the engine keeps hard-clip margins of its own.
+///
+/// The size becomes the toolkit's paper whose sides differ from the engine's by at most 1 mm; a
+/// paper that the toolkit has no name for becomes a custom one in whole millimetres. When the
+/// engine's current paper cannot be read, its first one ("Letter") is taken.
+VELMORA_INTEGRATION_EXPORT void UpdatePrinterFromKernel(QPrinter& printer);
+
+/// Gives the engine the printer's orientation and paper size and, when that changed anything, fits
+/// the frames to the paper and the view to the whole paper. A printer's paper that is none of the
+/// engine's becomes its "Custom2".
+VELMORA_INTEGRATION_EXPORT void UpdateKernelFromPrinter(QPrinter& printer);
+
+} // namespace velmora::sdk::integration

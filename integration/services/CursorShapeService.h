@@ -1,0 +1,22 @@
+#pragma once
+
+#include "integration/Export.h"
+#include "integrationmanager/CursorShapeServiceAbstract.h"
+
+namespace velmora::sdk::integration::services {
+
+/// Sets the mouse cursor that the engine asks for. Holds nothing of its own. GUI thread only.
+class VELMORA_INTEGRATION_EXPORT CursorShapeService : public CursorShapeServiceAbstract {
+public:
+    CursorShapeService();
+    ~CursorShapeService() override;
+
+    /// Pushes the wait cursor on the toolkit's stack of override cursors, or pops the topmost. The
+    /// calls are not counted: whoever pushes twice pops twice.
+    void activateWaitCursor(bool on) override;
+    /// Sets the cursor over the page's drawing area; the arrow for a style without a cursor of its
+    /// own. Does nothing when the page is not shown in a GLDrawArea.
+    void setBaseCursorStyle(PageInterface* page, CursorStyle_e style) override;
+};
+
+} // namespace velmora::sdk::integration::services

@@ -1,0 +1,126 @@
+#include "integration/services/ManagerMiscService.h"
+
+#include "engine/VelEng.h"
+
+#include <QApplication>
+#include <QDesktopWidget>
+#include <QGLWidget>
+#include <array>
+#include <memory>
+
+namespace velmora::sdk::integration::services {
+
+namespace {
+
+const int NoControlCharacter = 31;
+const double CentimetresPerInch = 2.54;
+
+// By the distance from Qt::Key_Escape, the first of the keys that print nothing. Tab is without a
+// character of its own on purpose: the engine moves no focus.
+const std::array<int, 22> ControlCharacters = {
+    27,                 // Escape
+    NoControlCharacter, // Tab
+    NoControlCharacter, // Backtab
+    8,                  // Backspace
+    13,                 // Return
+    13,                 // Enter
+    NoControlCharacter, // Insert
+    127,                // Delete
+    NoControlCharacter, // Pause
+    NoControlCharacter, // Print
+    NoControlCharacter, // SysReq
+    NoControlCharacter, // Clear
+    NoControlCharacter, // (no key)
+    NoControlCharacter, // (no key)
+    NoControlCharacter, // (no key)
+    NoControlCharacter, // (no key)
+    NoControlCharacter, // Home
+    NoControlCharacter, // End
+    29,                 // Left
+    11,                 // Up
+    30,                 // Right
+    10                  // Down
+};
+static_assert(Qt::Key_Down - Qt::Key_Escape + 1 == static_cast<int>(ControlCharacters.size()),
+              "The table of control characters has one entry for each key from Escape to Down.");
+
+QDesktopWidget* desktopFor(const char* function)
+{
+    QDesktopWidget* const desktop = QApplication::desktop();
+    if (!desktop)
+        VelEngDoVUAssert("Check", "( (desktop) != __null )", "Invalid Desktop Object", function);
+    return desktop;
+}
+
+} // namespace
+
+ManagerMiscService::ManagerMiscService() = default;
+ManagerMiscService::~ManagerMiscService() = default;
+
+int ManagerMiscService::translateNonPrintableKeyboardCode(int qtKey) const
+{
+    if (qtKey < Qt::Key_Escape || qtKey > Qt::Key_Down)
+        return NoControlCharacter;
+    return ControlCharacters[static_cast<std::size_t>(qtKey - Qt::Key_Escape)];
+}
+
+void ManagerMiscService::getDotPitchPerCm(double* x, double* y) const
+{
+    const QDesktopWidget* const desktop = desktopFor("ManagerMiscService::getDotPitchPerCm");
+    if (!desktop)
+        return;
+    *x = desktop->logicalDpiX() / CentimetresPerInch;
+    *y = desktop->logicalDpiY() / CentimetresPerInch;
+}
+
+void ManagerMiscService::getScreenSizeInPixels(int* width, int* height) const
+{
+    const QDesktopWidget* const desktop = desktopFor("ManagerMiscService::getScreenSizeInPixels");
+    if (!desktop)
+        return;
+    const QRect geometry = desktop->geometry();
+    if (width)
+        *width = geometry.width();
+    if (height)
+        *height = geometry.height();
+}
+
+int ManagerMiscService::keyboardModifiers() const
+{
+    const Qt::KeyboardModifiers held = QApplication::keyboardModifiers();
+    return (held & Qt::ShiftModifier ? EventInterface::Modifier_Shift : 0) |
+           (held & Qt::ControlModifier ? EventInterface::Modifier_Control : 0) |
+           (held & Qt::AltModifier ? EventInterface::Modifier_Alt : 0);
+}
+
+bool ManagerMiscService::mouseButtonState(MouseEventInterface::MouseButton_e button) const
+{
+    const Qt::MouseButtons held = QApplication::mouseButtons();
+    switch (button) {
+    case MouseEventInterface::MouseButton_Left:
+        return held & Qt::LeftButton;
+    case MouseEventInterface::MouseButton_Middle:
+        return held & Qt::MiddleButton;
+    case MouseEventInterface::MouseButton_Right:
+        return held & Qt::RightButton;
+    case MouseEventInterface::MouseButton_None:
+        break;
+    }
+    return false;
+}
+
+std::string ManagerMiscService::openGLVersionString() const
+{
+    const std::unique_ptr<QGLWidget> widget(new QGLWidget(nullptr, nullptr, Qt::WindowFlags()));
+    widget->makeCurrent();
+    std::string version(reinterpret_cast<const char*>(glGetString(GL_VERSION)));
+    widget->doneCurrent();
+    return version;
+}
+
+ManagerMiscService::operator long() const
+{
+    return reinterpret_cast<long>(static_cast<const ManagerMiscServiceInterface*>(this));
+}
+
+} // namespace velmora::sdk::integration::services

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "integration/Export.h"
+#include "integrationmanager/ManagerMiscServiceAbstract.h"
+
+namespace velmora::sdk::integration::services {
+
+/// Answers the engine's small questions about the screen, the keyboard, the mouse and OpenGL from
+/// the state of the application object. Holds nothing of its own. GUI thread only.
+class VELMORA_INTEGRATION_EXPORT ManagerMiscService : public ManagerMiscServiceAbstract {
+public:
+    ManagerMiscService();
+    ~ManagerMiscService() override;
+
+    /// Maps a Qt::Key value to the engine's control character; 31 for every key that has none,
+    /// Tab, Insert, Home and End among them.
+    int translateNonPrintableKeyboardCode(int qtKey) const override;
+    /// Logical dots per centimetre of the desktop. Neither pointer may be null. Without a desktop
+    /// the engine's assertion is raised and nothing is written.
+    void getDotPitchPerCm(double* x, double* y) const override;
+    /// Pixels of the whole desktop, all screens together; a null pointer is skipped. Without a
+    /// desktop the engine's assertion is raised and nothing is written.
+    void getScreenSizeInPixels(int* width, int* height) const override;
+    /// EventInterface::ModifierMask_e bits of the keys held now, other modifiers left out.
+    int keyboardModifiers() const override;
+    /// Whether the button is held now; false for MouseButton_None.
+    bool mouseButtonState(MouseEventInterface::MouseButton_e button) const override;
+    /// What OpenGL calls its version in a context of the toolkit's default format. Leaves no
+    /// context current. Throws std::logic_error when OpenGL does not tell.
+    std::string openGLVersionString() const override;
+    /// The address of the service's interface.
+    operator long() const override;
+};
+
+} // namespace velmora::sdk::integration::services

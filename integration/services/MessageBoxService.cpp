@@ -1,0 +1,228 @@
+#include "integration/services/MessageBoxService.h"
+
+#include "ui_qt/OverrideCursor.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QMainWindow>
+#include <QMessageBox>
+#include <QPointer>
+#include <algorithm>
+#include <array>
+#include <vector>
+
+namespace velmora::sdk::integration::services {
+
+namespace {
+
+const QEvent::Type WakeUp = static_cast<QEvent::Type>(2812);
+
+// Discards the mouse presses that reach a widget between its creation and the moment the event
+// loop has worked off what was waiting.
+class MousePressSwallower : public QObject {
+public:
+    explicit MousePressSwallower(QWidget* target);
+    ~MousePressSwallower() override;
+
+    const QWidget* marker() const { return &m_marker; }
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void removeFilters();
+
+    QPointer<QWidget> m_target;
+    QWidget m_marker; // never shown: it only receives the wake-up
+};
+
+MousePressSwallower::MousePressSwallower(QWidget* target) : m_target(target)
+{
+    m_target->installEventFilter(this);
+    m_marker.installEventFilter(this);
+    // Posted, so that it comes after the events that are queued already.
+    QCoreApplication::postEvent(&m_marker, new QEvent(WakeUp));
+}
+
+MousePressSwallower::~MousePressSwallower()
+{
+    removeFilters();
+}
+
+void MousePressSwallower::removeFilters()
+{
+    if (m_target)
+        m_target->removeEventFilter(this);
+    m_marker.removeEventFilter(this);
+}
+
+bool MousePressSwallower::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == &m_marker && event->type() == WakeUp) {
+        removeFilters();
+        return false;
+    }
+    return watched == m_target && event->type() == QEvent::MouseButtonPress;
+}
+
+} // namespace
+
+// Holds the current swallower of one service, if there is one. A swallower has a widget, and no
+// widget may outlive the application object, while a service may: all slots are emptied when the
+// application object begins to go.
+class Q_DECL_HIDDEN MessageBoxService::SwallowerSlot {
+public:
+    SwallowerSlot();
+    ~SwallowerSlot();
+    SwallowerSlot(const SwallowerSlot&) = delete;
+    SwallowerSlot& operator=(const SwallowerSlot&) = delete;
+
+    void put(std::unique_ptr<MousePressSwallower> swallower);
+    static bool isMarker(const QWidget* widget);
+
+private:
+    static std::vector<SwallowerSlot*>& all();
+    static void emptyAll();
+
+    std::unique_ptr<MousePressSwallower> m_swallower;
+};
+
+std::vector<MessageBoxService::SwallowerSlot*>& MessageBoxService::SwallowerSlot::all()
+{
+    // Made by the first service, so that it outlives every service that is destroyed at exit.
+    static std::vector<SwallowerSlot*> list;
+    return list;
+}
+
+MessageBoxService::SwallowerSlot::SwallowerSlot()
+{
+    all().push_back(this);
+}
+
+MessageBoxService::SwallowerSlot::~SwallowerSlot()
+{
+    std::vector<SwallowerSlot*>& others = all();
+    others.erase(std::remove(others.begin(), others.end(), this), others.end());
+    if (others.empty())
+        qRemovePostRoutine(&SwallowerSlot::emptyAll);
+}
+
+void MessageBoxService::SwallowerSlot::put(std::unique_ptr<MousePressSwallower> swallower)
+{
+    // An application object runs a routine once and forgets it, so each put says it again; removed
+    // first, so that it is in the list only once.
+    qRemovePostRoutine(&SwallowerSlot::emptyAll);
+    qAddPostRoutine(&SwallowerSlot::emptyAll);
+    m_swallower = std::move(swallower);
+}
+
+void MessageBoxService::SwallowerSlot::emptyAll()
+{
+    for (SwallowerSlot* const slot : all())
+        slot->m_swallower.reset();
+}
+
+bool MessageBoxService::SwallowerSlot::isMarker(const QWidget* widget)
+{
+    return std::any_of(all().begin(), all().end(), [widget](const SwallowerSlot* slot) {
+        return slot->m_swallower && slot->m_swallower->marker() == widget;
+    });
+}
+
+namespace {
+
+typedef QMessageBox::StandardButton (*ShowBox)(QWidget*, const QString&, const QString&, QMessageBox::StandardButtons,
+                                               QMessageBox::StandardButton);
+
+struct BoxRow {
+    const char* title;
+    ShowBox show;
+    int buttons;
+    QMessageBox::StandardButton defaultButton;
+};
+
+const int OkCancel = QMessageBox::Ok | QMessageBox::Cancel;
+const int YesNo = QMessageBox::Yes | QMessageBox::No;
+const int YesNoCancel = YesNo | QMessageBox::Cancel;
+
+// By MessageBoxType_e. The last one deliberately has the title of a piece of information and the
+// icon of a warning.
+const std::array<BoxRow, 7> Boxes = {{
+    {"Error", &QMessageBox::critical, QMessageBox::Ok, QMessageBox::NoButton},
+    {"Warning", &QMessageBox::warning, QMessageBox::Ok, QMessageBox::NoButton},
+    {"Information", &QMessageBox::information, QMessageBox::Ok, QMessageBox::NoButton},
+    {"Question", &QMessageBox::question, OkCancel, QMessageBox::Cancel},
+    {"Question", &QMessageBox::question, YesNo, QMessageBox::Yes},
+    {"Question", &QMessageBox::question, YesNoCancel, QMessageBox::Cancel},
+    {"Information", &QMessageBox::warning, OkCancel, QMessageBox::Cancel},
+}};
+static_assert(MessageBoxType_WarningOkCancel + 1 == 7,
+              "The table of boxes has one row for each MessageBoxType_e value.");
+
+MessageBoxReply_e replyFor(QMessageBox::StandardButton button)
+{
+    switch (button) {
+    case QMessageBox::Yes:
+        return MessageBoxReply_Yes;
+    case QMessageBox::No:
+        return MessageBoxReply_No;
+    case QMessageBox::Cancel:
+        return MessageBoxReply_Cancel;
+    case QMessageBox::Ok:
+        return MessageBoxReply_Ok;
+    default:
+        return MessageBoxReply_Error;
+    }
+}
+
+MessageBoxReply_e showBox(QWidget* parent, const QString& text, MessageBoxType_e type)
+{
+    // As unsigned, so that a negative value counts as one beyond the table.
+    const unsigned index = static_cast<unsigned>(type);
+    if (index >= Boxes.size())
+        return MessageBoxReply_Error;
+    const BoxRow& row = Boxes[index];
+    return replyFor(row.show(parent, QString::fromLatin1(row.title), text,
+                             QMessageBox::StandardButtons(QFlag(row.buttons)), row.defaultButton));
+}
+
+bool isOtherThanArrow(const QCursor* cursor)
+{
+    return cursor && cursor->shape() != Qt::ArrowCursor;
+}
+
+} // namespace
+
+MessageBoxService::MessageBoxService() : m_slot(std::make_unique<SwallowerSlot>()) {}
+
+MessageBoxService::~MessageBoxService() = default;
+
+QWidget* MessageBoxService::chooseParent()
+{
+    QWidget* first = nullptr;
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    for (QWidget* const window : windows) {
+        if (dynamic_cast<QMainWindow*>(window))
+            return window;
+        // A marker is no window of the application, and it would take its child, a box that is
+        // still open, along when the next box is answered.
+        if (!first && !SwallowerSlot::isMarker(window))
+            first = window;
+    }
+    return first;
+}
+
+unsigned MessageBoxService::displayMessageBox(const char* message, MessageBoxType_e type)
+{
+    QWidget* const parent = chooseParent();
+    const QString text = QString::fromUtf8(message);
+    std::unique_ptr<ui::OverrideCursor> arrow;
+    if (isOtherThanArrow(QApplication::overrideCursor()))
+        arrow = std::make_unique<ui::OverrideCursor>(Qt::ArrowCursor);
+
+    const MessageBoxReply_e reply = showBox(parent, text, type);
+
+    if (QWidget* const focused = QApplication::focusWidget())
+        m_slot->put(std::make_unique<MousePressSwallower>(focused));
+    return reply;
+}
+
+} // namespace velmora::sdk::integration::services

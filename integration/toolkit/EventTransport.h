@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QObject>
+
+namespace velmora::sdk::integration::toolkit {
+
+/// Whether an event for this receiver is only on its way: the toolkit's window object passes it on to
+/// the widget that it is for, and the application's event filter sees it there again. Asked for every
+/// event of the application, hence inline.
+///
+/// Qt 4 delivers to widgets at once. Since Qt 5 what comes from the window system reaches the QWindow
+/// behind a top-level widget first.
+inline bool isOnlyTransport(const QObject* receiver)
+{
+#if QT_VERSION >= 0x050000
+    return receiver->isWindowType();
+#else
+    Q_UNUSED(receiver)
+    return false;
+#endif
+}
+
+} // namespace velmora::sdk::integration::toolkit

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "integration/Export.h"
+
+#include <QGLContext>
+
+namespace velmora::sdk::integration::toolkit {
+
+/// A GL context whose X visual is chosen by `chooseVisual()`, on both toolkits.
+///
+/// Qt 4 asks that function itself and takes exactly the visual that it returns. Qt 5 leaves the
+/// visual to its platform plugin: there the function is called while the context is created, and the
+/// sizes of the visual it returns (colours, alpha, depth, stencil, samples, double buffering) become
+/// the ones asked for. What comes out is a visual with at least these sizes, not always the one that
+/// was chosen, and accumulation bits cannot be asked for.
+#if QT_VERSION >= 0x050000
+class VELMORA_INTEGRATION_EXPORT VisualChoosingContext : public QGLContext {
+public:
+    explicit VisualChoosingContext(const QGLFormat& format);
+
+    /// The visual that GLX itself would choose for the context's format, or null without X11.
+    virtual void* chooseVisual();
+
+protected:
+    bool chooseContext(const QGLContext* shareContext) override;
+};
+#else
+class VELMORA_INTEGRATION_EXPORT VisualChoosingContext : public QGLContext {
+public:
+    explicit VisualChoosingContext(const QGLFormat& format);
+
+    void* chooseVisual() override;
+};
+#endif
+
+} // namespace velmora::sdk::integration::toolkit

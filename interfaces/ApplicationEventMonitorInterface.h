@@ -1,0 +1,83 @@
+#pragma once
+
+#include "interfaces/MouseEventInterface.h"
+#include "interfaces/Signal.h"
+
+namespace velmora::sdk::integration {
+
+/// Watches every event of the application for the engine. GUI thread only.
+class VELMORA_INTERFACE ApplicationEventMonitorInterface {
+public:
+    /// What is known of the receiver of an event that came from the window system.
+    struct EventReceiverInfo {
+        bool receiverIsVisibleWidget = false; ///< the receiver is a widget, and that widget is visible
+    };
+
+private:
+    Signal<void(MouseEventInterface::MouseButton_e, bool)> m_mouseButtonStateChanged;
+    Signal<void()> m_widgetChangeDuetoTimerEvent;
+    Signal<void(const EventReceiverInfo&)> m_processingNewEvent;
+    Signal<void()> m_engineIsNoLongerBusy;
+
+public:
+    virtual bool isBusy() const = 0;
+    /// Asks the busy engine to stop at the end of its current slice of work; nothing when it is not
+    /// busy. Returns at once. Until the engine has unwound, events are held back.
+    virtual void interrupt() = 0;
+    /// True exactly while the engine has been asked to stop.
+    virtual bool shouldInterrupt() = 0;
+    /// Whether an Escape key would interrupt now: the engine is busy and no stop button is in force.
+    virtual bool isEngineInterruptible() const = 0;
+
+    // Called when a slot has been connected to the signal of that name.
+    virtual void signalMouseButtonStateChangedConnected() const {}
+    virtual void signalWidgetChangeDuetoTimerEventConnected() const {}
+    virtual void signalProcessingNewEventConnected() const {}
+    virtual void signalEngineIsNoLongerBusyConnected() const {}
+
+    virtual ~ApplicationEventMonitorInterface() = default;
+
+    /// Slot `void(MouseEventInterface::MouseButton_e button, bool pressed)`.
+    template <typename Slot>
+    Connection connectMouseButtonStateChanged(const Slot& slot)
+    {
+        return connectTo(m_mouseButtonStateChanged, slot, *this,
+                         &ApplicationEventMonitorInterface::signalMouseButtonStateChangedConnected);
+    }
+    /// Slot `void()`: a value widget is about to change through its auto-repeat timer.
+    template <typename Slot>
+    Connection connectWidgetChangeDuetoTimerEvent(const Slot& slot)
+    {
+        return connectTo(m_widgetChangeDuetoTimerEvent, slot, *this,
+                         &ApplicationEventMonitorInterface::signalWidgetChangeDuetoTimerEventConnected);
+    }
+    /// Slot `void(const EventReceiverInfo&)`: an event came from the window system.
+    template <typename Slot>
+    Connection connectProcessingNewEvent(const Slot& slot)
+    {
+        return connectTo(m_processingNewEvent, slot, *this,
+                         &ApplicationEventMonitorInterface::signalProcessingNewEventConnected);
+    }
+    /// Slot `void()`: the engine stopped being busy.
+    template <typename Slot>
+    Connection connectEngineIsNoLongerBusy(const Slot& slot)
+    {
+        return connectTo(m_engineIsNoLongerBusy, slot, *this,
+                         &ApplicationEventMonitorInterface::signalEngineIsNoLongerBusyConnected);
+    }
+
+protected:
+    ApplicationEventMonitorInterface() = default;
+    ApplicationEventMonitorInterface(const ApplicationEventMonitorInterface&) = delete;
+    ApplicationEventMonitorInterface& operator=(const ApplicationEventMonitorInterface&) = delete;
+
+    void emitMouseButtonStateChanged(MouseEventInterface::MouseButton_e button, bool pressed)
+    {
+        emitTo(m_mouseButtonStateChanged, button, pressed);
+    }
+    void emitWidgetChangeDuetoTimerEvent() { emitTo(m_widgetChangeDuetoTimerEvent); }
+    void emitProcessingNewEvent(const EventReceiverInfo& info) { emitTo(m_processingNewEvent, info); }
+    void emitEngineIsNoLongerBusy() { emitTo(m_engineIsNoLongerBusy); }
+};
+
+} // namespace velmora::sdk::integration

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "interfaces/KeyEventObservableInterface.h"
+#include "interfaces/MouseEventObservableInterface.h"
+
+namespace velmora::sdk::integration {
+
+class GLContextInterface;
+class GLDrawAreaListenerInterface;
+class PageManagerInterface;
+
+/// The surface on the screen that the engine paints into. It is also the source of the key and
+/// mouse events that happen over it. GUI thread only.
+class VELMORA_INTERFACE GLDrawAreaInterface : public virtual MouseEventObservableInterface,
+                                              public virtual KeyEventObservableInterface {
+    Signal<void(bool)> m_drawAreaExposed;
+    Signal<void()> m_drawAreaDestroyed;
+    Signal<void()> m_drawAreaFocusGained;
+
+public:
+    /// Whether the area is shown, as the windowing toolkit sees it.
+    virtual bool isVisible() const = 0;
+    /// Width and height in pixels; neither pointer may be null.
+    virtual void getSize(int* width, int* height) const = 0;
+    virtual GLContextInterface& getGLContext() = 0;
+    /// False once the area is on its way out, or when its OpenGL context is not valid.
+    virtual bool isValidWidget() const = 0;
+    /// Adding a listener twice has no further effect; null is ignored. Listeners are borrowed.
+    virtual void addStateListener(GLDrawAreaListenerInterface* listener) = 0;
+    virtual void removeStateListener(GLDrawAreaListenerInterface* listener) = 0;
+    virtual void signalDrawAreaExposedConnected() const = 0;
+    virtual void signalDrawAreaDestroyedConnected() const = 0;
+    virtual void signalDrawAreaFocusGainedConnected() const = 0;
+    /// Hands the area to the engine: from now on a page of this manager is painted into it.
+    virtual void setPageManager(PageManagerInterface& manager) = 0;
+
+    /// Slot `void(bool sizeChanged)`, after every paint event.
+    template <typename Slot>
+    Connection connectDrawAreaExposed(const Slot& slot)
+    {
+        return connectTo(m_drawAreaExposed, slot, *this, &GLDrawAreaInterface::signalDrawAreaExposedConnected);
+    }
+    /// Slot `void()`, once, when the area goes away.
+    template <typename Slot>
+    Connection connectDrawAreaDestroyed(const Slot& slot)
+    {
+        return connectTo(m_drawAreaDestroyed, slot, *this, &GLDrawAreaInterface::signalDrawAreaDestroyedConnected);
+    }
+    /// Slot `void()`, on every focus-in event.
+    template <typename Slot>
+    Connection connectDrawAreaFocusGained(const Slot& slot)
+    {
+        return connectTo(m_drawAreaFocusGained, slot, *this, &GLDrawAreaInterface::signalDrawAreaFocusGainedConnected);
+    }
+
+protected:
+    void emitDrawAreaExposed(bool sizeChanged) { emitTo(m_drawAreaExposed, sizeChanged); }
+    void emitDrawAreaDestroyed() { emitTo(m_drawAreaDestroyed); }
+    void emitDrawAreaFocusGained() { emitTo(m_drawAreaFocusGained); }
+};
+
+} // namespace velmora::sdk::integration

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "interfaces/EventInterface.h"
+
+namespace velmora::sdk::integration {
+
+/// A key press or release. `key()` is the windowing toolkit's key code; the misc service turns the
+/// codes of non-printable keys into the engine's control characters.
+class VELMORA_INTERFACE KeyEventInterface : public virtual EventInterface {
+public:
+    virtual int key() const = 0;
+};
+
+} // namespace velmora::sdk::integration

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "interfaces/Visibility.h"
+
+namespace velmora::sdk::integration {
+
+class KeyEventListenerInterface;
+
+/// A source of key events. Listeners are borrowed: whoever adds one removes it before it dies.
+class VELMORA_INTERFACE KeyEventObservableInterface {
+public:
+    /// Adding a listener twice has no further effect; null is ignored.
+    virtual void addKeyboardListener(KeyEventListenerInterface* listener) = 0;
+    virtual void removeKeyboardListener(KeyEventListenerInterface* listener) = 0;
+    virtual ~KeyEventObservableInterface() = default;
+};
+
+} // namespace velmora::sdk::integration

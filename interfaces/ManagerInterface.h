@@ -1,0 +1,82 @@
+#pragma once
+
+#include "interfaces/ManagerEnumerations.h"
+#include "interfaces/Signal.h"
+#include "interfaces/Visibility.h"
+
+#include <string>
+
+namespace velmora::sdk::integration {
+
+class DialogManagerInterface;
+class EventManagerInterface;
+class PageManagerInterface;
+class ServiceRepositoryInterface;
+
+/// Starts and stops the engine and gives access to its sub-managers. GUI thread only.
+class VELMORA_INTERFACE ManagerInterface {
+    Signal<void()> m_engineStarted;
+    Signal<void()> m_engineShutdownInitiated;
+    Signal<void()> m_engineShutdownFinished;
+
+public:
+    virtual PageManagerInterface& getPageManager() = 0;
+    virtual EventManagerInterface& getEventManager() = 0;
+    virtual DialogManagerInterface& getDialogManager() = 0;
+    virtual ServiceRepositoryInterface& getServiceRepository() = 0;
+    /// A return code in words, for a message to a person.
+    virtual std::string returnCodeString(ManagerStartReturnCode_e code) = 0;
+    /// Prepares the engine. `argv` (argc entries, only read) may hold `-b` for batch mode;
+    /// `homeDirectory` is where the engine looks for its own files, empty for its default, and
+    /// `applicationName` is how it names the host in its messages.
+    virtual ManagerStartReturnCode_e init(int argc, char* const* argv, std::string homeDirectory,
+                                          std::string applicationName) = 0;
+    /// The same, with the treatment of states that older versions wrote.
+    virtual ManagerStartReturnCode_e init(int argc, char* const* argv, std::string homeDirectory,
+                                          StateModernizationLevel_e level, std::string applicationName) = 0;
+    /// Starts the engine, registers the services' callbacks and begins to watch the application's
+    /// events. Needs `init` and an application object.
+    virtual ManagerStartReturnCode_e start() = 0;
+    /// Ends what `start` began, in the reverse order. Without a `start` before it, does nothing.
+    virtual void stop() = 0;
+    virtual bool isInBatchMode() const = 0;
+
+    // Called when a slot has been connected to the signal of that name.
+    virtual void signalEngineStartedConnected() const {}
+    virtual void signalEngineShutdownInitiatedConnected() const {}
+    virtual void signalEngineShutdownFinishedConnected() const {}
+
+    virtual ~ManagerInterface() = default;
+
+    /// Slot `void()`: the engine runs and may be used.
+    template <typename Slot>
+    Connection connectEngineStarted(const Slot& slot)
+    {
+        return connectTo(m_engineStarted, slot, *this, &ManagerInterface::signalEngineStartedConnected);
+    }
+    /// Slot `void()`: the engine is about to stop and may still be used.
+    template <typename Slot>
+    Connection connectEngineShutdownInitiated(const Slot& slot)
+    {
+        return connectTo(m_engineShutdownInitiated, slot, *this,
+                         &ManagerInterface::signalEngineShutdownInitiatedConnected);
+    }
+    /// Slot `void()`: the engine has stopped.
+    template <typename Slot>
+    Connection connectEngineShutdownFinished(const Slot& slot)
+    {
+        return connectTo(m_engineShutdownFinished, slot, *this,
+                         &ManagerInterface::signalEngineShutdownFinishedConnected);
+    }
+
+protected:
+    ManagerInterface() = default;
+    ManagerInterface(const ManagerInterface&) = delete;
+    ManagerInterface& operator=(const ManagerInterface&) = delete;
+
+    void emitEngineStarted() { emitTo(m_engineStarted); }
+    void emitEngineShutdownInitiated() { emitTo(m_engineShutdownInitiated); }
+    void emitEngineShutdownFinished() { emitTo(m_engineShutdownFinished); }
+};
+
+} // namespace velmora::sdk::integration

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "interfaces/EventInterface.h"
+
+namespace velmora::sdk::integration {
+
+/// A mouse event as the engine and its listeners see it. An event lives only while listeners are
+/// notified; a listener that wants to keep one keeps a `clone()`.
+class VELMORA_INTERFACE MouseEventInterface : public virtual EventInterface {
+public:
+    enum MouseButton_e : int {
+        MouseButton_None = 0, ///< no button, or one that is not told apart (the extra buttons)
+        MouseButton_Left = 1,
+        MouseButton_Middle = 2,
+        MouseButton_Right = 3
+    };
+
+    /// The button that caused the event; a move carries MouseButton_None.
+    virtual MouseButton_e button() const = 0;
+    /// Horizontal position in pixels of the widget that produced the event, 0 at its left edge.
+    virtual int x() const = 0;
+    /// Vertical position in pixels of the widget that produced the event, 0 at its top edge.
+    virtual int y() const = 0;
+    /// A copy on the heap; the caller owns it.
+    virtual MouseEventInterface* clone() const = 0;
+};
+
+} // namespace velmora::sdk::integration

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "interfaces/Visibility.h"
+
+namespace velmora::sdk::integration {
+
+class MouseEventInterface;
+class MouseEventObservableInterface;
+
+/// Hears of mouse events of one observable. Called on the GUI thread; the event is valid only
+/// during the call. A listener may remove itself or others, but must not destroy the observable.
+class VELMORA_INTERFACE MouseEventListenerInterface {
+public:
+    virtual void mouseMoved(MouseEventInterface& event, MouseEventObservableInterface& source) = 0;
+    virtual void buttonPressed(MouseEventInterface& event, MouseEventObservableInterface& source) = 0;
+    virtual void buttonReleased(MouseEventInterface& event, MouseEventObservableInterface& source) = 0;
+    virtual void buttonDoublePressed(MouseEventInterface& event, MouseEventObservableInterface& source) = 0;
+    virtual ~MouseEventListenerInterface() = default;
+};
+
+} // namespace velmora::sdk::integration

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "interfaces/EventInterface.h"
+
+namespace velmora::sdk::integration {
+
+/// One turn of the mouse wheel.
+class VELMORA_INTERFACE MouseWheelEventInterface : public virtual EventInterface {
+public:
+    enum Orientation { Orientation_Horizontal = 0, Orientation_Vertical = 1 };
+
+    /// Position in pixels of the widget under the pointer.
+    virtual int x() const = 0;
+    virtual int y() const = 0;
+    /// Rotation in eighths of a degree, positive away from the person.
+    virtual int delta() const = 0;
+    virtual bool isLeftButtonDown() const = 0;
+    virtual bool isMiddleButtonDown() const = 0;
+    virtual bool isRightButtonDown() const = 0;
+    virtual Orientation orientation() const = 0;
+};
+
+} // namespace velmora::sdk::integration

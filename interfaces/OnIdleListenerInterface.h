@@ -1,0 +1,17 @@
+#pragma once
+
+#include "interfaces/Visibility.h"
+
+namespace velmora::sdk::integration {
+
+class OnIdleObservableInterface;
+
+/// Hears once per stretch of activity that the application has nothing left to do. Called on the
+/// GUI thread from inside event processing; a listener may start engine work.
+class VELMORA_INTERFACE OnIdleListenerInterface {
+public:
+    virtual void onIdle(OnIdleObservableInterface& source) = 0;
+    virtual ~OnIdleListenerInterface() = default;
+};
+
+} // namespace velmora::sdk::integration

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "interfaces/Visibility.h"
+
+namespace velmora::sdk::integration {
+
+class OnIdleListenerInterface;
+
+/// Announces idle time. Listeners are borrowed: whoever adds one removes it before it dies.
+class VELMORA_INTERFACE OnIdleObservableInterface {
+public:
+    /// Adding a listener twice has no further effect; null is ignored.
+    virtual void addOnIdleListener(OnIdleListenerInterface* listener) = 0;
+    virtual void removeOnIdleListener(OnIdleListenerInterface* listener) = 0;
+    virtual ~OnIdleObservableInterface() = default;
+};
+
+} // namespace velmora::sdk::integration

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "interfaces/Visibility.h"
+
+namespace velmora::sdk::integration {
+
+namespace services {
+class ServiceInterface;
+}
+
+/// The services that the engine calls back. Services are borrowed: whoever adds one keeps it alive
+/// until the engine is stopped.
+class VELMORA_INTERFACE ServiceRepositoryInterface {
+public:
+    /// Adds a service. Its callbacks are registered when the engine starts, or at once when it runs.
+    virtual void addService(services::ServiceInterface& service) = 0;
+    virtual ~ServiceRepositoryInterface() = default;
+};
+
+} // namespace velmora::sdk::integration

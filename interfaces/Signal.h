@@ -1,0 +1,60 @@
+#pragma once
+
+#include <atomic>
+#include <boost/signals2.hpp>
+#include <utility>
+
+namespace velmora::sdk::integration {
+
+/// What a connection to a Signal gives back: `disconnect()` ends it, a
+/// `boost::signals2::scoped_connection` made from it ends it with a scope.
+using Connection = boost::signals2::connection;
+
+/// The signal type of every interface: a boost::signals2 signal with the default combiner and its
+/// own mutex, which also knows whether anybody has ever listened. Most signals never get a slot, and
+/// even asking a boost signal whether it is empty takes its mutex and walks its list: too much for a
+/// mouse move.
+template <typename Signature>
+class Signal {
+public:
+    template <typename Slot>
+    Connection connect(const Slot& slot)
+    {
+        m_hasBeenConnected.store(true, std::memory_order_release);
+        return m_signal.connect(slot);
+    }
+
+    /// Whether there is no slot. Cheap, without a lock, as long as there has never been one.
+    bool empty() const { return !m_hasBeenConnected.load(std::memory_order_acquire) || m_signal.empty(); }
+
+    template <typename... Arguments>
+    void operator()(Arguments&&... arguments)
+    {
+        m_signal(std::forward<Arguments>(arguments)...);
+    }
+
+private:
+    boost::signals2::signal<Signature> m_signal;
+    std::atomic<bool> m_hasBeenConnected{false};
+};
+
+/// Connects a slot and then tells the interface that owns the signal, through its
+/// `signal…Connected()` hook.
+template <typename Signature, typename Slot, typename Interface>
+Connection connectTo(Signal<Signature>& signal, const Slot& slot, const Interface& owner,
+                     void (Interface::*connectedHook)() const)
+{
+    Connection connection = signal.connect(slot);
+    (owner.*connectedHook)();
+    return connection;
+}
+
+/// Emits a signal that may have no slots: calling an empty one would take its mutex and allocate.
+template <typename Signature, typename... Arguments>
+void emitTo(Signal<Signature>& signal, Arguments&&... arguments)
+{
+    if (!signal.empty())
+        signal(std::forward<Arguments>(arguments)...);
+}
+
+} // namespace velmora::sdk::integration

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "interfaces/Visibility.h"
+
+namespace velmora::sdk::integration {
+
+/// A button whose press interrupts the busy engine. Held as `boost::shared_ptr<const …>`, by which
+/// it is also registered and unregistered.
+class VELMORA_INTERFACE StopButtonInterface {
+public:
+    /// Whether the stop button is in force. While one is, it is the only way to interrupt.
+    virtual bool isActive() const = 0;
+    /// Whether `object` is the widget behind this stop button.
+    virtual bool isEqual(const void* object) const = 0;
+    virtual ~StopButtonInterface() = default;
+};
+
+} // namespace velmora::sdk::integration

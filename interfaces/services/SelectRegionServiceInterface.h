@@ -1,0 +1,16 @@
+#pragma once
+
+#include "interfaces/Visibility.h"
+
+namespace velmora::sdk::integration::services {
+
+/// Selects what lies in a rectangle.
+class VELMORA_INTERFACE SelectRegionServiceInterface {
+public:
+    /// Selects every pickable object in the rectangle, in the engine's own frame units; corners in
+    /// any order. Without `addToSelection` the selection before it is given up.
+    virtual void selectItems(double x1, double y1, double x2, double y2, bool addToSelection) = 0;
+    virtual ~SelectRegionServiceInterface() = default;
+};
+
+} // namespace velmora::sdk::integration::services

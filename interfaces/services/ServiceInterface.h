@@ -1,0 +1,17 @@
+#pragma once
+
+#include "interfaces/Visibility.h"
+
+namespace velmora::sdk::integration::services {
+
+/// Root of every service that the engine calls back.
+class VELMORA_INTERFACE ServiceInterface {
+public:
+    virtual ~ServiceInterface() = default;
+    /// Installs the engine callbacks that forward to the service's operations.
+    virtual void registerCallbacks() = 0;
+    /// Makes this object the one that the engine's callbacks reach.
+    virtual void makeCurrent() = 0;
+};
+
+} // namespace velmora::sdk::integration::services

@@ -1,0 +1,124 @@
+#pragma once
+
+// The engine's plain function entry points for everybody: hosts, the binding, the toolbox. All of
+// them belong to the GUI thread and need a started engine unless they say otherwise. Texts are
+// UTF-8. A function that returns int answers 1 for success and 0 for failure; after a failure
+// VelUtilLastErrorMessage() says what was wrong and what helps.
+
+#include "engine/VelExport.h"
+
+/// An argument list of the engine; velmora::toolbox::ArgList owns one.
+struct VelArgList;
+
+extern "C" {
+
+// ---- state
+
+/// 1 while the engine works: it loads, draws or exports. Works without a started engine.
+VELMORA_PLATFORM_EXPORT int VelUtilIsBusy();
+/// Whether the binding should print what it does ("Interface"/"PrintDebug" is on, or the
+/// environment variable VELMORA_PRINT_DEBUG is set to anything but 0).
+VELMORA_PLATFORM_EXPORT bool VelUtilInternalIsPrintDebugOn();
+
+// ---- the last message
+
+/// The last error, or "" when there is none. Valid until the next engine call.
+VELMORA_PLATFORM_EXPORT const char* VelUtilLastErrorMessage();
+VELMORA_PLATFORM_EXPORT void VelUtilLastErrorMessageClear();
+/// Shows the last error, if any, through the message box service; true when there was one to show.
+VELMORA_PLATFORM_EXPORT bool VelUtilDialogLastMessageBox();
+/// 1 when the last load, image export or page rendering ended because it was asked to stop.
+VELMORA_PLATFORM_EXPORT int VelUtilWasInterrupted();
+/// What the last successful load has to tell, one note a line ("column 6 "weather" holds text and
+/// was skipped"), or "".
+VELMORA_PLATFORM_EXPORT const char* VelUtilLastLoadNotes();
+
+// ---- data and pages; they apply to the active page
+
+/// Loads a delimited table or an ESRI ASCII grid into the active page, in a frame of its own that
+/// fills the paper, in place of what the page showed. After a failure the page shows what it
+/// showed before. Refused while another load is under way.
+VELMORA_PLATFORM_EXPORT int VelUtilDataLoad(const char* fileName);
+/// One line on what the active page shows ("144 x 144 grid, 1 gap"), or "".
+VELMORA_PLATFORM_EXPORT const char* VelUtilDataDescription();
+/// The fraction of the current work that is done, 0 to 1; 1 when the engine is not busy.
+VELMORA_PLATFORM_EXPORT double VelUtilWorkProgress();
+/// 1 when the active page shows the whole of its picture, 0 while parts are missing because the
+/// drawing goes on or was interrupted.
+VELMORA_PLATFORM_EXPORT int VelUtilPageIsComplete();
+/// 1 when drawing the active page was interrupted and nothing has asked for it again.
+VELMORA_PLATFORM_EXPORT int VelUtilPageIsInterrupted();
+/// Draws what an interruption left out, at the engine's next turn.
+VELMORA_PLATFORM_EXPORT void VelUtilPageFinish();
+/// Asks for the active page to be drawn anew at the engine's next turn.
+VELMORA_PLATFORM_EXPORT void VelUtilPageRedraw();
+/// Works off whatever is waiting to be drawn now, in slices, before it returns; 0 when it was
+/// interrupted or failed. Not from inside a paint event.
+VELMORA_PLATFORM_EXPORT int VelUtilWorkFinish();
+
+// ---- the view of the active page; distances in pixels of its drawing area, y downwards
+
+/// Turns a surface: degrees about the vertical, degrees of tilt. Nothing for a page of lines.
+VELMORA_PLATFORM_EXPORT void VelUtilViewRotate(double aboutVertical, double tilt);
+/// Moves a surface, or the range of the axes of a plot of lines.
+VELMORA_PLATFORM_EXPORT void VelUtilViewTranslate(double dx, double dy);
+/// Zooms by a factor (above 1: nearer) about the point x, y.
+VELMORA_PLATFORM_EXPORT void VelUtilViewZoom(double factor, double x, double y);
+/// Shows all data and, for a surface, from the direction it was first shown from.
+VELMORA_PLATFORM_EXPORT void VelUtilViewFit();
+
+// ---- frames and paper
+
+/// Scales and moves all frames of the active page together until they fill the paper inside its
+/// hard-clip margins.
+VELMORA_PLATFORM_EXPORT void VelUtilFrameFitAllToPaper();
+/// Zooms the work view so that the whole paper shows.
+VELMORA_PLATFORM_EXPORT void VelUtilWorkViewFitPaper();
+
+// ---- picking
+
+VELMORA_PLATFORM_EXPORT void VelUtilPickDeselectAll();
+/// Selects what lies in the rectangle "X1", "Y1", "X2", "Y2" (paper inches from the lower left
+/// corner of the paper, corners in any order). "SelectZones", "SelectGeoms" and "SelectText" (0 or
+/// 1) say which kinds of object count, "ConsiderStyle" that hidden ones do not.
+VELMORA_PLATFORM_EXPORT int VelUtilPickAddAllInRectX(VelArgList* arguments);
+/// How many objects are selected.
+VELMORA_PLATFORM_EXPORT int VelUtilPickGetCount();
+/// Turns a position in pixels of the active page's drawing area into paper inches from the lower
+/// left corner of the paper.
+VELMORA_PLATFORM_EXPORT void VelUtilPickPositionToPaper(double xPixel, double yPixel, double* xPaper, double* yPaper);
+
+// ---- pictures of the active page
+//
+// They are drawn through the off-screen image service of the binding, in parts when one image cannot
+// hold them, and are not limited in size by what an image can hold. The engine is busy meanwhile,
+// tells the progress and gives the application its turns; each of them can stop it. It then answers
+// 0 with an empty last error, and VelUtilWasInterrupted() says 1. One picture at a time; not from
+// inside a paint event.
+
+struct VelExportImageOptions {
+    int width;       ///< pixels
+    int height;      ///< pixels
+    int supersample; ///< 1 to 8: drawn that many times larger in each direction, and averaged
+    int region;      ///< an ExportRegion_e value
+    int strategy;    ///< an ImageRenderingStrategy_e value
+    /// How many pixels make an inch of text and line width, noted in the file too. 0: text and lines
+    /// belong to the picture, so that a larger one is the same picture enlarged. A current frame of
+    /// 1000 pixels width (and 500 or more of height) then looks like a window of that size.
+    double dotsPerInch;
+};
+
+/// Writes a PNG file. It takes its name when it is complete: after a failure or an interruption, or
+/// when the process ends meanwhile, an older file of that name is as it was. A symbolic link is
+/// followed; a file that replaces another gets its permissions.
+VELMORA_PLATFORM_EXPORT int VelUtilExportImage(const char* fileName, const VelExportImageOptions* options);
+
+/// Renders the paper at a resolution, in memory that does not grow with it, for a printer. `takeRow`
+/// gets the rows from the top, `width` pixels of red, green and blue; `rgb` is valid during the call.
+/// It returns 1 to go on, and 0 to stop, which is an interruption.
+VELMORA_PLATFORM_EXPORT int VelUtilRenderPage(double dotsPerInch, int strategy,
+                                              int (*takeRow)(int row, int width, int height, const unsigned char* rgb,
+                                                             long clientData),
+                                              long clientData);
+
+} // extern "C"

@@ -1,0 +1,8 @@
+#pragma once
+
+namespace velmora::engine {
+
+/// Keeps for VelUtilWasInterrupted() whether the work that is ending was asked to stop.
+void noteInterruption(bool interrupted);
+
+} // namespace velmora::engine

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace velmora::engine {
+
+/// Keeps a text for VelUtilLastErrorMessage(): what is wrong, and what helps.
+void setLastError(const std::string& message) noexcept;
+/// Keeps the text of the exception that is being handled. Call it from a catch clause only.
+void setLastErrorFromException(const std::string& whatFailed) noexcept;
+void clearLastError();
+/// What the last successful load has to tell.
+void setLoadNotes(const std::vector<std::string>& notes);
+
+} // namespace velmora::engine

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "engine/core/Breath.h"
+
+#include <chrono>
+#include <string>
+
+namespace velmora::engine {
+
+/// Work that is done in slices of at most 5 milliseconds. Between two of them it reports how far it
+/// is and gives the application its turn, through the callbacks that the binding registered; without
+/// them it just goes on. Whoever works lives inside a BusyScope.
+class SlicedWork : public Breath {
+public:
+    /// `what` is done, in a few words for a person.
+    explicit SlicedWork(std::string what);
+    virtual ~SlicedWork() = default;
+    SlicedWork(const SlicedWork&) = delete;
+    SlicedWork& operator=(const SlicedWork&) = delete;
+
+    bool goOn(double fraction) final;
+    /// The application asked to stop.
+    bool wasStopped() const { return m_stopped; }
+
+protected:
+    /// At the end of a slice: does what has been asked for and not been done yet, so that it counts
+    /// as part of this slice.
+    virtual void completeSlice() {}
+    /// Around the application's turn: keeps what the work needs as it is, and brings it back; false
+    /// when that is impossible or the work has lost its purpose.
+    virtual void beforeTurn() {}
+    virtual bool afterTurn() { return true; }
+    /// Whether it is time to show how far the work is. Showing is a slice of its own.
+    virtual bool isShowDue() const { return false; }
+    virtual void show() {}
+
+private:
+    using Clock = std::chrono::steady_clock;
+    void delay() const;
+    void endSlice();
+    bool giveTurn();
+
+    std::string m_what;
+    Clock::time_point m_sliceStart;
+    Clock::duration m_budget; ///< after which a slice is ended
+    bool m_stopped = false;
+    bool m_pointless = false;
+};
+
+} // namespace velmora::engine

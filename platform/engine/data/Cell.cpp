@@ -1,0 +1,64 @@
+#include "engine/data/Cell.h"
+
+#include "engine/data/DateText.h"
+#include "engine/data/NumberText.h"
+#include "engine/data/TextCase.h"
+
+#include <algorithm>
+#include <array>
+
+namespace velmora::engine {
+
+namespace {
+
+bool isMissing(std::string_view text)
+{
+    constexpr std::array<std::string_view, 5> spellings = {"", "-", "na", "n/a", "null"};
+    return text.size() <= 4 && std::any_of(spellings.begin(), spellings.end(), [text](std::string_view spelling) {
+               return equalsIgnoringCase(text, spelling);
+           });
+}
+
+/// What was in quotes may have blanks around it.
+std::string_view trimmed(std::string_view text)
+{
+    constexpr std::string_view blanks = " \t\r\n";
+    const std::size_t first = std::min(text.find_first_not_of(blanks), text.size());
+    text.remove_prefix(first);
+    return text.substr(0, text.find_last_not_of(blanks) + 1);
+}
+
+bool parseWithDecimalComma(std::string_view text, double& value)
+{
+    std::array<char, 64> pointed = {};
+    const std::size_t comma = text.find(',');
+    if (comma == std::string_view::npos || text.size() > pointed.size() || text.find('.') != std::string_view::npos) {
+        return false;
+    }
+    text.copy(pointed.data(), text.size());
+    pointed[comma] = '.';
+    return parseNumber({pointed.data(), text.size()}, value) == NumberText::Number;
+}
+
+} // namespace
+
+Cell parseCell(std::string_view text, bool allowDecimalComma)
+{
+    Cell cell;
+    text = trimmed(text);
+    if (isMissing(text)) {
+        return cell;
+    }
+    if (parseNumber(text, cell.value) == NumberText::Number) {
+        cell.kind = CellKind::Number;
+        cell.decimalMark = text.find('.') != std::string_view::npos ? '.' : '\0';
+    } else if (allowDecimalComma && parseWithDecimalComma(text, cell.value)) {
+        cell.kind = CellKind::Number;
+        cell.decimalMark = ',';
+    } else {
+        cell.kind = parseDate(text, cell.value) ? CellKind::Date : CellKind::Word;
+    }
+    return cell;
+}
+
+} // namespace velmora::engine

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "engine/data/Grid.h"
+#include "engine/data/Table.h"
+
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <variant>
+
+namespace velmora::engine {
+
+class Breath;
+class ByteStream;
+
+/// A file could not be read. The text names the file, the line where there is one, what is wrong
+/// and what helps.
+class ReadError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/// Reading was told to stop.
+class ReadInterrupted : public std::exception {};
+
+using DataSet = std::variant<std::shared_ptr<const Table>, std::shared_ptr<const Grid>>;
+
+/// Reads a delimited table or an ESRI ASCII grid; which of them the content tells, not the name.
+/// Throws ReadError, or ReadInterrupted when `breath` said so.
+DataSet readDataFile(const std::string& fileName, Breath& breath);
+
+/// The same from bytes of any origin; `fileName` is what messages and the data set name.
+DataSet readData(ByteStream& stream, const std::string& fileName, Breath& breath);
+
+} // namespace velmora::engine

@@ -1,0 +1,15 @@
+# The readers' sources, for the engine and for tests and fuzzers, which compile them for themselves.
+set(VELMORA_DATA_SOURCES
+  Cell.cpp
+  ColumnBuilder.cpp
+  DataReader.cpp
+  DateText.cpp
+  DelimiterGuess.cpp
+  FileByteStream.cpp
+  GridHeader.cpp
+  GridReader.cpp
+  NumberText.cpp
+  RecordReader.cpp
+  TableReader.cpp
+  TextSource.cpp)
+list(TRANSFORM VELMORA_DATA_SOURCES PREPEND "${CMAKE_CURRENT_LIST_DIR}/")

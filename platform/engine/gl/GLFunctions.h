@@ -1,0 +1,95 @@
+#pragma once
+
+#include <GL/gl.h>
+#include <GL/glext.h>
+
+namespace velmora::engine {
+
+// The entry points, named without their "gl" (gl.Clear is glClear). These every OpenGL that the
+// engine draws with has.
+// clang-format off
+#define VELMORA_GL_REQUIRED_FUNCTIONS(ENTRY) \
+    ENTRY(ActiveTexture) ENTRY(AlphaFunc) ENTRY(Begin) ENTRY(BindTexture) ENTRY(Bitmap) \
+    ENTRY(BlendFunc) ENTRY(CallList) ENTRY(Clear) ENTRY(ClearColor) ENTRY(ClearDepth) \
+    ENTRY(ClearStencil) ENTRY(ClientActiveTexture) ENTRY(ClipPlane) ENTRY(Color3f) ENTRY(Color3fv) \
+    ENTRY(Color4f) ENTRY(Color4fv) ENTRY(Color4ub) ENTRY(Color4ubv) ENTRY(ColorMask) \
+    ENTRY(ColorMaterial) ENTRY(ColorPointer) ENTRY(CopyPixels) ENTRY(CopyTexImage2D) \
+    ENTRY(CopyTexSubImage2D) ENTRY(CullFace) ENTRY(DeleteLists) ENTRY(DeleteTextures) \
+    ENTRY(DepthFunc) ENTRY(DepthMask) ENTRY(DepthRange) ENTRY(Disable) ENTRY(DisableClientState) \
+    ENTRY(DrawArrays) ENTRY(DrawBuffer) ENTRY(DrawElements) ENTRY(DrawPixels) ENTRY(Enable) \
+    ENTRY(EnableClientState) ENTRY(End) ENTRY(EndList) ENTRY(Finish) ENTRY(Flush) ENTRY(FrontFace) \
+    ENTRY(Frustum) ENTRY(GenLists) ENTRY(GenTextures) ENTRY(GetBooleanv) ENTRY(GetDoublev) \
+    ENTRY(GetError) ENTRY(GetFloatv) ENTRY(GetIntegerv) ENTRY(GetPointerv) ENTRY(GetString) \
+    ENTRY(GetTexImage) ENTRY(GetTexLevelParameteriv) ENTRY(Hint) ENTRY(IsEnabled) ENTRY(IsTexture) \
+    ENTRY(LightModelfv) ENTRY(LightModeli) ENTRY(Lightf) ENTRY(Lightfv) ENTRY(LineStipple) \
+    ENTRY(LineWidth) ENTRY(LoadIdentity) ENTRY(LoadMatrixd) ENTRY(LoadMatrixf) ENTRY(Materialf) \
+    ENTRY(Materialfv) ENTRY(MatrixMode) ENTRY(MultMatrixd) ENTRY(MultMatrixf) ENTRY(NewList) \
+    ENTRY(Normal3f) ENTRY(Normal3fv) ENTRY(NormalPointer) ENTRY(Ortho) ENTRY(PixelStorei) \
+    ENTRY(PixelTransferf) ENTRY(PixelZoom) ENTRY(PointSize) ENTRY(PolygonMode) \
+    ENTRY(PolygonOffset) ENTRY(PopAttrib) ENTRY(PopClientAttrib) ENTRY(PopMatrix) \
+    ENTRY(PushAttrib) ENTRY(PushClientAttrib) ENTRY(PushMatrix) ENTRY(RasterPos2f) \
+    ENTRY(ReadBuffer) ENTRY(ReadPixels) ENTRY(Rectf) ENTRY(Rotated) ENTRY(Rotatef) ENTRY(Scaled) \
+    ENTRY(Scalef) ENTRY(Scissor) ENTRY(ShadeModel) ENTRY(StencilFunc) ENTRY(StencilMask) \
+    ENTRY(StencilOp) ENTRY(TexCoord2f) ENTRY(TexCoordPointer) ENTRY(TexEnvf) ENTRY(TexEnvi) \
+    ENTRY(TexImage2D) ENTRY(TexParameterf) ENTRY(TexParameteri) ENTRY(TexSubImage2D) \
+    ENTRY(Translated) ENTRY(Translatef) ENTRY(Vertex2d) ENTRY(Vertex2f) ENTRY(Vertex2fv) \
+    ENTRY(Vertex3d) ENTRY(Vertex3f) ENTRY(Vertex3fv) ENTRY(VertexPointer) ENTRY(Viewport)
+
+// These are null when the OpenGL is older. Second: the pointer's type in <GL/glext.h>.
+#define VELMORA_GL_OPTIONAL_FUNCTIONS(ENTRY) \
+    ENTRY(BlendEquation, PFNGLBLENDEQUATIONPROC) \
+    ENTRY(BlendFuncSeparate, PFNGLBLENDFUNCSEPARATEPROC) \
+    ENTRY(DrawRangeElements, PFNGLDRAWRANGEELEMENTSPROC) \
+    ENTRY(WindowPos2i, PFNGLWINDOWPOS2IPROC) \
+    ENTRY(UseProgram, PFNGLUSEPROGRAMPROC) \
+    ENTRY(BindVertexArray, PFNGLBINDVERTEXARRAYPROC) \
+    ENTRY(GenBuffers, PFNGLGENBUFFERSPROC) \
+    ENTRY(DeleteBuffers, PFNGLDELETEBUFFERSPROC) \
+    ENTRY(BindBuffer, PFNGLBINDBUFFERPROC) \
+    ENTRY(BufferData, PFNGLBUFFERDATAPROC) \
+    ENTRY(BufferSubData, PFNGLBUFFERSUBDATAPROC) \
+    ENTRY(MapBuffer, PFNGLMAPBUFFERPROC) \
+    ENTRY(UnmapBuffer, PFNGLUNMAPBUFFERPROC) \
+    ENTRY(GenFramebuffers, PFNGLGENFRAMEBUFFERSPROC) \
+    ENTRY(DeleteFramebuffers, PFNGLDELETEFRAMEBUFFERSPROC) \
+    ENTRY(BindFramebuffer, PFNGLBINDFRAMEBUFFERPROC) \
+    ENTRY(IsFramebuffer, PFNGLISFRAMEBUFFERPROC) \
+    ENTRY(CheckFramebufferStatus, PFNGLCHECKFRAMEBUFFERSTATUSPROC) \
+    ENTRY(FramebufferTexture2D, PFNGLFRAMEBUFFERTEXTURE2DPROC) \
+    ENTRY(FramebufferRenderbuffer, PFNGLFRAMEBUFFERRENDERBUFFERPROC) \
+    ENTRY(BlitFramebuffer, PFNGLBLITFRAMEBUFFERPROC) \
+    ENTRY(GenRenderbuffers, PFNGLGENRENDERBUFFERSPROC) \
+    ENTRY(DeleteRenderbuffers, PFNGLDELETERENDERBUFFERSPROC) \
+    ENTRY(BindRenderbuffer, PFNGLBINDRENDERBUFFERPROC) \
+    ENTRY(IsRenderbuffer, PFNGLISRENDERBUFFERPROC) \
+    ENTRY(RenderbufferStorage, PFNGLRENDERBUFFERSTORAGEPROC) \
+    ENTRY(RenderbufferStorageMultisample, PFNGLRENDERBUFFERSTORAGEMULTISAMPLEPROC) \
+    ENTRY(GetRenderbufferParameteriv, PFNGLGETRENDERBUFFERPARAMETERIVPROC) \
+    ENTRY(FenceSync, PFNGLFENCESYNCPROC) \
+    ENTRY(ClientWaitSync, PFNGLCLIENTWAITSYNCPROC) \
+    ENTRY(DeleteSync, PFNGLDELETESYNCPROC)
+// clang-format on
+
+/// The entry points of one OpenGL library. The engine draws through such a table only, so that the
+/// same drawing serves a window's context and a software one: both libraries define the same names.
+struct GLFunctions {
+#define VELMORA_GL_MEMBER(name) decltype(&::gl##name) name = nullptr;
+    VELMORA_GL_REQUIRED_FUNCTIONS(VELMORA_GL_MEMBER)
+#undef VELMORA_GL_MEMBER
+#define VELMORA_GL_MEMBER(name, type) type name = nullptr;
+    VELMORA_GL_OPTIONAL_FUNCTIONS(VELMORA_GL_MEMBER)
+#undef VELMORA_GL_MEMBER
+
+    /// Whether there are framebuffer objects with everything that belongs to them.
+    bool hasFramebufferObjects() const;
+    /// Returns when everything drawn so far is done. Unlike glFinish it does not hand the picture
+    /// out, where OpenGL can do without: a software context copies its whole picture at each
+    /// glFinish. Whoever reads a picture from such a context's memory calls Finish first.
+    void waitUntilDrawn() const;
+};
+
+/// The table for the context that is current on this thread. Without one, the table of libGL.
+/// Throws velmora::ExceptionBase when the library lacks a required entry point.
+const GLFunctions& currentGL();
+
+} // namespace velmora::engine

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "engine/page/Picture.h"
+
+namespace velmora::engine {
+
+class Page;
+
+/// How paper inches become pixels of a target: an origin and a scale for each direction, from the
+/// lower left corner.
+struct PaperView {
+    double originX = 0; ///< pixel of the paper's left edge
+    double originY = 0; ///< pixel of the paper's lower edge
+    double scaleX = 1;  ///< pixels per inch
+    double scaleY = 1;
+
+    PixelRect toPixels(const InchRect& rect) const;
+    double inchesX(double pixel) const { return (pixel - originX) / scaleX; }
+    double inchesY(double pixel) const { return (pixel - originY) / scaleY; }
+};
+
+/// The page as its drawing area of that size shows it: the frame alone, or the sheet with all
+/// frames when "Interface/ShowPaper" says so.
+PaperView workAreaView(const Page& page, int width, int height);
+Picture workAreaPicture(const Page& page, int width, int height, double pixelsPerPoint);
+
+/// The current frame alone, over the whole of a target.
+Picture currentFramePicture(const Page& page, int width, int height, double pixelsPerPoint);
+/// The whole paper with its frames, in the middle of a target and as large as fits.
+Picture paperPicture(const Page& page, int width, int height, double pixelsPerPoint);
+
+/// Pixels of the screen for one point of text or line width.
+double screenPixelsPerPoint();
+/// Pixels for one point when a rectangle of the paper fills a target.
+double pixelsPerPointFor(const InchRect& rect, int width, int height);
+
+} // namespace velmora::engine

@@ -1,0 +1,79 @@
+#pragma once
+
+#include "engine/page/Frame.h"
+#include "engine/page/PageCanvas.h"
+
+#include <memory>
+#include <vector>
+
+namespace velmora::sdk::integration {
+class GLDrawAreaInterface;
+class PageInterface;
+} // namespace velmora::sdk::integration
+
+namespace velmora::engine {
+
+/// A paper with frames, and the picture of it in at most one drawing area. GUI thread only.
+class Page {
+public:
+    enum class PictureState {
+        Complete,
+        Waiting,    ///< for the engine's next turn, or being drawn in this one
+        Interrupted ///< incomplete, and nobody has asked for the rest
+    };
+
+    explicit Page(int number) : m_number(number) {}
+    Page(const Page&) = delete;
+    Page& operator=(const Page&) = delete;
+
+    int number() const { return m_number; }
+
+    // ---- what it shows
+
+    const std::vector<Frame>& frames() const { return m_frames; }
+    /// The frame that was given last; null and the printable paper on a page without frames.
+    std::shared_ptr<Plot> currentPlot() const;
+    InchRect currentFrameRect() const;
+    void replaceFrames(std::vector<Frame> frames);
+    void fitFramesToPaper();
+
+    // ---- where it shows
+
+    velmora::sdk::integration::GLDrawAreaInterface* area() const { return m_area; }
+    velmora::sdk::integration::PageInterface* interface() const { return m_interface; }
+    void attach(velmora::sdk::integration::GLDrawAreaInterface& area, velmora::sdk::integration::PageInterface* page);
+    /// Releases what it holds of the area's context, when `contextWorks`, and forgets the area.
+    void detach(bool contextWorks);
+    /// The area can be painted now.
+    bool canShow() const;
+    PageCanvas& canvas() { return m_canvas; }
+
+    // ---- the state of its picture
+
+    PictureState pictureState() const { return m_state; }
+    /// Grows whenever a picture that was begun before has become obsolete.
+    unsigned long generation() const { return m_generation; }
+    /// Grows whenever a plot of the page changed its view or its selection.
+    unsigned long plotVersion() const { return m_plotVersion; }
+    /// What the page shows has changed: it waits to be drawn anew.
+    void changed();
+    /// The same, because of a plot.
+    void plotChanged();
+    /// Waits to be drawn anew without a change, as after an interruption.
+    void finishPicture();
+    void pictureDone(PictureState state) { m_state = state; }
+
+private:
+    void wait();
+
+    int m_number;
+    std::vector<Frame> m_frames;
+    velmora::sdk::integration::GLDrawAreaInterface* m_area = nullptr;
+    velmora::sdk::integration::PageInterface* m_interface = nullptr;
+    PageCanvas m_canvas;
+    PictureState m_state = PictureState::Waiting;
+    unsigned long m_generation = 0;
+    unsigned long m_plotVersion = 0;
+};
+
+} // namespace velmora::engine

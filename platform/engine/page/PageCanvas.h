@@ -1,0 +1,51 @@
+#pragma once
+
+namespace velmora::engine {
+
+struct GLFunctions;
+
+/// The picture of a page as far as it is drawn, in framebuffer objects of the drawing area's own
+/// context: it survives exposures, and the screen can show it while the drawing goes on. It is drawn
+/// with several samples a pixel where the context has them.
+///
+/// Without framebuffer objects there is no canvas, and the page is drawn straight into the area's
+/// back buffer. Every operation but `forget` needs the area's context to be current, and leaves the
+/// framebuffer binding changed.
+class PageCanvas {
+public:
+    /// Makes the canvas fit. False when what it holds is not a drawing of that size: it is new, and
+    /// shows blank ground or the picture before it, scaled.
+    bool prepare(const GLFunctions& gl, int width, int height);
+    /// No framebuffer objects: draw into the area itself. Known after `prepare`.
+    bool isDirect() const { return m_isDirect; }
+    /// Binds the framebuffer to draw into.
+    void begin(const GLFunctions& gl);
+    /// Puts what there is into the area's own framebuffer.
+    void show(const GLFunctions& gl);
+    /// Gives the objects back.
+    void release(const GLFunctions& gl);
+    /// Forgets objects whose context is gone.
+    void forget();
+
+private:
+    struct Target {
+        unsigned framebuffer = 0;
+        unsigned colour = 0;
+        unsigned depth = 0;
+    };
+    static bool create(const GLFunctions& gl, Target& target, int width, int height, int samples);
+    static void destroy(const GLFunctions& gl, Target& target);
+    bool isAlive(const GLFunctions& gl) const;
+    bool createAll(const GLFunctions& gl, int width, int height);
+    void takeOver(const GLFunctions& gl, const Target& from, int width, int height);
+    void resolve(const GLFunctions& gl);
+
+    Target m_drawn;    ///< with samples; empty where there are none
+    Target m_resolved; ///< one sample a pixel
+    int m_width = 0;
+    int m_height = 0;
+    bool m_isDirect = false;
+    bool m_drawnIsNewer = false; ///< than the resolved one
+};
+
+} // namespace velmora::engine

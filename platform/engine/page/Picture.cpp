@@ -1,0 +1,143 @@
+#include "engine/page/Picture.h"
+
+#include "engine/core/Breath.h"
+#include "engine/gl/GLFunctions.h"
+#include "engine/plot/Plot.h"
+#include "testing/EngineProbe.h"
+
+#include <cmath>
+
+namespace velmora::engine {
+namespace {
+
+struct Colour {
+    float red;
+    float green;
+    float blue;
+};
+
+constexpr Colour White{1, 1, 1};
+constexpr Colour Workspace{0.62F, 0.64F, 0.66F};
+constexpr Colour Shadow{0.40F, 0.41F, 0.43F};
+constexpr Colour Margin{0.80F, 0.84F, 0.92F};
+constexpr double ShadowPixels = 4;
+constexpr double LinePixels = 1;
+
+PixelRect moved(const PixelRect& rect, double dx, double dy)
+{
+    return {rect.x + dx, rect.y + dy, rect.width, rect.height};
+}
+
+// Clearing inside a scissor box needs neither matrices nor any other state.
+void fill(const GLFunctions& gl, const PixelRect& rect, const Colour& colour, GLbitfield planes = GL_COLOR_BUFFER_BIT)
+{
+    const auto left = static_cast<int>(std::lround(rect.x));
+    const auto bottom = static_cast<int>(std::lround(rect.y));
+    const auto right = static_cast<int>(std::lround(rect.x + rect.width));
+    const auto top = static_cast<int>(std::lround(rect.y + rect.height));
+    if (right <= left || top <= bottom)
+        return;
+    gl.Enable(GL_SCISSOR_TEST);
+    gl.Scissor(left, bottom, right - left, top - bottom);
+    gl.ClearColor(colour.red, colour.green, colour.blue, 1);
+    gl.Clear(planes);
+    gl.Disable(GL_SCISSOR_TEST);
+}
+
+void outline(const GLFunctions& gl, const PixelRect& rect, const Colour& colour)
+{
+    fill(gl, {rect.x, rect.y, rect.width, LinePixels}, colour);
+    fill(gl, {rect.x, rect.y + rect.height - LinePixels, rect.width, LinePixels}, colour);
+    fill(gl, {rect.x, rect.y, LinePixels, rect.height}, colour);
+    fill(gl, {rect.x + rect.width - LinePixels, rect.y, LinePixels, rect.height}, colour);
+}
+
+void prepareToClear(const GLFunctions& gl, int width, int height)
+{
+    gl.Viewport(0, 0, width, height);
+    gl.ColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
+    gl.DepthMask(GL_TRUE);
+    gl.ClearDepth(1);
+}
+
+/// The breath of one frame of several: its share of the whole, and the point in the middle of the
+/// drawing where a test may make it fail.
+class FrameBreath final : public Breath {
+public:
+    FrameBreath(Breath& whole, std::size_t index, std::size_t count) : m_whole(whole), m_index(index), m_count(count) {}
+
+    bool goOn(double fraction) override
+    {
+        const double done = (static_cast<double>(m_index) + fraction) / static_cast<double>(m_count);
+        if (done >= 0.5)
+            passMiddle();
+        return m_whole.goOn(done);
+    }
+    void passMiddle()
+    {
+        const bool isMiddleFrame = m_index == m_count / 2;
+        if (isMiddleFrame && !m_passed) {
+            m_passed = true;
+            testing::EngineProbe::passPoint("drawing");
+        }
+    }
+
+private:
+    Breath& m_whole;
+    std::size_t m_index;
+    std::size_t m_count;
+    bool m_passed = false;
+};
+
+} // namespace
+
+Picture Picture::seenFrom(double x, double y) const
+{
+    Picture seen = *this;
+    seen.paper = moved(paper, -x, -y);
+    seen.printable = moved(printable, -x, -y);
+    for (PlacedFrame& frame : seen.frames)
+        frame.rect = moved(frame.rect, -x, -y);
+    return seen;
+}
+
+void paintGround(const Picture& picture, const GLFunctions& gl, int width, int height)
+{
+    prepareToClear(gl, width, height);
+    const PixelRect whole{0, 0, static_cast<double>(width), static_cast<double>(height)};
+    fill(gl, whole, picture.showsPaper ? Workspace : White, GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+    if (picture.showsPaper) {
+        fill(gl, moved(picture.paper, ShadowPixels, -ShadowPixels), Shadow);
+        fill(gl, picture.paper, White);
+    }
+    if (picture.showsMargins)
+        outline(gl, picture.printable, Margin);
+}
+
+bool paintPicture(const Picture& picture, const GLFunctions& gl, int width, int height, Breath& breath)
+{
+    paintGround(picture, gl, width, height);
+    const std::size_t count = picture.frames.size();
+    for (std::size_t i = 0; i < count; ++i) {
+        const Picture::PlacedFrame& frame = picture.frames[i];
+        prepareToClear(gl, width, height);
+        fill(gl, frame.rect, White, GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+        FrameBreath share(breath, i, count);
+        const Drawing drawing{&gl,
+                              width,
+                              height,
+                              frame.rect.x,
+                              frame.rect.y,
+                              frame.rect.width,
+                              frame.rect.height,
+                              picture.pixelsPerPoint};
+        if (!frame.plot->draw(drawing, share))
+            return false;
+        share.passMiddle();
+    }
+    if (count == 0)
+        testing::EngineProbe::passPoint("drawing");
+    return true;
+}
+
+} // namespace velmora::engine

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "engine/page/Frame.h"
+
+#include <memory>
+#include <vector>
+
+namespace velmora::engine {
+
+class Breath;
+struct GLFunctions;
+
+/// A rectangle of a target: pixels from its lower left corner.
+struct PixelRect {
+    double x = 0;
+    double y = 0;
+    double width = 0;
+    double height = 0;
+};
+
+/// What is to be drawn where: a page laid out for a target, with nothing left to decide. It shares
+/// the plots, so that it stays drawable when the page gets others.
+struct Picture {
+    struct PlacedFrame {
+        PixelRect rect;
+        std::shared_ptr<Plot> plot;
+    };
+    bool showsPaper = false; ///< the sheet on the workspace, and not just white ground
+    bool showsMargins = false;
+    PixelRect paper;
+    PixelRect printable;
+    std::vector<PlacedFrame> frames;
+    double pixelsPerPoint = 1;
+
+    /// The picture as it looks from a tile whose lower left corner is at x, y.
+    Picture seenFrom(double x, double y) const;
+};
+
+/// Draws the picture over a whole target of the current context, into the framebuffer that is bound;
+/// false when `breath` said to stop.
+bool paintPicture(const Picture& picture, const GLFunctions& gl, int width, int height, Breath& breath);
+/// Draws what lies below the frames.
+void paintGround(const Picture& picture, const GLFunctions& gl, int width, int height);
+
+} // namespace velmora::engine

@@ -1,0 +1,52 @@
+#include "engine/page/RegionDrawing.h"
+
+#include "engine/page/Layout.h"
+#include "engine/page/Page.h"
+#include "interfaces/GLDrawAreaInterface.h"
+
+#include <algorithm>
+
+namespace velmora::engine {
+namespace {
+
+using namespace velmora::sdk::integration;
+
+// An image of the work area has the proportions of text and picture that the screen shows.
+double workAreaPixelsPerPoint(const Page& page, int width, int height)
+{
+    if (!page.canShow())
+        return 0;
+    int areaWidth = 0;
+    int areaHeight = 0;
+    page.area()->getSize(&areaWidth, &areaHeight);
+    const Picture shown = workAreaPicture(page, areaWidth, areaHeight, 0);
+    return shown.pixelsPerPoint *
+           std::min(static_cast<double>(width) / areaWidth, static_cast<double>(height) / areaHeight);
+}
+
+Picture wholePicture(const Page& page, ExportRegion_e region, int width, int height, double pixelsPerPoint)
+{
+    switch (region) {
+    case ExportRegion_Page:
+        return paperPicture(page, width, height, pixelsPerPoint);
+    case ExportRegion_WorkArea:
+        return workAreaPicture(page, width, height,
+                               pixelsPerPoint > 0 ? pixelsPerPoint : workAreaPixelsPerPoint(page, width, height));
+    case ExportRegion_CurrentFrame:
+        break;
+    }
+    return currentFramePicture(page, width, height, pixelsPerPoint);
+}
+
+} // namespace
+
+Picture regionPicture(const Page& page, ExportRegion_e region, int width, int height, const ExportRequest& request)
+{
+    const bool isTile = request.fullWidth > 0 && request.fullHeight > 0;
+    const int fullWidth = isTile ? request.fullWidth : width;
+    const int fullHeight = isTile ? request.fullHeight : height;
+    return wholePicture(page, region, fullWidth, fullHeight, request.pixelsPerPoint)
+        .seenFrom(request.tileX, request.tileY);
+}
+
+} // namespace velmora::engine

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "engine/plot/Geometry.h"
+
+#include <cstddef>
+
+namespace velmora::engine {
+
+namespace palette {
+
+constexpr Color ink{38, 43, 51, 255};        ///< titles and axis titles
+constexpr Color label{78, 86, 98, 255};      ///< tick labels
+constexpr Color axis{96, 104, 116, 255};     ///< axes and frames
+constexpr Color grid{223, 227, 232, 255};    ///< light lines behind the data
+constexpr Color boxEdge{186, 192, 200, 255}; ///< of the box behind a surface
+constexpr Color contour{44, 50, 60, 200};    ///< lines of equal height
+constexpr Color surfaceBorder{70, 76, 86, 255};
+constexpr Color selected{240, 120, 0, 255};    ///< what is selected; no line has this colour
+constexpr Color selectedText{166, 74, 0, 255}; ///< on the selected ground
+constexpr Color veil{255, 255, 255, 220};      ///< lets text be read where a zoomed surface lies under it
+constexpr Color selectedGround{255, 226, 190, 255};
+
+} // namespace palette
+
+/// The colour of the n-th line. Neighbours differ also for the colour-blind.
+Color lineColor(std::size_t line);
+
+/// The colour of heights from the lowest (0) to the highest (1): brighter is higher.
+Color heightColor(double fraction);
+
+} // namespace velmora::engine

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "engine/data/DataReader.h"
+
+#include <memory>
+#include <string>
+
+namespace velmora::engine {
+
+class Breath;
+struct GLFunctions;
+
+/// Where and how large a plot is drawn. The viewport is the whole target; the frame may be larger
+/// than the target and lie partly outside it, as it does when a picture is drawn in tiles.
+struct Drawing {
+    const GLFunctions* gl = nullptr; ///< of the current context
+    int targetWidth = 0;             ///< pixels
+    int targetHeight = 0;
+    double frameX = 0; ///< target pixels from the left
+    double frameY = 0; ///< target pixels from the bottom
+    double frameWidth = 0;
+    double frameHeight = 0;
+    double pixelsPerPoint = 1; ///< 1 point is 1/72 inch of paper: text and line widths
+};
+
+/// Which kinds of object a pick takes.
+struct PickFilter {
+    bool zones = true;      ///< lines and surfaces
+    bool geometries = true; ///< axes, colour bar, legend frame
+    bool text = true;
+    bool considerStyle = true; ///< leave out what is not shown
+};
+
+/// What a frame shows, and from where. Fractions are of the frame, from its lower left corner.
+class Plot {
+public:
+    virtual ~Plot() = default;
+
+    /// Draws over the frame's white ground. False when `breath` said to stop.
+    virtual bool draw(const Drawing& drawing, Breath& breath) = 0;
+
+    virtual void rotate(double aboutVertical, double tilt) = 0; ///< degrees
+    virtual void translate(double dx, double dy) = 0;           ///< fractions of the frame
+    virtual void zoom(double factor, double x, double y) = 0;   ///< about a point in fractions
+    virtual void fit() = 0;
+
+    /// Adds what lies in the rectangle (fractions, x1 <= x2, y1 <= y2) to the selection; how many
+    /// objects that were.
+    virtual int pick(double x1, double y1, double x2, double y2, const PickFilter& filter) = 0;
+    virtual void deselectAll() = 0;
+    virtual int selectedCount() const = 0;
+
+    /// One line for a person: what is shown.
+    virtual std::string description() const = 0;
+};
+
+/// A plot for the data: XY lines for a table, a surface for a grid.
+std::unique_ptr<Plot> makePlot(const DataSet& data);
+
+} // namespace velmora::engine

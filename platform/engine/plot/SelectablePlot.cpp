@@ -1,0 +1,32 @@
+#include "engine/plot/SelectablePlot.h"
+
+namespace velmora::engine {
+
+namespace {
+
+// In points: a frame with less than this on its shorter side shrinks what is in it.
+constexpr double comfortableSide = 380;
+
+} // namespace
+
+double FrameSize::points(double length) const
+{
+    const double shorter = std::min(width, height) / std::max(pixelsPerPoint, 1e-6);
+    return length * pixelsPerPoint * std::min(1.0, shorter / comfortableSide);
+}
+
+FrameSize frameSizeOf(const Drawing& drawing)
+{
+    return {drawing.frameWidth, drawing.frameHeight, drawing.pixelsPerPoint};
+}
+
+int SelectablePlot::pick(double x1, double y1, double x2, double y2, const PickFilter& filter)
+{
+    const Rect rect{x1 * m_frameSize.width, y1 * m_frameSize.height, x2 * m_frameSize.width, y2 * m_frameSize.height};
+    Selection found;
+    collect(rect, filter, found);
+    m_selection.insert(found.begin(), found.end());
+    return static_cast<int>(found.size());
+}
+
+} // namespace velmora::engine

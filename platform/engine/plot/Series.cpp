@@ -1,0 +1,42 @@
+#include "engine/plot/Series.h"
+
+#include "engine/plot/Palette.h"
+
+#include <cmath>
+#include <limits>
+
+namespace velmora::engine {
+
+namespace {
+
+constexpr double roomBeside = 0.015;
+constexpr double roomAbove = 0.05;
+
+} // namespace
+
+std::vector<Series> seriesOf(const Table& table)
+{
+    std::vector<Series> series;
+    const std::vector<Column>& columns = table.columns;
+    if (columns.size() == 1)
+        series.push_back({nullptr, &columns.front(), lineColor(0)});
+    for (std::size_t i = 1; i < columns.size(); ++i)
+        series.push_back({&columns.front(), &columns[i], lineColor(i - 1)});
+    return series;
+}
+
+void findRanges(const std::vector<Series>& series, AxisRange& x, AxisRange& y)
+{
+    constexpr double most = std::numeric_limits<double>::infinity();
+    Rect covered{most, most, -most, -most};
+    for (const Series& line : series)
+        for (std::size_t row = 0; row < line.size(); ++row) {
+            const Point point = line.at(row);
+            if (std::isfinite(point.x) && std::isfinite(point.y))
+                covered.take(point);
+        }
+    x = rangeAround(covered.x1, covered.x2, roomBeside);
+    y = rangeAround(covered.y1, covered.y2, roomAbove);
+}
+
+} // namespace velmora::engine

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "engine/plot/SelectablePlot.h"
+#include "engine/plot/SurfacePainter.h"
+
+#include <memory>
+
+namespace velmora::engine {
+
+/// A grid of heights as a lit surface in a box, with lines of equal height and a colour bar. Seen
+/// from above only: the underside of heights shows nothing.
+class SurfacePlot : public SelectablePlot {
+public:
+    explicit SurfacePlot(std::shared_ptr<const Grid> grid);
+
+    bool draw(const Drawing& drawing, Breath& breath) override;
+    void rotate(double aboutVertical, double tilt) override;
+    void translate(double dx, double dy) override;
+    void zoom(double factor, double x, double y) override;
+    void fit() override;
+    std::string description() const override;
+
+    const SurfaceView& view() const { return m_content.view; }
+
+protected:
+    void collect(const Rect& rect, const PickFilter& filter, Selection& found) const override;
+
+private:
+    bool meetsSurface(const Camera& camera, const Rect& rect) const;
+
+    SurfaceContent m_content;
+};
+
+} // namespace velmora::engine

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "engine/data/Grid.h"
+#include "engine/plot/Ticks.h"
+
+#include <vector>
+
+namespace velmora::engine {
+
+struct Vector3 {
+    double x = 0;
+    double y = 0;
+    double z = 0;
+};
+
+/// How a grid is put into a box about the origin: x eastwards, y northwards, z upwards, the longer
+/// side of the floor 1.
+///
+/// Heights are true to scale where that shows the relief. A flat relief is raised and a towering
+/// one lowered, so that the heights take about a sixth to a third of the floor's side. Heights over
+/// a floor in degrees, which cannot be compared with it, are shown the same way.
+class SurfaceShape {
+public:
+    explicit SurfaceShape(const Grid& grid);
+
+    double halfX() const { return m_halfX; }
+    double halfY() const { return m_halfY; }
+    double halfZ() const { return m_halfZ; }
+    /// The box's range of heights; its ends are ends of bands.
+    const AxisRange& heights() const { return m_heights; }
+    /// The borders of the colour bands, from the lowest to the highest; at least two.
+    const std::vector<double>& bandEdges() const { return m_bandEdges; }
+    const AxisRange& mapX() const { return m_mapX; } ///< of the floor, in map units
+    const AxisRange& mapY() const { return m_mapY; }
+
+    double x(double column) const { return (column + 0.5) * m_stepX - m_halfX; }
+    double y(double row) const { return m_halfY - (row + 0.5) * m_stepY; }
+    double z(double height) const { return bandPlace(height) * 2 * m_halfZ - m_halfZ; }
+    /// 0 at the lowest band's lower border, 1 at the highest band's upper one.
+    double bandPlace(double height) const { return (height - m_heights.from) / m_heights.span(); }
+    double stepX() const { return m_stepX; } ///< of a column
+    double stepY() const { return m_stepY; }
+
+private:
+    void chooseBands(const Grid& grid);
+    void chooseHeight(const Grid& grid);
+
+    double m_halfX = 0.5;
+    double m_halfY = 0.5;
+    double m_halfZ = 0.1;
+    double m_stepX = 1;
+    double m_stepY = 1;
+    AxisRange m_heights;
+    AxisRange m_mapX;
+    AxisRange m_mapY;
+    std::vector<double> m_bandEdges;
+};
+
+} // namespace velmora::engine

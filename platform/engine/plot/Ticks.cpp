@@ -1,0 +1,125 @@
+#include "engine/plot/Ticks.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+
+namespace velmora::engine {
+
+namespace {
+
+// Beyond these a plain number has more noughts than digits.
+constexpr double largestPlain = 1e7;
+constexpr double smallestPlain = 1e-4;
+// Neighbouring values of a double are about this far apart, as a fraction.
+constexpr double resolution = 1e-14;
+constexpr double largestSpan = 1e300;
+
+double magnitudeOf(const AxisRange& range)
+{
+    return std::max(std::fabs(range.from), std::fabs(range.to));
+}
+
+int decimalsFor(double step)
+{
+    return std::clamp(static_cast<int>(std::ceil(-std::log10(step) - 1e-9)), 0, 17);
+}
+
+std::string plainNumber(double value, int decimals)
+{
+    char text[400];
+    std::snprintf(text, sizeof text, "%.*f", decimals, value);
+    const bool isZero = std::string(text).find_first_of("123456789") == std::string::npos;
+    return isZero && text[0] == '-' ? text + 1 : text;
+}
+
+std::string withoutTrailingNoughts(std::string digits)
+{
+    if (digits.find('.') == std::string::npos)
+        return digits;
+    digits.erase(digits.find_last_not_of('0') + 1);
+    if (digits.back() == '.')
+        digits.pop_back();
+    return digits;
+}
+
+std::string superscript(int number)
+{
+    static const char* const digits[] = {"⁰", "¹", "²", "³", "⁴", "⁵", "⁶", "⁷", "⁸", "⁹"};
+    std::string text = number < 0 ? "⁻" : "";
+    for (char digit : std::to_string(std::abs(number)))
+        text += digits[digit - '0'];
+    return text;
+}
+
+std::string powerNumber(double value, double step)
+{
+    int exponent = static_cast<int>(std::floor(std::log10(std::fabs(value)) + 1e-12));
+    // In long double: a power of ten beyond 1e308 is needed for the smallest numbers.
+    const long double unit = std::pow(10.0L, exponent);
+    const double mantissa = static_cast<double>(value / unit);
+    const int decimals = decimalsFor(static_cast<double>(step / unit));
+    const std::string digits = withoutTrailingNoughts(plainNumber(mantissa, decimals));
+    return (digits == "1" ? "" : digits == "-1" ? "-" : digits + "×") + "10" + superscript(exponent);
+}
+
+bool isUsable(const AxisRange& range)
+{
+    return std::isfinite(range.from) && std::isfinite(range.to) && range.span() > 0 && std::isfinite(range.span());
+}
+
+} // namespace
+
+AxisRange rangeAround(double smallest, double largest, double roomFraction)
+{
+    if (!std::isfinite(smallest) || !std::isfinite(largest) || smallest > largest)
+        return {0, 1};
+    const double size = std::max(std::fabs(smallest), std::fabs(largest));
+    if (largest - smallest <= size * 1e-12) {
+        const double room = size > 0 ? size * 0.05 : 0.5;
+        return {smallest - room, largest + room};
+    }
+    const double room = std::min(largest - smallest, largestSpan) * roomFraction;
+    return {std::max(smallest - room, -largestSpan), std::min(largest + room, largestSpan)};
+}
+
+double niceStep(const AxisRange& range, int most)
+{
+    const double rough = range.span() / std::max(most, 1);
+    const double power = std::pow(10.0, std::floor(std::log10(rough)));
+    for (double factor : {1.0, 2.0, 5.0})
+        if (factor * power >= rough * (1 - 1e-9))
+            return factor * power;
+    return 10 * power;
+}
+
+std::vector<Tick> numberTicks(const AxisRange& range, int most)
+{
+    std::vector<Tick> ticks;
+    if (!isUsable(range))
+        return ticks;
+    const double step = niceStep(range, most);
+    if (!(step > magnitudeOf(range) * resolution))
+        return ticks;
+    const double tolerance = step * 1e-6;
+    const double first = std::ceil((range.from - tolerance) / step);
+    for (int i = 0; i <= most + 1; ++i) {
+        const double value = (first + i) * step;
+        if (value > range.to + tolerance)
+            break;
+        ticks.push_back({value, formatNumber(value, step)});
+    }
+    return ticks;
+}
+
+std::string formatNumber(double value, double step)
+{
+    if (std::fabs(value) < step * 1e-6)
+        return "0";
+    const double size = std::fabs(value);
+    if (size < largestPlain && (size >= smallestPlain || step >= smallestPlain))
+        return plainNumber(value, decimalsFor(step));
+    return powerNumber(value, step);
+}
+
+} // namespace velmora::engine

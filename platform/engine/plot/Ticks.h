@@ -1,0 +1,34 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace velmora::engine {
+
+/// What an axis shows.
+struct AxisRange {
+    double from = 0;
+    double to = 1;
+    double span() const { return to - from; }
+};
+
+struct Tick {
+    double value = 0;
+    std::string label;
+};
+
+/// The range for data from `smallest` to `largest` with some room at both ends. Data of one value,
+/// or of none (not finite), get a range too.
+AxisRange rangeAround(double smallest, double largest, double roomFraction);
+
+/// The step of 1, 2 or 5 times a power of ten that divides the range into at most `most` parts.
+double niceStep(const AxisRange& range, int most);
+
+/// Ticks at whole multiples of a nice step inside the range, `most` + 1 at the most.
+std::vector<Tick> numberTicks(const AxisRange& range, int most);
+
+/// A number as a person writes it, with the digits that a step of `step` needs: "0.25", "-1500",
+/// "3×10⁻⁹".
+std::string formatNumber(double value, double step);
+
+} // namespace velmora::engine

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <exception>
+#include <string>
+
+namespace velmora {
+
+/// Root of the exceptions that cross the boundary between engine, binding and host.
+class __attribute__((visibility("default"))) ExceptionBase : public std::exception {
+public:
+    /// `message` is English text for a person. `logged` tells whether it was written to the
+    /// engine's log already, so that whoever catches it does not write it again.
+    explicit ExceptionBase(std::string message, bool logged = false);
+    ~ExceptionBase() override;
+
+    const char* what() const noexcept override;
+    const std::string& message() const noexcept;
+    bool isLogged() const noexcept;
+
+private:
+    std::string m_message;
+    bool m_logged;
+};
+
+} // namespace velmora

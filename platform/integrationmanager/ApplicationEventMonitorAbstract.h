@@ -1,0 +1,92 @@
+#pragma once
+
+#include "engine/VelExport.h"
+#include "interfaces/ApplicationEventMonitorInterface.h"
+#include "interfaces/KeyEventObservableInterface.h"
+#include "interfaces/MouseEventObservableInterface.h"
+#include "interfaces/OnIdleObservableInterface.h"
+
+#include <boost/shared_ptr.hpp>
+#include <memory>
+
+namespace velmora::sdk::integration {
+
+class KeyEventInterface;
+class ManagerInterface;
+class StopButtonInterface;
+
+namespace intern {
+
+/// What is the same for an event monitor on every windowing toolkit: listeners, stop buttons and
+/// the request to stop. A toolkit's monitor feeds it with the application's events through the
+/// `notifyOf…` operations and supplies the operations that are pure here. GUI thread only.
+class VELMORA_PLATFORM_EXPORT ApplicationEventMonitorAbstract : public virtual KeyEventObservableInterface,
+                                                                public virtual ApplicationEventMonitorInterface,
+                                                                public virtual MouseEventObservableInterface,
+                                                                public virtual OnIdleObservableInterface {
+public:
+    void addKeyboardListener(KeyEventListenerInterface* listener) override;
+    void removeKeyboardListener(KeyEventListenerInterface* listener) override;
+    ~ApplicationEventMonitorAbstract() override;
+    bool isBusy() const override;
+    void interrupt() override;
+    bool shouldInterrupt() override;
+    bool isEngineInterruptible() const override;
+    void addMouseListener(MouseEventListenerInterface* listener) override;
+    void removeMouseListener(MouseEventListenerInterface* listener) override;
+    void addOnIdleListener(OnIdleListenerInterface* listener) override;
+    void removeOnIdleListener(OnIdleListenerInterface* listener) override;
+    /// Of the registered stop buttons that are active, the one registered last is in force. One that
+    /// is always active and has no widget thus suspends interruption until it is unregistered.
+    virtual void registerStopButton(const boost::shared_ptr<const StopButtonInterface>& button);
+    virtual void unRegisterStopButton(const boost::shared_ptr<const StopButtonInterface>& button);
+    /// Lets the application process its events once.
+    virtual void processWhileBusy_Internal() = 0;
+    /// Makes a running event loop return.
+    virtual void interruptEventProcessing() = 0;
+    /// The object's own address.
+    virtual operator long() const = 0;
+    /// Begins to watch the application's events.
+    virtual bool start() = 0;
+    virtual bool stop() = 0;
+
+    /// Gives the application its turn between two slices of engine work; true when the engine shall
+    /// stop.
+    bool processWhileBusy();
+    /// Whether `object` is the widget of the stop button that is in force. Asked for the
+    /// receiver of a press that is about to be discarded because the engine is busy, a yes also
+    /// asks the engine to stop: that press is the stop button's.
+    bool isStopButton(const void* object) const;
+
+protected:
+    explicit ApplicationEventMonitorAbstract(ManagerInterface& manager);
+
+    // Input for the engine and for the listeners and signals of this monitor. While the engine is
+    // busy, a press sets discardNextEvent, so that it does not reach a widget; Escape asks the
+    // engine to stop unless a stop button is in force.
+    void notifyOfMouseMoved(MouseEventInterface& event);
+    void notifyOfButtonPressed(MouseEventInterface& event);
+    void notifyOfButtonReleased(MouseEventInterface& event);
+    void notifyOfButtonDoublePressed(MouseEventInterface& event);
+    void notifyOfKeyPressed(KeyEventInterface& event);
+    void notifyOfKeyReleased(KeyEventInterface& event);
+    /// Tells the idle listeners, then gives the engine its turn, and more turns, up to a limit, while
+    /// new work came during the last.
+    void notifyOfIdle(OnIdleObservableInterface& source);
+    void threedMouseMoveEvent(const MotionData& motion);
+    void threedMouseStopEvent();
+    void threedMouseButtonAction(ButtonActions actions);
+
+    /// The engine has been asked to stop and has not unwound yet.
+    bool interruptRequested = false;
+    /// The next event is not to reach its receiver. One shot: whoever obeys it clears it.
+    bool discardNextEvent = false;
+
+private:
+    struct Impl;
+    std::unique_ptr<Impl> m_impl;
+    friend struct MonitorProbe;
+};
+
+} // namespace intern
+} // namespace velmora::sdk::integration

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "engine/VelExport.h"
+#include "interfaces/services/CursorShapeServiceInterface.h"
+#include "interfaces/services/ServiceInterface.h"
+
+namespace velmora::sdk::integration::services {
+
+/// Lets the engine reach a cursor shape service.
+class VELMORA_PLATFORM_EXPORT CursorShapeServiceAbstract : public virtual CursorShapeServiceInterface,
+                                                           public virtual ServiceInterface {
+public:
+    void registerCallbacks() override;
+    void makeCurrent() override;
+    ~CursorShapeServiceAbstract() override;
+
+protected:
+    CursorShapeServiceAbstract();
+    CursorShapeServiceAbstract(const CursorShapeServiceAbstract&) = delete;
+    CursorShapeServiceAbstract& operator=(const CursorShapeServiceAbstract&) = delete;
+};
+
+} // namespace velmora::sdk::integration::services

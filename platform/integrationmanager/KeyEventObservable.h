@@ -1,0 +1,35 @@
+#pragma once
+
+#include "engine/VelExport.h"
+
+#include <memory>
+
+namespace velmora::sdk::integration {
+
+class KeyEventInterface;
+class KeyEventListenerInterface;
+class KeyEventObservableInterface;
+
+namespace intern {
+
+/// Keeps the keyboard listeners of one producer and notifies them in the order they were added.
+class VELMORA_PLATFORM_EXPORT KeyEventObservable {
+public:
+    KeyEventObservable();
+    ~KeyEventObservable();
+    KeyEventObservable(const KeyEventObservable&) = delete;
+    KeyEventObservable& operator=(const KeyEventObservable&) = delete;
+
+    void addListener(KeyEventListenerInterface* listener);
+    void removeListener(KeyEventListenerInterface* listener);
+
+    void notifyOfKeyPressed(KeyEventInterface& event, KeyEventObservableInterface& source);
+    void notifyOfKeyReleased(KeyEventInterface& event, KeyEventObservableInterface& source);
+
+private:
+    struct Impl;
+    std::unique_ptr<Impl> m_impl;
+};
+
+} // namespace intern
+} // namespace velmora::sdk::integration

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "engine/VelExport.h"
+
+#include <memory>
+
+namespace velmora::sdk::integration {
+
+class MouseEventInterface;
+class MouseEventListenerInterface;
+class MouseEventObservableInterface;
+
+namespace intern {
+
+/// Keeps the mouse listeners of one producer and notifies them in the order they were added.
+class VELMORA_PLATFORM_EXPORT MouseEventObservable {
+public:
+    MouseEventObservable();
+    ~MouseEventObservable();
+    MouseEventObservable(const MouseEventObservable&) = delete;
+    MouseEventObservable& operator=(const MouseEventObservable&) = delete;
+
+    void addListener(MouseEventListenerInterface* listener);
+    void removeListener(MouseEventListenerInterface* listener);
+
+    void notifyOfMouseMoved(MouseEventInterface& event, MouseEventObservableInterface& source);
+    void notifyOfButtonPressed(MouseEventInterface& event, MouseEventObservableInterface& source);
+    void notifyOfButtonReleased(MouseEventInterface& event, MouseEventObservableInterface& source);
+    void notifyOfButtonDoublePressed(MouseEventInterface& event, MouseEventObservableInterface& source);
+
+private:
+    struct Impl;
+    std::unique_ptr<Impl> m_impl;
+};
+
+} // namespace intern
+} // namespace velmora::sdk::integration

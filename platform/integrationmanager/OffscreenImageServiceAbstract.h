@@ -1,0 +1,23 @@
+#pragma once
+
+#include "engine/VelExport.h"
+#include "interfaces/services/OffscreenImageServiceInterface.h"
+#include "interfaces/services/ServiceInterface.h"
+
+namespace velmora::sdk::integration::services {
+
+/// Lets the engine reach a off-screen image service.
+class VELMORA_PLATFORM_EXPORT OffscreenImageServiceAbstract : public virtual OffscreenImageServiceInterface,
+                                                              public virtual ServiceInterface {
+public:
+    void registerCallbacks() override;
+    void makeCurrent() override;
+    ~OffscreenImageServiceAbstract() override;
+
+protected:
+    OffscreenImageServiceAbstract();
+    OffscreenImageServiceAbstract(const OffscreenImageServiceAbstract&) = delete;
+    OffscreenImageServiceAbstract& operator=(const OffscreenImageServiceAbstract&) = delete;
+};
+
+} // namespace velmora::sdk::integration::services

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace velmora::ui {
+
+/// Shows a modal file dialog and returns true when the person confirmed it.
+///
+/// `selected` receives the chosen names (UTF-8, absolute) and `filterIndex` the number of the filter
+/// in force. `title` is the dialog's title. `filters` are name filters in the form
+/// "Tables (*.csv *.txt)". `offered` may hold one file or folder to begin with. `multiple` lets the
+/// person choose several files; `save` asks for a new name instead of an existing file;
+/// `initialFilter` is the number of the filter to begin with.
+__attribute__((visibility("default"))) bool LaunchFileDialog(std::vector<std::string>& selected, int& filterIndex,
+                                                             const std::string& title,
+                                                             const std::vector<std::string>& filters,
+                                                             const std::vector<std::string>& offered, bool multiple,
+                                                             bool save, int initialFilter);
+
+} // namespace velmora::ui

@@ -1,0 +1,259 @@
+#include "integration/Manager.h"
+#include "exception/ExceptionBase.h"
+#include "interfaces/ApplicationEventMonitorInterface.h"
+#include "interfaces/ServiceRepositoryInterface.h"
+#include "testing/EngineProbe.h"
+
+#include <QApplication>
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <memory>
+
+// Each case runs in a process of its own: there is one manager a process, and its end is at exit.
+
+using namespace velmora::sdk::integration;
+using velmora::testing::EngineProbe;
+
+namespace {
+
+std::vector<std::string> registered()
+{
+    std::vector<std::string> names;
+    for (const std::string& entry : EngineProbe::log())
+        if (entry.compare(0, 11, "addService ") == 0)
+            names.push_back(entry.substr(11));
+    return names;
+}
+
+std::vector<std::string> destroyed()
+{
+    std::vector<std::string> names;
+    for (const std::string& entry : EngineProbe::log())
+        if (entry[0] == '~')
+            names.push_back(entry.substr(1));
+    return names;
+}
+
+void printDestroyed()
+{
+    for (const std::string& name : destroyed())
+        std::fprintf(stderr, "%s ", name.c_str());
+    std::fprintf(stderr, "end\n");
+    std::fflush(stderr);
+}
+
+} // namespace
+
+namespace {
+
+int twoCallsReturnTheSameManagerAndTheSecondConstructsNothing()
+{
+    EngineProbe::startLog();
+    Manager& first = Manager::getInstance();
+    EngineProbe::clearLog();
+    Manager& second = Manager::getInstance();
+    return &first == &second && EngineProbe::log().empty() ? 0 : 1;
+}
+
+} // namespace
+
+TEST(ManagerDeathTest, TwoCallsReturnTheSameManagerAndTheSecondConstructsNothing)
+{
+    EXPECT_EXIT(std::exit(twoCallsReturnTheSameManagerAndTheSecondConstructsNothing()), ::testing::ExitedWithCode(0),
+                "");
+}
+
+namespace {
+
+int theRepositoryReceivesFiveServicesInTheirOrder()
+{
+    EngineProbe::startLog();
+    Manager::getInstance();
+    const std::vector<std::string> expected = {"MessageBoxServiceInterface", "SelectFileServiceInterface",
+                                               "CursorShapeServiceInterface", "ManagerMiscServiceInterface",
+                                               "OffscreenImageServiceInterface"};
+    for (const std::string& name : registered())
+        std::fprintf(stderr, "%s ", name.c_str());
+    return registered() == expected ? 0 : 1;
+}
+
+} // namespace
+
+TEST(ManagerDeathTest, TheRepositoryReceivesFiveServicesInTheirOrder)
+{
+    EXPECT_EXIT(std::exit(theRepositoryReceivesFiveServicesInTheirOrder()), ::testing::ExitedWithCode(0), "");
+}
+
+namespace {
+
+int atExitTheServicesGoInReverseThenTheMonitorThenTheBase()
+{
+    EngineProbe::startLog();
+    std::atexit(printDestroyed);
+    Manager::getInstance();
+    return 0;
+}
+
+} // namespace
+
+TEST(ManagerDeathTest, AtExitTheServicesGoInReverseThenTheMonitorThenTheBase)
+{
+    EXPECT_EXIT(
+        std::exit(atExitTheServicesGoInReverseThenTheMonitorThenTheBase()), ::testing::ExitedWithCode(0),
+        "OffscreenImageServiceAbstract ManagerMiscServiceAbstract CursorShapeServiceAbstract "
+        "SelectFileServiceAbstract MessageBoxServiceAbstract ApplicationEventMonitorAbstract ManagerAbstract end");
+}
+
+namespace {
+
+int aThirdServiceThatThrowsUnwindsAndTheNextCallBuildsAnew()
+{
+    EngineProbe::startLog();
+    EngineProbe::throwAt("CursorShapeServiceAbstract");
+    bool thrown = false;
+    try {
+        Manager::getInstance();
+    } catch (const velmora::ExceptionBase&) {
+        thrown = true;
+    }
+    printDestroyed();
+    EngineProbe::clearLog();
+    Manager::getInstance();
+    return thrown && registered().size() == 5 ? 0 : 1;
+}
+
+} // namespace
+
+TEST(ManagerDeathTest, AThirdServiceThatThrowsUnwindsAndTheNextCallBuildsAnew)
+{
+    EXPECT_EXIT(
+        std::exit(aThirdServiceThatThrowsUnwindsAndTheNextCallBuildsAnew()), ::testing::ExitedWithCode(0),
+        "SelectFileServiceAbstract MessageBoxServiceAbstract ApplicationEventMonitorAbstract ManagerAbstract end");
+}
+
+namespace {
+
+int aBaseThatThrowsLeavesNothingBehindAndTheNextCallBuildsAnew()
+{
+    EngineProbe::startLog();
+    EngineProbe::throwAt("ManagerAbstract");
+    bool thrown = false;
+    try {
+        Manager::getInstance();
+    } catch (const velmora::ExceptionBase&) {
+        thrown = true;
+    }
+    const bool nothing = destroyed().empty();
+    Manager::getInstance();
+    return thrown && nothing && registered().size() == 5 ? 0 : 1;
+}
+
+} // namespace
+
+TEST(ManagerDeathTest, ABaseThatThrowsLeavesNothingBehindAndTheNextCallBuildsAnew)
+{
+    EXPECT_EXIT(std::exit(aBaseThatThrowsLeavesNothingBehindAndTheNextCallBuildsAnew()), ::testing::ExitedWithCode(0),
+                "");
+}
+
+namespace {
+
+int theHooksHaveNoEffect()
+{
+    Manager& manager = Manager::getInstance();
+    int heard = 0;
+    manager.connectEngineStarted([&] { ++heard; });
+    manager.connectEngineShutdownInitiated([&] { ++heard; });
+    manager.connectEngineShutdownFinished([&] { ++heard; });
+    EngineProbe::startLog();
+    manager.signalEngineStartedConnected();
+    manager.signalEngineShutdownInitiatedConnected();
+    manager.signalEngineShutdownFinishedConnected();
+    return heard == 0 && EngineProbe::log().empty() ? 0 : 1;
+}
+
+} // namespace
+
+TEST(ManagerDeathTest, TheHooksHaveNoEffect)
+{
+    EXPECT_EXIT(std::exit(theHooksHaveNoEffect()), ::testing::ExitedWithCode(0), "");
+}
+
+namespace {
+
+int anApplicationStartsAndStopsTheEngineAndTheSignalsTellOfIt()
+{
+    static int argc = 1;
+    static char name[] = "host";
+    static char* argv[] = {name, nullptr};
+    QApplication application(argc, argv);
+    Manager& manager = Manager::getInstance();
+    std::string heard;
+    manager.connectEngineStarted([&] { heard += "started "; });
+    manager.connectEngineShutdownInitiated([&] { heard += "initiated "; });
+    manager.connectEngineShutdownFinished([&] { heard += "finished"; });
+    const bool early = manager.start() == ManagerStartReturnCode_NotInitialized;
+    const bool ready = manager.init(argc, argv, "", "host") == ManagerStartReturnCode_Ok;
+    const bool runs = manager.start() == ManagerStartReturnCode_Ok;
+    const bool twice = manager.start() == ManagerStartReturnCode_AlreadyStarted;
+    manager.stop();
+    std::fprintf(stderr, "%s", heard.c_str());
+    return early && ready && runs && twice ? 0 : 1;
+}
+
+} // namespace
+
+TEST(ManagerDeathTest, AnApplicationStartsAndStopsTheEngineAndTheSignalsTellOfIt)
+{
+    EXPECT_EXIT(std::exit(anApplicationStartsAndStopsTheEngineAndTheSignalsTellOfIt()), ::testing::ExitedWithCode(0),
+                "started initiated finished");
+}
+
+namespace {
+
+int theProcessExitsCleanlyAfterTheApplicationObjectIsGone()
+{
+    static int argc = 1;
+    static char name[] = "host";
+    static char* argv[] = {name, nullptr};
+    auto application = std::make_unique<QApplication>(argc, argv);
+    Manager& manager = Manager::getInstance();
+    manager.init(argc, argv, "", "host");
+    manager.start();
+    manager.stop();
+    application.reset();
+    return 0;
+}
+
+} // namespace
+
+TEST(ManagerDeathTest, TheProcessExitsCleanlyAfterTheApplicationObjectIsGone)
+{
+    EXPECT_EXIT(std::exit(theProcessExitsCleanlyAfterTheApplicationObjectIsGone()), ::testing::ExitedWithCode(0), "");
+}
+
+namespace {
+
+int theEventMonitorIsTheManagersOwn()
+{
+    Manager& manager = Manager::getInstance();
+    ApplicationEventMonitorInterface& monitor = manager.getApplicationEventMonitor();
+    return &monitor == &manager.getApplicationEventMonitor() && !monitor.isBusy() ? 0 : 1;
+}
+
+} // namespace
+
+TEST(ManagerDeathTest, TheEventMonitorIsTheManagersOwn)
+{
+    EXPECT_EXIT(std::exit(theEventMonitorIsTheManagersOwn()), ::testing::ExitedWithCode(0), "");
+}
+
+int main(int argc, char** argv)
+{
+    ::testing::InitGoogleTest(&argc, argv);
+    ::testing::FLAGS_gtest_death_test_style = "threadsafe";
+    return RUN_ALL_TESTS();
+}

@@ -1,0 +1,454 @@
+// Keeping the event that interrupted the engine, and sending it again once the work has unwound.
+
+#include "tests/intern/MonitorFixture.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDialog>
+#include <QMainWindow>
+#include <QShortcutEvent>
+#include <QWheelEvent>
+#include <memory>
+#include <stdexcept>
+
+using namespace velmora::test;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+namespace {
+
+const std::string A = std::to_string(Qt::Key_A);
+const std::string B = std::to_string(Qt::Key_B);
+
+class InterruptedEvent : public MonitorTest {
+protected:
+    InterruptedEvent() { watch(); }
+
+    void beginInterruption()
+    {
+        monitor.busy = true;
+        monitor.interrupting = true;
+    }
+    void unwind()
+    {
+        monitor.busy = false;
+        monitor.interrupting = false;
+    }
+    /// Everything at once: the event comes during the interruption, then the work is over.
+    void interruptWith(QEvent& event, QObject& receiver)
+    {
+        beginInterruption();
+        EXPECT_TRUE(Probe::filter(monitor).eventFilter(&receiver, &event));
+        unwind();
+        journal.clear();
+    }
+    void sendTrigger(QObject& receiver)
+    {
+        QEvent event(QEvent::User);
+        QCoreApplication::sendEvent(&receiver, &event);
+    }
+    void sendKey(QObject& receiver, int key)
+    {
+        QKeyEvent event = keyEvent(QEvent::KeyRelease, key);
+        QCoreApplication::sendEvent(&receiver, &event);
+    }
+
+    Receiver<QWidget> other{"other", journal};
+};
+
+} // namespace
+
+TEST_F(InterruptedEvent, IsSentAgainBeforeTheEventThatTriggersIt)
+{
+    QKeyEvent key(QEvent::KeyPress, Qt::Key_A, Qt::NoModifier, QString("a"), true, 2);
+    QKeyEvent seen = keyEvent(QEvent::KeyPress, 0);
+    bool wasSpontaneous = true;
+    widget.onEvent = [&](QEvent& event) {
+        if (event.type() != QEvent::KeyPress)
+            return;
+        wasSpontaneous = event.spontaneous();
+        seen = static_cast<QKeyEvent&>(event);
+    };
+    beginInterruption();
+    sendSpontaneous(widget, key);
+    EXPECT_THAT(received(), IsEmpty());
+    unwind();
+    sendTrigger(other);
+    const Journal entries = received();
+    ASSERT_GE(entries.size(), 2u);
+    EXPECT_EQ(entries[entries.size() - 2], "widget: KeyPress " + A);
+    EXPECT_EQ(entries.back(), "other: User");
+    EXPECT_FALSE(wasSpontaneous);
+    EXPECT_EQ(seen.text(), QString("a"));
+    EXPECT_TRUE(seen.isAutoRepeat());
+    EXPECT_EQ(seen.count(), 2);
+}
+
+TEST_F(InterruptedEvent, OnlyTheFirstOneIsKept)
+{
+    beginInterruption();
+    sendKey(widget, Qt::Key_A);
+    sendKey(widget, Qt::Key_B);
+    unwind();
+    sendTrigger(other);
+    EXPECT_THAT(received(), ElementsAre("widget: KeyRelease " + A, "other: User"));
+}
+
+TEST_F(InterruptedEvent, WaitsWhileTheEngineIsBusy)
+{
+    beginInterruption();
+    sendKey(widget, Qt::Key_A);
+    monitor.interrupting = false;
+    sendTrigger(other);
+    EXPECT_THAT(received(), ElementsAre("other: User"));
+    unwind();
+    sendTrigger(other);
+    EXPECT_THAT(received(), ElementsAre("other: User", "widget: KeyRelease " + A, "other: User"));
+}
+
+TEST_F(InterruptedEvent, IsSentOnce)
+{
+    beginInterruption();
+    sendKey(widget, Qt::Key_A);
+    unwind();
+    sendTrigger(other);
+    journal.clear();
+    sendTrigger(other);
+    EXPECT_THAT(received(), ElementsAre("other: User"));
+}
+
+TEST_F(InterruptedEvent, TheEngineHearsOfItWhenItIsSentAgain)
+{
+    QKeyEvent key = keyEvent(QEvent::KeyRelease, Qt::Key_A);
+    interruptWith(key, widget);
+    sendTrigger(other);
+    EXPECT_THAT(journal, ElementsAre("key up " + A + " modifiers 0", "widget: KeyRelease " + A, "other: User"));
+}
+
+TEST_F(InterruptedEvent, ANewInterruptionKeepsAnew)
+{
+    for (const int key : {Qt::Key_A, Qt::Key_B}) {
+        beginInterruption();
+        sendKey(widget, key);
+        unwind();
+        sendTrigger(other);
+    }
+    EXPECT_THAT(received(),
+                ElementsAre("widget: KeyRelease " + A, "other: User", "widget: KeyRelease " + B, "other: User"));
+}
+
+TEST_F(InterruptedEvent, AShortcutComesBackAsAKeyPress)
+{
+    QShortcutEvent shortcut(QKeySequence(Qt::CTRL + Qt::Key_S), 1);
+    interruptWith(shortcut, widget);
+    sendTrigger(other);
+    const Journal entries = received();
+    ASSERT_GE(entries.size(), 2u);
+    EXPECT_EQ(entries[entries.size() - 2], "widget: KeyPress " + std::to_string(Qt::CTRL + Qt::Key_S));
+}
+
+TEST_F(InterruptedEvent, APaintAsTheFirstTakesThePlaceAndNothingIsSentAgain)
+{
+    beginInterruption();
+    QEvent paint(QEvent::Paint);
+    EXPECT_TRUE(Probe::filter(monitor).eventFilter(&widget, &paint));
+    sendKey(widget, Qt::Key_A);
+    unwind();
+    sendTrigger(other);
+    EXPECT_THAT(received(), ElementsAre("other: User"));
+    EXPECT_FALSE(Probe::filter(monitor).hasInterruptedEvent());
+    EXPECT_EQ(Probe::dispatching(monitor), nullptr);
+    EXPECT_FALSE(Probe::isWatching(monitor));
+}
+
+TEST_F(InterruptedEvent, ATimerOfAPlainWidgetAsTheFirstTakesThePlaceToo)
+{
+    QTimerEvent timer(12345);
+    interruptWith(timer, widget);
+    EXPECT_TRUE(Probe::filter(monitor).hasInterruptedEvent());
+    sendTrigger(other);
+    EXPECT_THAT(received(), ElementsAre("other: User"));
+}
+
+TEST_F(InterruptedEvent, ReceiverDestroyedBeforeFreesTheCopyAndNothingIsSent)
+{
+    auto doomed = std::make_unique<Receiver<QWidget>>("doomed", journal);
+    QKeyEvent key = keyEvent(QEvent::KeyRelease, Qt::Key_A);
+    interruptWith(key, *doomed);
+    ASSERT_NE(Probe::waiting(monitor), nullptr);
+    doomed.reset();
+    EXPECT_EQ(Probe::waiting(monitor), nullptr);
+    EXPECT_FALSE(Probe::filter(monitor).hasInterruptedEvent());
+    sendTrigger(other);
+    EXPECT_THAT(received(), ElementsAre("other: User"));
+}
+
+TEST_F(InterruptedEvent, AfterTheReceiverWasDestroyedThePlaceIsFree)
+{
+    auto doomed = std::make_unique<Receiver<QWidget>>("doomed", journal);
+    beginInterruption();
+    sendKey(*doomed, Qt::Key_A);
+    doomed.reset();
+    // What its destruction itself sends may take the place; here it is free again or taken by that.
+    unwind();
+    sendTrigger(other);
+    beginInterruption();
+    sendKey(widget, Qt::Key_B);
+    unwind();
+    journal.clear();
+    sendTrigger(other);
+    EXPECT_THAT(received(), ElementsAre("widget: KeyRelease " + B, "other: User"));
+}
+
+TEST_F(InterruptedEvent, ReceiverDestroyedDuringItsDeliveryIsLeftAlone)
+{
+    const QEvent::Type types[] = {QEvent::KeyRelease, QEvent::Close};
+    for (const QEvent::Type type : types) {
+        auto* doomed = new Receiver<QMainWindow>("doomed", journal); // deletes itself below
+        doomed->onEvent = [doomed](QEvent&) { delete doomed; };
+        QKeyEvent key = keyEvent(QEvent::KeyRelease, Qt::Key_A);
+        QCloseEvent close;
+        QEvent& event = type == QEvent::Close ? static_cast<QEvent&>(close) : key;
+        interruptWith(event, *doomed);
+        sendTrigger(other);
+        EXPECT_EQ(received().size(), 2u);
+        EXPECT_EQ(journal.back(), "other: User");
+    }
+}
+
+TEST_F(InterruptedEvent, AReceiverOfTheTriggerDestroyedByTheCopyGetsNothing)
+{
+    auto doomed = std::make_unique<Receiver<QWidget>>("doomed", journal);
+    widget.onEvent = [&](QEvent&) { doomed.reset(); };
+    QKeyEvent key = keyEvent(QEvent::KeyRelease, Qt::Key_A);
+    interruptWith(key, widget);
+    QEvent event(QEvent::User);
+    EXPECT_TRUE(Probe::filter(monitor).eventFilter(doomed.get(), &event));
+    EXPECT_THAT(received(), ElementsAre("widget: KeyRelease " + A));
+    EXPECT_EQ(Probe::parked(monitor), nullptr);
+}
+
+TEST_F(InterruptedEvent, IsRecognisedOnlyAsItselfAndOnlyDuringItsDelivery)
+{
+    auto& filter = Probe::filter(monitor);
+    QKeyEvent key = keyEvent(QEvent::KeyRelease, Qt::Key_A);
+    bool recognised = false;
+    const QEvent* copy = nullptr;
+    widget.onEvent = [&](QEvent& event) {
+        copy = &event;
+        recognised = filter.isDispatchingInterruptedEvent(event) && !filter.isDispatchingInterruptedEvent(key);
+    };
+    interruptWith(key, widget);
+    ASSERT_NE(Probe::waiting(monitor), nullptr);
+    EXPECT_FALSE(filter.isDispatchingInterruptedEvent(*Probe::waiting(monitor)));
+    sendTrigger(other);
+    EXPECT_TRUE(recognised);
+    ASSERT_NE(copy, nullptr);
+    EXPECT_NE(Probe::dispatching(monitor), copy);
+}
+
+TEST_F(InterruptedEvent, IsDeliveredThoughAStopIsWantedAgain)
+{
+    QWheelEvent wheel(QPoint(), QPoint(), 120, Qt::NoButton, Qt::NoModifier, Qt::Vertical);
+    QKeyEvent key = keyEvent(QEvent::KeyRelease, Qt::Key_A);
+    QMouseEvent press = mouseEvent(QEvent::MouseButtonPress, Qt::LeftButton);
+    for (QEvent* event : {static_cast<QEvent*>(&wheel), static_cast<QEvent*>(&key), static_cast<QEvent*>(&press)}) {
+        interruptWith(*event, widget);
+        monitor.interrupting = true;
+        sendTrigger(other);
+        EXPECT_EQ(received().size(), 1u) << describe(*event);
+        // The trigger itself took the place; it cannot be copied.
+        unwind();
+        sendTrigger(other);
+    }
+}
+
+TEST_F(InterruptedEvent, ItDoesNotUseUpTheDiscard)
+{
+    QKeyEvent key = keyEvent(QEvent::KeyRelease, Qt::Key_A);
+    interruptWith(key, widget);
+    monitor.discardNext();
+    sendTrigger(other);
+    EXPECT_THAT(received(), ElementsAre("widget: KeyRelease " + A));
+    EXPECT_FALSE(monitor.isDiscarding());
+}
+
+TEST_F(InterruptedEvent, AMousePressTellsTheStateAgainButIsNotNew)
+{
+    QMouseEvent press = mouseEvent(QEvent::MouseButtonPress, Qt::LeftButton);
+    beginInterruption();
+    sendSpontaneous(widget, press);
+    EXPECT_THAT(journal, ElementsAre("state 1 down", "new, not visible"));
+    unwind();
+    journal.clear();
+    sendTrigger(other);
+    EXPECT_THAT(journal, ElementsAre("state 1 down", "pressed 1 at 3,4 modifiers 0",
+                                     "widget: MouseButtonPress 1 at 3,4", "other: User"));
+}
+
+TEST_F(InterruptedEvent, TheParkedEventIsDeliveredOnceWhenTheCopyStartsEngineWork)
+{
+    widget.onEvent = [&](QEvent&) {
+        monitor.busy = true;
+        monitor.processWhileBusy_Internal();
+        journal.push_back("worked");
+        monitor.busy = false;
+    };
+    QKeyEvent key = keyEvent(QEvent::KeyRelease, Qt::Key_A);
+    interruptWith(key, widget);
+    QEvent event(QEvent::User);
+    sendSpontaneous(other, event);
+    EXPECT_THAT(received(), ElementsAre("widget: KeyRelease " + A, "other: User"));
+    EXPECT_EQ(journal.back(), "worked");
+    EXPECT_FALSE(event.spontaneous());
+}
+
+TEST_F(InterruptedEvent, TheParkedEventMayPumpItself)
+{
+    const auto pump = [&](QEvent&) {
+        monitor.busy = true;
+        monitor.processWhileBusy_Internal();
+        monitor.busy = false;
+    };
+    widget.onEvent = pump;
+    other.onEvent = pump;
+    QKeyEvent key = keyEvent(QEvent::KeyRelease, Qt::Key_A);
+    interruptWith(key, widget);
+    sendTrigger(other);
+    EXPECT_THAT(received(), ElementsAre("widget: KeyRelease " + A, "other: User"));
+}
+
+TEST_F(InterruptedEvent, AParkedEventWhoseReceiverIsGoneIsDropped)
+{
+    auto doomed = std::make_unique<Receiver<QWidget>>("doomed", journal);
+    widget.onEvent = [&](QEvent&) {
+        doomed.reset();
+        monitor.processWhileBusy_Internal();
+    };
+    QKeyEvent key = keyEvent(QEvent::KeyRelease, Qt::Key_A);
+    interruptWith(key, widget);
+    QEvent event(QEvent::User);
+    EXPECT_TRUE(Probe::filter(monitor).eventFilter(doomed.get(), &event));
+    EXPECT_THAT(received(), ElementsAre("widget: KeyRelease " + A));
+}
+
+TEST_F(InterruptedEvent, AnEventParkedInsideAnotherLosesNeither)
+{
+    widget.onEvent = [&](QEvent&) {
+        widget.onEvent = nullptr;
+        // Interrupted once more during the handling of the copy, without a turn of the application.
+        beginInterruption();
+        sendKey(widget, Qt::Key_B);
+        unwind();
+        sendTrigger(widget);
+    };
+    QKeyEvent key = keyEvent(QEvent::KeyRelease, Qt::Key_A);
+    interruptWith(key, widget);
+    sendTrigger(other);
+    EXPECT_THAT(received(),
+                ElementsAre("widget: KeyRelease " + A, "widget: KeyRelease " + B, "widget: User", "other: User"));
+}
+
+TEST_F(InterruptedEvent, WhileOneWaitsTheApplicationGetsNoTurn)
+{
+    QCoreApplication::postEvent(&other, new QEvent(QEvent::User)); // the queue owns it
+    beginInterruption();
+    sendKey(widget, Qt::Key_A);
+    monitor.processWhileBusy_Internal();
+    EXPECT_THAT(received(), IsEmpty());
+    EXPECT_TRUE(Probe::filter(monitor).hasInterruptedEvent());
+    unwind();
+    monitor.processWhileBusy_Internal();
+    EXPECT_THAT(received(), IsEmpty());
+    QCoreApplication::sendPostedEvents();
+    EXPECT_THAT(received(), ElementsAre("widget: KeyRelease " + A, "other: User"));
+}
+
+TEST_F(InterruptedEvent, WithoutOneTheApplicationGetsItsTurn)
+{
+    QCoreApplication::postEvent(&other, new QEvent(QEvent::User)); // the queue owns it
+    monitor.busy = true;
+    monitor.processWhileBusy_Internal();
+    EXPECT_THAT(received(), ElementsAre("other: User"));
+}
+
+TEST_F(InterruptedEvent, AMainWindowsClosingEndsTheApplication)
+{
+    Receiver<QMainWindow> window("window", journal);
+    QCloseEvent close;
+    interruptWith(close, window);
+    QApplication::setQuitOnLastWindowClosed(true);
+    sendTrigger(other);
+    EXPECT_FALSE(QApplication::quitOnLastWindowClosed());
+}
+
+TEST_F(InterruptedEvent, AMainWindowThatRefusesToCloseDoesNot)
+{
+    Receiver<QMainWindow> window("window", journal);
+    window.onEvent = [](QEvent& event) { event.ignore(); };
+    QCloseEvent close;
+    interruptWith(close, window);
+    QApplication::setQuitOnLastWindowClosed(true);
+    sendTrigger(other);
+    EXPECT_TRUE(QApplication::quitOnLastWindowClosed());
+    QApplication::setQuitOnLastWindowClosed(false);
+}
+
+TEST_F(InterruptedEvent, ADialogsClosingDoesNot)
+{
+    Receiver<QDialog> dialog("dialog", journal);
+    QCloseEvent close;
+    interruptWith(close, dialog);
+    QApplication::setQuitOnLastWindowClosed(true);
+    sendTrigger(other);
+    EXPECT_THAT(received(), ElementsAre("dialog: Close", "other: User"));
+    EXPECT_TRUE(QApplication::quitOnLastWindowClosed());
+    QApplication::setQuitOnLastWindowClosed(false);
+}
+
+TEST_F(InterruptedEvent, AnExceptionDuringItsDeliveryPassesAndLeavesNothingParked)
+{
+    widget.onEvent = [](QEvent&) { throw std::runtime_error("refused"); };
+    // Not a key: the toolkit itself loses a guarded pointer when a key's handler throws.
+    QCloseEvent close;
+    interruptWith(close, widget);
+    EXPECT_THROW(sendTrigger(other), std::runtime_error);
+    EXPECT_EQ(Probe::parked(monitor), nullptr);
+    EXPECT_NE(Probe::dispatching(monitor), nullptr);
+    widget.onEvent = nullptr;
+    // The next one is sent as if nothing had been, and ends that state.
+    QKeyEvent next = keyEvent(QEvent::KeyRelease, Qt::Key_B);
+    interruptWith(next, widget);
+    sendTrigger(other);
+    EXPECT_THAT(received(), ElementsAre("widget: KeyRelease " + B, "other: User"));
+    EXPECT_EQ(Probe::dispatching(monitor), nullptr);
+}
+
+TEST_F(InterruptedEvent, ACopyThatStillWaitsOutlivesTheMonitor)
+{
+    QKeyEvent key = keyEvent(QEvent::KeyRelease, Qt::Key_A);
+    std::unique_ptr<QEvent> copy;
+    {
+        SteeredMonitor second;
+        second.busy = true;
+        second.interrupting = true;
+        EXPECT_TRUE(Probe::filter(second).eventFilter(&widget, &key));
+        copy.reset(Probe::waiting(second));
+    }
+    // Freed here; a monitor that frees it as well would be found out by the allocator.
+    EXPECT_EQ(describe(*copy), "KeyRelease " + A);
+}
+
+TEST_F(InterruptedEvent, StopLeavesItWaitingAndStartSendsIt)
+{
+    beginInterruption();
+    sendKey(widget, Qt::Key_A);
+    monitor.stop();
+    unwind();
+    sendTrigger(other);
+    EXPECT_TRUE(Probe::filter(monitor).hasInterruptedEvent());
+    monitor.start();
+    journal.clear();
+    sendTrigger(other);
+    EXPECT_THAT(received(), ElementsAre("widget: KeyRelease " + A, "other: User"));
+}

@@ -1,0 +1,78 @@
+// A host whose window is closed by the window manager while the engine works. It goes busy in the
+// window's first turn, is interrupted by the closing, unwinds, and must then end by itself with exit
+// code 0. Any other end is an error: 1 when the work was never interrupted, 2 when the loop did not
+// end in time.
+
+#include "integration/Manager.h"
+#include "integration/intern/ApplicationEventMonitor.h"
+#include "testing/EngineProbe.h"
+#include "tests/support/Wait.h"
+#include "tests/support/XInput.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QMainWindow>
+#include <QTimerEvent>
+#include <cstdio>
+#include <cstdlib>
+
+using namespace velmora::sdk::integration;
+using velmora::testing::EngineProbe;
+
+namespace {
+
+/// A window in whose first timer event the engine works.
+class Window : public QMainWindow {
+public:
+    explicit Window(intern::ApplicationEventMonitor& monitor) : m_monitor(monitor) { m_timer = startTimer(0); }
+
+protected:
+    void timerEvent(QTimerEvent* event) override
+    {
+        killTimer(event->timerId());
+        if (event->timerId() != m_timer)
+            std::exit(2);
+        velmora::test::closeByWindowManager(*this);
+        work();
+        // If nothing ends the application within ten seconds.
+        startTimer(10000);
+    }
+
+private:
+    void work()
+    {
+        EngineProbe::setBusy(true);
+        QElapsedTimer clock;
+        clock.start();
+        bool stopped = false;
+        while (!stopped && clock.elapsed() < 10000)
+            stopped = m_monitor.processWhileBusy();
+        if (!stopped || !isVisible())
+            std::exit(1);
+        EngineProbe::setBusy(false);
+    }
+
+    intern::ApplicationEventMonitor& m_monitor;
+    int m_timer;
+};
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    // Quitting with the last window would end the loop in any case and prove nothing.
+    application.setQuitOnLastWindowClosed(false);
+    auto& monitor = dynamic_cast<intern::ApplicationEventMonitor&>(Manager::getInstance().getApplicationEventMonitor());
+    monitor.start();
+    int result = 0;
+    {
+        Window window(monitor);
+        if (!velmora::test::showAndWait(window))
+            return 3;
+        result = QApplication::exec();
+    }
+    monitor.stop();
+    std::printf("the event loop ended with %d\n", result);
+    return result;
+}

@@ -1,0 +1,203 @@
+#include "integration/offscreen/OffscreenImagePBuffer.h"
+#include "exception/ExceptionBase.h"
+#include "testing/EngineProbe.h"
+#include "tests/offscreen/EngineStandIn.h"
+#include "tests/offscreen/ImageKinds.h"
+#include "tests/offscreen/TestPicture.h"
+#include "tests/support/Pixels.h"
+
+#include <QGLFramebufferObject>
+#include <QGLWidget>
+#include <gtest/gtest.h>
+
+namespace velmora::test {
+namespace {
+
+using namespace sdk::integration;
+using intern::OffscreenImagePBuffer;
+
+/// What OpenGL says about the buffer while it is drawn into.
+int valueWhileDrawing(OffscreenImagePBuffer& image, GLenum name)
+{
+    int value = -1;
+    renderImage(ImageKind::PixelBuffer, image, [&](const GLTable& gl, int, int) { value = gl.integer(name); });
+    return value;
+}
+
+int samplesFor(int configured)
+{
+    const ImageSetting setting("MaxMultiSamples", configured);
+    OffscreenImagePBuffer image(32, 32);
+    return image.isValid() ? valueWhileDrawing(image, GL_SAMPLES) : -1;
+}
+
+/// How many pixels are neither black nor white where a white shape has a slanted edge.
+int smoothedPixels(int configuredSamples)
+{
+    const ImageSetting setting("MaxMultiSamples", configuredSamples);
+    OffscreenImagePBuffer image(64, 64);
+    renderImage(ImageKind::PixelBuffer, image, drawDiagonal);
+    const QImage pixels = image.toImage();
+    return 64 * 64 - countColor(pixels, qRgb(0, 0, 0)) - countColor(pixels, qRgb(255, 255, 255));
+}
+
+TEST(OffscreenImagePBuffer, TheConfiguredSamplesAreTaken)
+{
+    EXPECT_EQ(samplesFor(0), 0);
+    EXPECT_EQ(samplesFor(4), 4);
+}
+
+TEST(OffscreenImagePBuffer, SamplesSmoothSlantedEdges)
+{
+    EXPECT_EQ(smoothedPixels(0), 0);
+    EXPECT_GT(smoothedPixels(4), 30);
+}
+
+TEST(OffscreenImagePBuffer, MoreSamplesThanTheDriverOffersYieldThePlainFormatAndTheRightPicture)
+{
+    const ImageSetting setting("MaxMultiSamples", 64);
+    OffscreenImagePBuffer image(50, 40);
+    ASSERT_TRUE(image.isValid());
+    EXPECT_EQ(valueWhileDrawing(image, GL_SAMPLES), 0);
+    renderImage(ImageKind::PixelBuffer, image, [](const GLTable& gl, int w, int h) { drawTiles(gl, w, h); });
+    EXPECT_EQ(differingFraction(image.toImage(), tiles(50, 40), 0), 0.0);
+}
+
+TEST(OffscreenImagePBuffer, NegativeConfiguredValuesAreIgnored)
+{
+    const ImageSetting depth("DepthBufferSize", -24);
+    const ImageSetting samples("MaxMultiSamples", -4);
+    const ImageSetting accumulation("MaxAccumBufferSize", -16);
+    OffscreenImagePBuffer image(32, 32);
+    ASSERT_TRUE(image.isValid());
+    EXPECT_EQ(valueWhileDrawing(image, GL_SAMPLES), 0);
+    EXPECT_GT(valueWhileDrawing(image, GL_DEPTH_BITS), 0);
+}
+
+TEST(OffscreenImagePBuffer, TheConfiguredDepthIsThere)
+{
+    const ImageSetting depth("DepthBufferSize", 24);
+    OffscreenImagePBuffer image(32, 32);
+    EXPECT_GE(valueWhileDrawing(image, GL_DEPTH_BITS), 24);
+}
+
+TEST(OffscreenImagePBuffer, ASettingThatCannotBeReadIsNotApplied)
+{
+    testing::EngineProbe::failStyleReads("Interface/OpenGLConfig/ImageRendering/MaxMultiSamples");
+    const ImageSetting setting("MaxMultiSamples", 4);
+    OffscreenImagePBuffer image(32, 32);
+    EXPECT_EQ(valueWhileDrawing(image, GL_SAMPLES), 0);
+    testing::EngineProbe::reset();
+}
+
+TEST(OffscreenImagePBuffer, ExceptionsOfTheConfigurationPassThrough)
+{
+    testing::EngineProbe::throwAt("ArgList");
+    EXPECT_THROW(OffscreenImagePBuffer(32, 32), ExceptionBase);
+    testing::EngineProbe::reset();
+}
+
+TEST(OffscreenImagePBuffer, ASizeThatNoDriverCanGiveYieldsNoBuffer)
+{
+    for (const QSize& size : {QSize(100000, 10), QSize(10, 100000), QSize(2000000000, 2000000000), QSize(0, 10),
+                              QSize(10, 0), QSize(-10, 10)})
+        EXPECT_FALSE(OffscreenImagePBuffer(size.width(), size.height()).isValid())
+            << size.width() << "x" << size.height();
+}
+
+TEST(OffscreenImagePBuffer, OnlyTheAnswer1OfTheEngineCountsAsRendered)
+{
+    OffscreenImagePBuffer image(8, 8);
+    for (const int answer : {0, 1, 2, -1}) {
+        const EngineDraws drawing([&](ExportRegion_e, OffscreenImageInterface&) { return answer; });
+        EXPECT_EQ(image.render(ExportRegion_Page), answer == 1) << answer;
+    }
+}
+
+TEST(OffscreenImagePBuffer, BeingCreatedLeavesTheCurrentContextCurrent)
+{
+    QGLWidget widget;
+    widget.makeCurrent();
+    const ImageSetting setting("MaxMultiSamples", 4);
+    const OffscreenImagePBuffer image(32, 32);
+    EXPECT_EQ(QGLContext::currentContext(), widget.context());
+}
+
+TEST(OffscreenImagePBuffer, BeingDestroyedWhileCurrentLeavesNothingOfItCurrent)
+{
+    QGLWidget widget;
+    {
+        OffscreenImagePBuffer image(32, 32);
+        EXPECT_TRUE(image.getGLContext().setCurrentGL());
+    }
+    EXPECT_EQ(QGLContext::currentContext(), nullptr);
+    widget.makeCurrent();
+    EXPECT_NE(glGetString(GL_VERSION), nullptr);
+}
+
+class WhatTheDrawingLeavesBehind : public ::testing::TestWithParam<int> {
+protected:
+    /// The picture of an image whose drawing ends with `leave`.
+    QImage pictureAfter(const std::function<void(const GLTable&)>& leave)
+    {
+        const ImageSetting setting("MaxMultiSamples", GetParam());
+        OffscreenImagePBuffer image(51, 37);
+        renderImage(ImageKind::PixelBuffer, image, [&](const GLTable& gl, int w, int h) {
+            drawTiles(gl, w, h);
+            leave(gl);
+        });
+        return image.toImage();
+    }
+};
+
+INSTANTIATE_TEST_SUITE_P(SamplesOf, WhatTheDrawingLeavesBehind, ::testing::Values(0, 4));
+
+TEST_P(WhatTheDrawingLeavesBehind, AScissorDoesNotCutThePicture)
+{
+    const QImage picture = pictureAfter([](const GLTable& gl) {
+        gl.enable(GL_SCISSOR_TEST);
+        gl.scissor(3, 4, 5, 6);
+    });
+    EXPECT_EQ(differingFraction(picture, tiles(51, 37), 0), 0.0);
+}
+
+TEST_P(WhatTheDrawingLeavesBehind, PixelStorageModesDoNotShearThePicture)
+{
+    const QImage picture = pictureAfter([](const GLTable& gl) {
+        gl.pixelStorei(GL_PACK_ALIGNMENT, 8);
+        gl.pixelStorei(GL_PACK_ROW_LENGTH, 40);
+        gl.pixelStorei(GL_PACK_SKIP_ROWS, 2);
+        gl.pixelStorei(GL_PACK_SKIP_PIXELS, 3);
+    });
+    EXPECT_EQ(differingFraction(picture, tiles(51, 37), 0), 0.0);
+}
+
+TEST_P(WhatTheDrawingLeavesBehind, AFramebufferOfTheEnginesOwnIsNotWhatIsRead)
+{
+    std::unique_ptr<QGLFramebufferObject> own;
+    const ImageSetting setting("MaxMultiSamples", GetParam());
+    OffscreenImagePBuffer image(51, 37);
+    renderImage(ImageKind::PixelBuffer, image, [&](const GLTable& gl, int w, int h) {
+        drawTiles(gl, w, h);
+        own = std::make_unique<QGLFramebufferObject>(w, h);
+        own->bind();
+        drawCorner(gl, w, h);
+    });
+    EXPECT_EQ(differingFraction(image.toImage(), tiles(51, 37), 0), 0.0);
+    own.reset();
+}
+
+TEST_P(WhatTheDrawingLeavesBehind, ReadingTwiceAndDrawingBetweenGivesEachPicture)
+{
+    const ImageSetting setting("MaxMultiSamples", GetParam());
+    OffscreenImagePBuffer image(51, 37);
+    for (const int variant : {0, 1, 2}) {
+        renderImage(ImageKind::PixelBuffer, image,
+                    [&](const GLTable& gl, int w, int h) { drawTiles(gl, w, h, variant); });
+        EXPECT_EQ(differingFraction(image.toImage(), tiles(51, 37, variant), 0), 0.0);
+        EXPECT_EQ(differingFraction(image.toImage(), tiles(51, 37, variant), 0), 0.0);
+    }
+}
+
+} // namespace
+} // namespace velmora::test

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "tests/platform/page/MesaSurface.h"
+
+#include <string>
+#include <vector>
+
+namespace velmora::test {
+
+/// A PNG file as libpng reads it, without any conversion.
+struct PngPicture {
+    int width = 0;
+    int height = 0;
+    int bitDepth = 0;
+    bool isRgb = false;
+    unsigned dotsPerMetre = 0;
+    std::vector<unsigned char> bytes; ///< RGB from the top
+    std::string problem;              ///< empty for a file without an error and without a warning
+
+    Pixel at(int x, int yFromTop) const;
+    int countOther(const Pixel& colour) const;
+};
+
+PngPicture readPng(const std::string& fileName);
+
+} // namespace velmora::test

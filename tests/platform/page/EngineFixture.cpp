@@ -1,0 +1,169 @@
+#include "tests/platform/page/EngineFixture.h"
+
+#include "engine/VelEng.h"
+#include "engine/VelUtil.h"
+#include "engine/style/VelArgList.h"
+#include "engine/style/VelStyle.h"
+#include "testing/EngineProbe.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
+namespace velmora::test {
+namespace {
+
+EngineFixture* self(long clientData)
+{
+    return reinterpret_cast<EngineFixture*>(clientData);
+}
+
+std::string newFolder()
+{
+    std::string pattern = (std::filesystem::temp_directory_path() / "velmora-page-XXXXXX").string();
+    return mkdtemp(pattern.data());
+}
+
+/// An argument list that names a style path.
+class PathArguments {
+public:
+    explicit PathArguments(const std::vector<std::string>& words) : m_list(VelArgListCreate())
+    {
+        for (std::size_t i = 0; i < words.size(); ++i)
+            VelArgListAppendString(m_list, ("Word" + std::to_string(i + 1)).c_str(), words[i].c_str());
+    }
+    ~PathArguments() { VelArgListDestroy(m_list); }
+    PathArguments(const PathArguments&) = delete;
+    PathArguments& operator=(const PathArguments&) = delete;
+    VelArgList* list() const { return m_list; }
+
+private:
+    VelArgList* m_list;
+};
+
+} // namespace
+
+EngineFixture::EngineFixture() : m_folder(newFolder())
+{
+    testing::EngineProbe::reset();
+    VelEngStart("", "page tests");
+    registerCallbacks();
+}
+
+EngineFixture::~EngineFixture()
+{
+    VelEngStop();
+    VelEngProcessWhileBusyRegisterCallback(nullptr, 0);
+    VelEngEngineNotBusyRegisterCallback(nullptr, 0);
+    VelEngTurnWantedRegisterCallback(nullptr, 0);
+    VelEngProgressRegisterCallback(nullptr, 0);
+    testing::EngineProbe::reset();
+    std::filesystem::remove_all(m_folder);
+}
+
+void EngineFixture::registerCallbacks()
+{
+    const long data = reinterpret_cast<long>(this);
+    VelEngProcessWhileBusyRegisterCallback(turn, data);
+    VelEngEngineNotBusyRegisterCallback(notBusy, data);
+    VelEngTurnWantedRegisterCallback(turnWanted, data);
+    VelEngProgressRegisterCallback(heardProgress, data);
+}
+
+int EngineFixture::turn(long clientData)
+{
+    ++self(clientData)->turns;
+    self(clientData)->busyInTurns += VelUtilIsBusy();
+    // A copy: it may give itself another one.
+    const std::function<int()> act = self(clientData)->inTurn;
+    return act();
+}
+
+void EngineFixture::notBusy(long clientData)
+{
+    ++self(clientData)->notBusyCalls;
+    self(clientData)->busyWhenTold += VelUtilIsBusy();
+    self(clientData)->whenNotBusy();
+}
+
+void EngineFixture::turnWanted(long clientData)
+{
+    ++self(clientData)->turnWishes;
+}
+
+void EngineFixture::heardProgress(const char*, double fraction, long clientData)
+{
+    self(clientData)->progress.push_back(fraction);
+}
+
+std::string EngineFixture::write(const std::string& name, const std::string& content)
+{
+    const std::string path = m_folder + "/" + name;
+    std::ofstream(path) << content;
+    return path;
+}
+
+std::string EngineFixture::tableFile()
+{
+    std::string text = "x,a,b\n";
+    for (int i = 0; i < 400; ++i)
+        text += std::to_string(i) + "," + std::to_string(i % 37) + "," + std::to_string(40 - i % 23) + "\n";
+    return write("lines.csv", text);
+}
+
+std::string EngineFixture::gridFile()
+{
+    constexpr int Size = 120;
+    const std::string size = std::to_string(Size);
+    std::string text = "ncols " + size + "\nnrows " + size + "\nxllcorner 0\nyllcorner 0\ncellsize 1\n";
+    for (int row = 0; row < Size; ++row)
+        for (int column = 0; column < Size; ++column)
+            text += std::to_string((row * column) % 60) + (column == Size - 1 ? "\n" : " ");
+    return write("heights.asc", text);
+}
+
+void EngineFixture::load(const std::string& fileName)
+{
+    ASSERT_EQ(VelUtilDataLoad(fileName.c_str()), 1) << VelUtilLastErrorMessage();
+}
+
+void EngineFixture::slowDown()
+{
+    setStyle({"Interface", "DrawingDelay"}, 2000);
+}
+
+void EngineFixture::setStyle(const std::vector<std::string>& words, double value)
+{
+    const PathArguments path(words);
+    VelArgListAppendArbParam(path.list(), "IValue", static_cast<long>(value));
+    VelArgListAppendDouble(path.list(), "DValue", value);
+    VelStyleSetLowLevel(path.list());
+}
+
+double EngineFixture::style(const std::vector<std::string>& words)
+{
+    const PathArguments path(words);
+    long whole = 0;
+    double number = 0;
+    VelArgListAppendArbParamPtr(path.list(), "IValue", &whole);
+    VelArgListAppendDoublePtr(path.list(), "DValue", &number);
+    VelStyleGetLowLevel(path.list());
+    return whole != 0 ? static_cast<double>(whole) : number;
+}
+
+int EngineFixture::show(FakeArea& area)
+{
+    area.page = VelEngPageAttachDrawArea(&area, nullptr);
+    VelEngPageExpose(area.page, 1);
+    return area.page;
+}
+
+int EngineFixture::turnUntilDone()
+{
+    int count = 0;
+    while (count < 100 && VelEngTurn() == 1)
+        ++count;
+    return count;
+}
+
+} // namespace velmora::test

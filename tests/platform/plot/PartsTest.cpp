@@ -1,0 +1,290 @@
+#include "engine/plot/Contours.h"
+#include "engine/plot/Palette.h"
+#include "engine/plot/SeriesPath.h"
+#include "engine/plot/SurfaceShape.h"
+#include "tests/platform/plot/SampleData.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <set>
+
+using namespace velmora::engine;
+using namespace velmora::engine::test;
+
+namespace {
+
+const Rect square{0, 0, 100, 100};
+
+/// All lines of a series, drawn into 0..100 both ways.
+std::vector<std::vector<StrokePoint>> linesOf(const Table& table, AxisRange x, AxisRange y,
+                                              std::vector<StrokePoint>* dots = nullptr)
+{
+    SeriesPath path(seriesOf(table).front(), {x, y, square}, 1);
+    SeriesPath::Portion portion;
+    std::vector<std::vector<StrokePoint>> lines;
+    while (path.next(portion)) {
+        lines.insert(lines.end(), portion.lines.begin(), portion.lines.end());
+        if (dots)
+            dots->insert(dots->end(), portion.dots.begin(), portion.dots.end());
+    }
+    return lines;
+}
+
+MeshPart wholeMesh(const Grid& grid, int stride)
+{
+    const SurfaceShape shape(grid);
+    const SurfaceMesh mesh(grid, shape, stride);
+    MeshPart all;
+    MeshPart part;
+    for (int row = 0; row < mesh.pieceRows(); ++row)
+        for (int column = 0; column < mesh.pieceColumns(); ++column) {
+            mesh.makePiece(column, row, part);
+            for (unsigned index : part.indices)
+                all.indices.push_back(static_cast<unsigned>(all.vertices.size()) + index);
+            all.vertices.insert(all.vertices.end(), part.vertices.begin(), part.vertices.end());
+        }
+    return all;
+}
+
+double flatArea(const MeshPart& part)
+{
+    double area = 0;
+    for (std::size_t i = 0; i < part.indices.size(); i += 3) {
+        const float* a = part.vertices[part.indices[i]].position;
+        const float* b = part.vertices[part.indices[i + 1]].position;
+        const float* c = part.vertices[part.indices[i + 2]].position;
+        area += ((b[0] - a[0]) * (c[1] - a[1]) - (b[1] - a[1]) * (c[0] - a[0])) / 2;
+    }
+    return area;
+}
+
+double flat(int, int)
+{
+    return 1;
+}
+
+} // namespace
+
+TEST(ClipLine, CutsAtTheBorder)
+{
+    Point a{-50, 50};
+    Point b{150, 50};
+    ASSERT_TRUE(clipLine(square, a, b));
+    EXPECT_DOUBLE_EQ(a.x, 0);
+    EXPECT_DOUBLE_EQ(b.x, 100);
+    Point c{-50, 60};
+    Point d{60, 170};
+    EXPECT_FALSE(clipLine(square, c, d)) << "passes the corner";
+}
+
+TEST(TriangleMeetsRect, AlsoWhenOneHoldsTheOther)
+{
+    EXPECT_TRUE(triangleMeetsRect(square, {-500, -500}, {700, -500}, {0, 900}));
+    EXPECT_TRUE(triangleMeetsRect(square, {40, 40}, {60, 40}, {50, 60}));
+    EXPECT_FALSE(triangleMeetsRect(square, {140, 40}, {160, 40}, {150, 60}));
+    EXPECT_FALSE(triangleMeetsRect(square, {90, 130}, {130, 90}, {130, 130}));
+}
+
+TEST(SeriesPath, AGapEndsALine)
+{
+    const auto table = tableOf({{1, 2, missing, 4, 5}});
+    const auto lines = linesOf(*table, {0, 4}, {0, 5});
+    ASSERT_EQ(lines.size(), 2u);
+    EXPECT_NEAR(lines[0].back().x, 25, 1e-9);
+    EXPECT_NEAR(lines[1].front().x, 75, 1e-9);
+}
+
+TEST(SeriesPath, AValueBetweenGapsIsADot)
+{
+    const auto table = tableOf({{missing, 2, missing, 4, 5}});
+    std::vector<StrokePoint> dots;
+    EXPECT_EQ(linesOf(*table, {0, 4}, {0, 5}, &dots).size(), 1u);
+    ASSERT_EQ(dots.size(), 1u);
+    EXPECT_NEAR(dots[0].x, 25, 1e-9);
+    EXPECT_NEAR(dots[0].y, 40, 1e-9);
+}
+
+TEST(SeriesPath, KeepsTheExtremesOfManyRowsInOneColumnOfPixels)
+{
+    std::vector<double> values(200000, 5);
+    values[100123] = 9;
+    values[150321] = 1;
+    const auto lines = linesOf(*tableOf({values}), {0, 200000}, {0, 10});
+    std::size_t points = 0;
+    double highest = 0;
+    double lowest = 100;
+    for (const auto& line : lines)
+        for (const StrokePoint& point : line) {
+            ++points;
+            highest = std::max(highest, point.y);
+            lowest = std::min(lowest, point.y);
+        }
+    EXPECT_LT(points, 600u);
+    EXPECT_NEAR(highest, 90, 1e-9);
+    EXPECT_NEAR(lowest, 10, 1e-9);
+}
+
+TEST(SeriesPath, CutsOffWhatIsFarOutside)
+{
+    const auto lines = linesOf(*tableOf({{0, 1e12, 0}}), {0, 2}, {0, 1});
+    ASSERT_EQ(lines.size(), 2u);
+    for (const auto& line : lines)
+        for (const StrokePoint& point : line)
+            EXPECT_LT(point.y, 200);
+}
+
+TEST(Stroke, WidthIsSpreadOnBothSidesWithASoftBorder)
+{
+    Stroke stroke(4, {0, 0, 0, 255});
+    const StrokePoint points[] = {{0, 10, 0}, {50, 10, 0}};
+    stroke.addLine(points, 2);
+    float low = 100;
+    float high = 0;
+    for (const StrokeVertex& vertex : stroke.vertices()) {
+        low = std::min(low, vertex.y);
+        high = std::max(high, vertex.y);
+        EXPECT_EQ(vertex.color.alpha, std::fabs(vertex.y - 10) > 2 ? 0 : 255);
+    }
+    EXPECT_FLOAT_EQ(low, 7.5F);
+    EXPECT_FLOAT_EQ(high, 12.5F);
+}
+
+TEST(Stroke, HairlinesArePaler)
+{
+    Stroke stroke(0.25, {0, 0, 0, 200});
+    const StrokePoint points[] = {{0, 0, 0}, {50, 0, 0}};
+    stroke.addLine(points, 2);
+    EXPECT_EQ(stroke.vertices()[1].color.alpha, 50);
+}
+
+TEST(Stroke, SpikesDoNotShootBeyondTheirPoint)
+{
+    Stroke stroke(3, {0, 0, 0, 255});
+    const StrokePoint points[] = {{0, 0, 0}, {1, 100, 0}, {2, 0, 0}};
+    stroke.addLine(points, 3);
+    for (const StrokeVertex& vertex : stroke.vertices())
+        EXPECT_LT(vertex.y, 103);
+}
+
+TEST(Stroke, PointsUponEachOtherMakeNoLine)
+{
+    Stroke stroke(3, {0, 0, 0, 255});
+    const StrokePoint points[] = {{5, 5, 0}, {5, 5, 0}, {5, 5, 0}};
+    stroke.addLine(points, 3);
+    EXPECT_TRUE(stroke.empty());
+}
+
+TEST(Palette, LineColorsDifferFromEachOtherAndFromTheSelection)
+{
+    std::set<int> greys;
+    for (std::size_t i = 0; i < 7; ++i) {
+        const Color color = lineColor(i);
+        const int distance = std::abs(color.red - palette::selected.red) +
+                             std::abs(color.green - palette::selected.green) +
+                             std::abs(color.blue - palette::selected.blue);
+        EXPECT_GT(distance, 80) << i;
+        greys.insert(color.red * 65536 + color.green * 256 + color.blue);
+    }
+    EXPECT_EQ(greys.size(), 7u);
+}
+
+TEST(Palette, HeightColorsGetBrighterUpwards)
+{
+    double last = 0;
+    for (int i = 0; i <= 20; ++i) {
+        const Color color = heightColor(i / 20.0);
+        const double brightness = 0.3 * color.red + 0.59 * color.green + 0.11 * color.blue;
+        EXPECT_GT(brightness, last);
+        last = brightness;
+    }
+}
+
+TEST(SurfaceShape, BandsAreRoundAndHoldAllHeights)
+{
+    const SurfaceShape shape(*gridOf(10, 10, [](int column, int row) { return 213.0 + column * 13 + row; }));
+    EXPECT_LE(shape.heights().from, 213);
+    EXPECT_GE(shape.heights().to, 213 + 9 * 14);
+    const double step = shape.bandEdges()[1] - shape.bandEdges()[0];
+    EXPECT_NEAR(std::remainder(shape.heights().from, step), 0, 1e-9);
+}
+
+TEST(SurfaceShape, ModerateReliefIsTrueToScaleAndFlatReliefIsRaised)
+{
+    const auto reliefOf = [](double difference) {
+        const SurfaceShape shape(*gridOf(101, 101, [=](int column, int) { return column * difference / 100; }));
+        return shape.z(difference) - shape.z(0);
+    };
+    EXPECT_NEAR(reliefOf(25), 25 / 101.0, 1e-3);
+    EXPECT_NEAR(reliefOf(0.5), 0.17, 0.02);
+    EXPECT_LE(reliefOf(120), 0.35);
+    EXPECT_NEAR(reliefOf(1e6), 0.25, 0.02) << "metres over degrees";
+}
+
+TEST(SurfaceMesh, CoversEveryCellOnceWithTrianglesThatFaceUp)
+{
+    const auto grid = gridOf(41, 41, flat);
+    const SurfaceShape shape(*grid);
+    EXPECT_NEAR(flatArea(wholeMesh(*grid, 1)), 40 * 40 * shape.stepX() * shape.stepY(), 1e-5);
+    EXPECT_NEAR(flatArea(wholeMesh(*grid, 3)), 40 * 40 * shape.stepX() * shape.stepY(), 1e-5)
+        << "the last column and row count also where the stride misses them";
+}
+
+TEST(SurfaceMesh, AGapIsAHole)
+{
+    const auto grid = gridOf(41, 41, [](int column, int row) { return column == 20 && row == 20 ? missing : 1; });
+    const SurfaceShape shape(*grid);
+    // Four cells around the gap keep the half that needs it not.
+    EXPECT_NEAR(flatArea(wholeMesh(*grid, 1)), (40 * 40 - 2) * shape.stepX() * shape.stepY(), 1e-5);
+}
+
+TEST(SurfaceMesh, ValuesWithoutNeighboursAreLevelCells)
+{
+    const auto one = gridOf(9, 9, [](int column, int row) { return column == 4 && row == 2 ? 7 : missing; });
+    EXPECT_NEAR(flatArea(wholeMesh(*one, 1)), 1 / 81.0, 1e-6);
+    const auto row = gridOf(8, 1, flat);
+    const SurfaceShape rowShape(*row);
+    EXPECT_NEAR(flatArea(wholeMesh(*row, 1)), 8 * rowShape.stepX() * rowShape.stepY(), 1e-6);
+}
+
+TEST(SurfaceMesh, NormalsLeanAwayFromTheRise)
+{
+    const auto eastwards = wholeMesh(*gridOf(9, 9, [](int column, int) { return column * 1.0; }), 1);
+    for (const MeshVertex& vertex : eastwards.vertices) {
+        EXPECT_LT(vertex.normal[0], -0.1F);
+        EXPECT_NEAR(vertex.normal[1], 0, 1e-6);
+    }
+    const auto northwards = wholeMesh(*gridOf(9, 9, [](int, int row) { return -row * 1.0; }), 1);
+    for (const MeshVertex& vertex : northwards.vertices)
+        EXPECT_LT(vertex.normal[1], -0.1F);
+}
+
+TEST(SurfaceMesh, TheStrideGrowsWithTheCellsInAPixel)
+{
+    const auto grid = gridOf(1000, 10, flat);
+    EXPECT_EQ(SurfaceMesh::strideFor(*grid, 5000), 1);
+    EXPECT_EQ(SurfaceMesh::strideFor(*grid, 600), 1);
+    EXPECT_EQ(SurfaceMesh::strideFor(*grid, 250), 4);
+}
+
+TEST(Contours, LieAtTheBandBorders)
+{
+    const auto grid = gridOf(33, 33, [](int column, int row) { return column + 0.1 * row; });
+    const SurfaceShape shape(*grid);
+    std::vector<ContourSegment> segments;
+    addContours(wholeMesh(*grid, 1), shape, segments);
+    EXPECT_GT(segments.size(), 100u);
+    const double step = shape.z(shape.bandEdges()[1]) - shape.z(shape.bandEdges()[0]);
+    for (const ContourSegment& segment : segments) {
+        EXPECT_NEAR(std::remainder(segment.first.z + shape.halfZ(), step), 0, 1e-5);
+        EXPECT_NEAR(segment.first.z, segment.second.z, 1e-6);
+    }
+}
+
+TEST(Contours, ALevelSurfaceHasNone)
+{
+    const auto grid = gridOf(5, 5, flat);
+    std::vector<ContourSegment> segments;
+    addContours(wholeMesh(*grid, 1), SurfaceShape(*grid), segments);
+    EXPECT_TRUE(segments.empty());
+}

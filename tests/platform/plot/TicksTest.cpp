@@ -1,0 +1,162 @@
+#include "engine/plot/DateTicks.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+using namespace velmora::engine;
+
+namespace {
+
+struct NumberCase {
+    const char* what;
+    AxisRange range;
+    int most;
+    std::vector<std::string> labels;
+};
+
+class NumberTicks : public testing::TestWithParam<NumberCase> {};
+
+std::vector<std::string> labelsOf(const std::vector<Tick>& ticks)
+{
+    std::vector<std::string> labels;
+    for (const Tick& tick : ticks)
+        labels.push_back(tick.label);
+    return labels;
+}
+
+AxisRange days(const CalendarDay& from, const CalendarDay& to)
+{
+    return {static_cast<double>(daysOf(from)), static_cast<double>(daysOf(to))};
+}
+
+} // namespace
+
+TEST_P(NumberTicks, AreRoundAndNamed)
+{
+    EXPECT_EQ(labelsOf(numberTicks(GetParam().range, GetParam().most)), GetParam().labels);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, NumberTicks,
+    testing::Values(NumberCase{"Unit", {0, 1}, 5, {"0", "0.2", "0.4", "0.6", "0.8", "1.0"}},
+                    NumberCase{"Negative", {-25, -5}, 4, {"-25", "-20", "-15", "-10", "-5"}},
+                    NumberCase{"AcrossZero", {-1.5, 1.6}, 4, {"-1", "0", "1"}},
+                    NumberCase{"OddBorders", {0.13, 0.87}, 4, {"0.2", "0.4", "0.6", "0.8"}},
+                    NumberCase{"Fives", {0, 23}, 5, {"0", "5", "10", "15", "20"}},
+                    NumberCase{"Huge", {0, 3e9}, 3, {"0", "10⁹", "2×10⁹", "3×10⁹"}},
+                    NumberCase{"HugeNegative", {-2e300, 0}, 2, {"-2×10³⁰⁰", "-10³⁰⁰", "0"}},
+                    NumberCase{"Tiny", {0, 4e-9}, 4, {"0", "10⁻⁹", "2×10⁻⁹", "3×10⁻⁹", "4×10⁻⁹"}},
+                    NumberCase{"LargeAndNarrow", {5000000, 5000002}, 2, {"5000000", "5000001", "5000002"}},
+                    NumberCase{"OneTick", {0.9, 1.1}, 1, {"1.0"}}, NumberCase{"ZeroRange", {3, 3}, 5, {}},
+                    NumberCase{"Backwards", {4, 3}, 5, {}},
+                    NumberCase{"NoNumber", {0, std::numeric_limits<double>::quiet_NaN()}, 5, {}},
+                    NumberCase{"Infinite", {0, std::numeric_limits<double>::infinity()}, 5, {}},
+                    NumberCase{"BeyondTheResolution", {1e17, 1e17 + 32}, 5, {}}),
+    [](const testing::TestParamInfo<NumberCase>& tested) { return tested.param.what; });
+
+TEST(NumberTicksAnyRange, AreNeverMoreThanAskedAndLieInside)
+{
+    for (double size = 1e-200; size < 1e200; size *= 7.3)
+        for (int most = 1; most < 13; ++most) {
+            const AxisRange range{-0.37 * size, 0.91 * size};
+            const std::vector<Tick> ticks = numberTicks(range, most);
+            EXPECT_LE(ticks.size(), static_cast<std::size_t>(most) + 1);
+            EXPECT_GE(ticks.size(), 1u) << size << " " << most;
+            for (const Tick& tick : ticks) {
+                EXPECT_GE(tick.value, range.from - size * 1e-5);
+                EXPECT_LE(tick.value, range.to + size * 1e-5);
+            }
+        }
+}
+
+TEST(RangeAround, GivesRoomAtBothEnds)
+{
+    const AxisRange range = rangeAround(0, 10, 0.05);
+    EXPECT_DOUBLE_EQ(range.from, -0.5);
+    EXPECT_DOUBLE_EQ(range.to, 10.5);
+}
+
+TEST(RangeAround, OneValueOrNoneHasARangeToo)
+{
+    EXPECT_LT(rangeAround(7, 7, 0.05).from, 7);
+    EXPECT_GT(rangeAround(7, 7, 0.05).to, 7);
+    EXPECT_GT(rangeAround(0, 0, 0.05).span(), 0);
+    EXPECT_GT(rangeAround(-1e300, -1e300, 0.05).span(), 0);
+    EXPECT_EQ(
+        rangeAround(std::numeric_limits<double>::infinity(), -std::numeric_limits<double>::infinity(), 0.1).span(), 1);
+    EXPECT_TRUE(std::isfinite(rangeAround(-1.7e308, 1.7e308, 0.05).span()));
+}
+
+TEST(FormatNumber, DropsTheSignOfZero)
+{
+    EXPECT_EQ(formatNumber(-0.0, 1), "0");
+    EXPECT_EQ(formatNumber(-1e-17, 0.1), "0");
+    EXPECT_EQ(formatNumber(-0.5, 0.5), "-0.5");
+}
+
+TEST(Calendar, DaysAndDatesAreInverse)
+{
+    EXPECT_EQ(daysOf({1970, 1, 1}), 0);
+    EXPECT_EQ(daysOf({2000, 2, 29}), 11016);
+    EXPECT_EQ(daysOf({1958, 3, 1}), -4324);
+    for (std::int64_t day = -800000; day < 800000; day += 37) {
+        const CalendarDay date = calendarDayOf(day);
+        EXPECT_EQ(daysOf(date), day);
+        EXPECT_TRUE(date.month >= 1 && date.month <= 12 && date.day >= 1 && date.day <= 31);
+    }
+}
+
+TEST(DateTicks, YearsForDecades)
+{
+    const std::vector<Tick> ticks = dateTicks(days({1958, 3, 1}, {2020, 4, 1}), 7);
+    EXPECT_EQ(labelsOf(ticks), (std::vector<std::string>{"1960", "1970", "1980", "1990", "2000", "2010", "2020"}));
+    EXPECT_EQ(ticks[1].value, 0);
+}
+
+TEST(DateTicks, HalfYearsForAFewYears)
+{
+    EXPECT_EQ(labelsOf(dateTicks(days({2012, 1, 1}, {2013, 12, 31}), 4)),
+              (std::vector<std::string>{"2012-01", "2012-07", "2013-01", "2013-07"}));
+}
+
+TEST(DateTicks, MonthsAcrossALeapDay)
+{
+    const std::vector<Tick> ticks = dateTicks(days({2012, 1, 15}, {2012, 4, 15}), 4);
+    EXPECT_EQ(labelsOf(ticks), (std::vector<std::string>{"2012-02", "2012-03", "2012-04"}));
+    EXPECT_EQ(ticks[1].value - ticks[0].value, 29);
+}
+
+TEST(DateTicks, DaysForAWeek)
+{
+    EXPECT_EQ(labelsOf(dateTicks(days({2024, 2, 27}, {2024, 3, 2}), 5)),
+              (std::vector<std::string>{"2024-02-27", "2024-02-28", "2024-02-29", "2024-03-01", "2024-03-02"}));
+}
+
+TEST(DateTicks, TimesOfDayShowTheDayAtMidnightAndFirst)
+{
+    const double day = static_cast<double>(daysOf({2024, 2, 29}));
+    EXPECT_EQ(labelsOf(dateTicks({day + 0.7, day + 1.3}, 3)),
+              (std::vector<std::string>{"2024-02-29 18:00", "2024-03-01", "06:00"}));
+}
+
+TEST(DateTicks, BeforeTheEpochTimesGoForwardsToo)
+{
+    const double day = static_cast<double>(daysOf({1969, 12, 30}));
+    EXPECT_EQ(labelsOf(dateTicks({day, day + 1}, 2)), (std::vector<std::string>{"1969-12-30", "12:00", "1969-12-31"}));
+}
+
+TEST(DateTicks, WhatIsNoDateIsANumber)
+{
+    EXPECT_EQ(labelsOf(dateTicks({0, 1e12}, 2)), (std::vector<std::string>{"0", "5×10¹¹", "10¹²"}));
+    EXPECT_TRUE(dateTicks({5, 5}, 4).empty());
+}
+
+TEST(DateTicks, AreNeverManyMoreThanAsked)
+{
+    for (double span = 1e-4; span < 3e6; span *= 1.37)
+        for (int most = 1; most < 13; ++most)
+            EXPECT_LE(dateTicks({-span / 3, span / 2}, most).size(), static_cast<std::size_t>(most) + 2)
+                << span << " " << most;
+}

@@ -1,0 +1,122 @@
+#include "integration/printing/BasicPaperSizes.h"
+#include "integration/printing/PrintingUtil.h"
+#include "integration/toolkit/Paper.h"
+#include "tests/printing/PrintingTest.h"
+
+#include <QDir>
+#include <QPainter>
+#include <QPrinter>
+#include <QProcess>
+#include <QRegExp>
+#include <QTemporaryFile>
+
+using namespace velmora::test;
+using velmora::sdk::integration::BasicPaperSize;
+using velmora::sdk::integration::BasicPaperSizes;
+using velmora::sdk::integration::UpdatePrinterFromKernel;
+using velmora::sdk::integration::toolkit::paperSizeInMillimeters;
+
+namespace {
+
+/// Prints a page with a cross on it.
+void print(QPrinter& printer, const QString& fileName)
+{
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(fileName);
+    UpdatePrinterFromKernel(printer);
+    QPainter painter;
+    ASSERT_TRUE(painter.begin(&printer));
+    const QRect page = painter.viewport();
+    painter.drawLine(page.topLeft(), page.bottomRight());
+    painter.drawLine(page.topRight(), page.bottomLeft());
+    ASSERT_TRUE(painter.end());
+}
+
+/// The size of the first page as another program sees it, in millimetres.
+QSizeF pageSizeOf(const QString& fileName)
+{
+    QProcess process;
+    process.start("pdfinfo", QStringList() << fileName);
+    EXPECT_TRUE(process.waitForFinished(30000)) << "Is pdfinfo (poppler-utils) installed?";
+    QRegExp size("Page size:\\s+([0-9.]+) x ([0-9.]+) pts");
+    const int found = size.indexIn(QString::fromLatin1(process.readAllStandardOutput()));
+    EXPECT_GE(found, 0) << fileName.toStdString();
+    return QSizeF(size.cap(1).toDouble(), size.cap(2).toDouble()) * 25.4 / 72;
+}
+
+QSizeF printedPage()
+{
+    QTemporaryFile file(QDir::tempPath() + "/velmora_paper_XXXXXX.pdf");
+    EXPECT_TRUE(file.open());
+    QPrinter printer;
+    print(printer, file.fileName());
+    return pageSizeOf(file.fileName());
+}
+
+/// What the page must measure when the engine's current paper has this upright size.
+void expectPage(double width, double height)
+{
+    for (const bool portrait : {true, false}) {
+        setKernelPortrait(portrait);
+        const QSizeF page = printedPage();
+        EXPECT_NEAR(portrait ? width : height, page.width(), 1.0) << width << " x " << height;
+        EXPECT_NEAR(portrait ? height : width, page.height(), 1.0) << width << " x " << height;
+    }
+}
+
+/// The B series, down to its smallest sheet, where a millimetre is all that is left between JIS and ISO.
+bool isOfTheBSeries(int paperSize)
+{
+    const bool named = paperSize == QPrinter::B5 || (paperSize >= QPrinter::B0 && paperSize <= QPrinter::B9);
+    return named && paperSize != QPrinter::B10;
+}
+
+using PdfPaper = PrintingTest;
+
+} // namespace
+
+TEST_F(PdfPaper, EveryPaperOfTheEngineIsTheSizeOfThePrintedPage)
+{
+    for (const KernelPaperSize& paper : kernelPapers()) {
+        setKernelPaper(&paper - kernelPapers().data());
+        expectPage(paper.width, paper.height);
+    }
+}
+
+TEST_F(PdfPaper, PapersThatOnlyTheToolkitNamesAreTheSizeOfThePrintedPage)
+{
+    const double sizes[][2] = {{148, 210}, {594, 841}, {37, 52},   {110, 220}, {105, 241},
+                               {191, 254}, {216, 356}, {210, 330}, {432, 279}};
+    for (const auto& size : sizes) {
+        setKernelCustomPaper(size[0] / 25.4, size[1] / 25.4);
+        expectPage(size[0], size[1]);
+    }
+}
+
+TEST_F(PdfPaper, APaperWithoutANameIsTheSizeOfThePrintedPage)
+{
+    const double sizes[][2] = {{100, 150}, {333, 77}, {600, 900}, {176, 250}, {212, 297}};
+    for (const auto& size : sizes) {
+        setKernelCustomPaper(size[0] / 25.4, size[1] / 25.4);
+        expectPage(size[0], size[1]);
+    }
+}
+
+TEST_F(PdfPaper, OnlyTheSheetsOfTheBSeriesAreOthersThanTheToolkitsOwn)
+{
+    QPrinter printer;
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    for (const BasicPaperSize& row : BasicPaperSizes) {
+        printer.setPageSize(static_cast<QPrinter::PaperSize>(row.paperSize));
+        const QSize own = paperSizeInMillimeters(printer);
+        const bool isSame = qAbs(own.width() - row.width) <= 1 && qAbs(own.height() - row.height) <= 1;
+        EXPECT_EQ(!isOfTheBSeries(row.paperSize), isSame) << row.paperSize;
+    }
+}
+
+TEST_F(PdfPaper, ASheetOfTheBSeriesOfJISIsDeliberatelyPrintedAsItsNamesakeOfISO)
+{
+    // The engine says B and means JIS; the toolkit takes the name and has ISO's sheet for it.
+    setKernelCustomPaper(182 / 25.4, 257 / 25.4);
+    expectPage(176, 250);
+}

@@ -1,0 +1,51 @@
+#include "tests/services/ModalDriver.h"
+
+#include "tests/support/XInput.h"
+
+#include <QApplication>
+#include <QDialog>
+
+namespace velmora::test {
+
+namespace {
+
+const int PollMilliseconds = 2;
+const int PatienceMilliseconds = 10000;
+
+} // namespace
+
+ModalDriver::ModalDriver(std::function<void(QWidget&)> act) : m_act(std::move(act))
+{
+    m_clock.start();
+    startTimer(PollMilliseconds);
+}
+
+void ModalDriver::timerEvent(QTimerEvent*)
+{
+    QWidget* const window = QApplication::activeModalWidget();
+    if (m_clock.elapsed() > PatienceMilliseconds)
+        giveUp();
+    else if (window && window->isVisible() && !m_acted)
+        actOn(*window);
+}
+
+void ModalDriver::actOn(QWidget& window)
+{
+    if (!window.isActiveWindow()) {
+        // There is no window manager that would give a new window the focus.
+        window.activateWindow();
+        return;
+    }
+    m_acted = true;
+    m_act(window);
+}
+
+void ModalDriver::giveUp()
+{
+    m_hadToClose = true;
+    m_clock.restart();
+    if (QDialog* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
+        dialog->reject();
+}
+
+} // namespace velmora::test

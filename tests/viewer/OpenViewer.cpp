@@ -1,0 +1,169 @@
+#include "tests/viewer/OpenViewer.h"
+
+#include "engine/VelUtil.h"
+#include "testing/EngineProbe.h"
+#include "tests/support/Pixels.h"
+#include "tests/support/Wait.h"
+#include "tests/support/XInput.h"
+#include "tests/viewer/EventWatch.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QSettings>
+#include <QStatusBar>
+#include <QToolBar>
+
+namespace velmora::test {
+
+namespace {
+
+constexpr int LongestDrawingMilliseconds = 60000;
+constexpr int ColourTolerance = 8;
+constexpr double FewPixels = 0.0005;
+
+} // namespace
+
+OpenViewer::OpenViewer()
+{
+    velmora::testing::EngineProbe::reset();
+    QApplication::setOrganizationName("Velmora");
+    QApplication::setApplicationName("ViewerTest");
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.path());
+    static char programName[] = "viewer";
+    char* arguments[] = {programName, nullptr};
+    session = std::make_unique<viewer::EngineSession>(1, arguments);
+    EXPECT_EQ(session->error().toStdString(), "");
+    window = std::make_unique<viewer::MainWindow>();
+    window->setGeometry(40, 40, 700, 560);
+    EXPECT_TRUE(showAndWait(*window));
+    focusWindow(*window);
+    EXPECT_TRUE(waitUntil([&] { return QApplication::activeWindow() == window.get(); }));
+}
+
+OpenViewer::~OpenViewer()
+{
+    velmora::testing::EngineProbe::reset();
+    window.reset();
+}
+
+bool OpenViewer::settle()
+{
+    const auto settled = [] { return !VelUtilIsBusy() && (VelUtilPageIsComplete() || VelUtilPageIsInterrupted()); };
+    // A second time, because what was posted may ask for the picture again.
+    for (int round = 0; round < 2; ++round) {
+        if (!waitUntil(settled, LongestDrawingMilliseconds))
+            return false;
+        processPending();
+    }
+    return settled();
+}
+
+void OpenViewer::open(const QString& fileName)
+{
+    window->openFile(fileName);
+    EXPECT_TRUE(settle());
+    EXPECT_TRUE(VelUtilPageIsComplete());
+}
+
+QImage OpenViewer::shown() const
+{
+    return grabFromScreen(window->drawArea());
+}
+
+QImage OpenViewer::picture()
+{
+    EXPECT_TRUE(settle());
+    return shown();
+}
+
+void OpenViewer::press(const QPoint& position, int button)
+{
+    movePointer(area(), position);
+    const EventWatch pressed(QEvent::MouseButtonPress);
+    pressButton(button);
+    pressed.wait();
+}
+
+void OpenViewer::release(int button)
+{
+    const EventWatch released(QEvent::MouseButtonRelease);
+    releaseButton(button);
+    released.wait();
+}
+
+void OpenViewer::drag(const QPoint& way, int button)
+{
+    EXPECT_TRUE(settle());
+    press(centre(), button);
+    movePointer(area(), centre() + way / 2);
+    processPending();
+    movePointer(area(), centre() + way);
+    release(button);
+}
+
+void OpenViewer::wheel(bool up)
+{
+    const EventWatch turned(QEvent::Wheel);
+    turnWheel(up);
+    turned.wait();
+}
+
+void OpenViewer::type(unsigned long keySymbol)
+{
+    focusWindow(*window);
+    const EventWatch released(QEvent::KeyRelease);
+    typeKey(keySymbol);
+    released.wait();
+}
+
+void OpenViewer::clickTool(const char* text)
+{
+    EXPECT_TRUE(settle());
+    const QToolBar* const toolBar = window->findChild<QToolBar*>();
+    const QWidget* const button = toolBar->widgetForAction(action(text));
+    const EventWatch released(QEvent::MouseButtonRelease);
+    click(*button, button->rect().center());
+    released.wait();
+}
+
+QPushButton* OpenViewer::button(const char* text) const
+{
+    const QList<QPushButton*> buttons = window->findChildren<QPushButton*>();
+    for (QPushButton* const button : buttons)
+        if (button->text() == QLatin1String(text))
+            return button;
+    throw std::runtime_error(std::string("There is no button ") + text);
+}
+
+QAction* OpenViewer::action(const char* text) const
+{
+    const QList<QAction*> actions = window->findChildren<QAction*>();
+    for (QAction* const action : actions)
+        if (action->text() == QLatin1String(text))
+            return action;
+    throw std::runtime_error(std::string("There is no action ") + text);
+}
+
+QProgressBar* OpenViewer::progressBar() const
+{
+    return window->findChild<QProgressBar*>();
+}
+
+bool OpenViewer::statusBarSays(const QString& text) const
+{
+    const QList<QLabel*> labels = window->statusBar()->findChildren<QLabel*>();
+    for (const QLabel* const label : labels)
+        if (label->isVisible() && label->text() == text)
+            return true;
+    return false;
+}
+
+bool differ(const QImage& a, const QImage& b)
+{
+    return differingFraction(a, b, ColourTolerance) > FewPixels;
+}
+
+} // namespace velmora::test

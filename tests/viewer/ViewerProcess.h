@@ -1,0 +1,25 @@
+#pragma once
+
+#include "tests/viewer/TempFolder.h"
+
+#include <QStringList>
+#include <gtest/gtest.h>
+
+namespace velmora::test {
+
+/// What a run of the viewer left behind.
+struct Ended {
+    int exitCode = -1; ///< -1: it crashed or did not end
+    QString output;
+    QString error;
+};
+
+/// The built viewer as a process, with a folder of its own for files and settings.
+class ViewerProcess : public ::testing::Test {
+protected:
+    Ended run(const QStringList& arguments) const;
+
+    TempFolder folder;
+};
+
+} // namespace velmora::test
