@@ -4,7 +4,9 @@
 
 #include <boost/shared_ptr.hpp>
 
-namespace velmora::sdk::integration {
+namespace velmora {
+namespace sdk {
+namespace integration {
 
 class StopButtonInterface;
 
@@ -21,4 +23,6 @@ private:
     boost::shared_ptr<const StopButtonInterface> m_stopButton;
 };
 
-} // namespace velmora::sdk::integration
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

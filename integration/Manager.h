@@ -5,7 +5,9 @@
 
 #include <memory>
 
-namespace velmora::sdk::integration {
+namespace velmora {
+namespace sdk {
+namespace integration {
 
 /// The one object through which a Qt application starts and stops the visualisation engine.
 ///
@@ -40,4 +42,6 @@ private:
     std::unique_ptr<Impl> m_impl;
 };
 
-} // namespace velmora::sdk::integration
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

@@ -3,7 +3,9 @@
 #include "integration/Export.h"
 #include "interfaces/StopButtonInterface.h"
 
-namespace velmora::sdk::integration {
+namespace velmora {
+namespace sdk {
+namespace integration {
 
 /// A stop button without a button: always in force and never what is pressed. Registered, it keeps
 /// all input from interrupting the engine.
@@ -16,4 +18,6 @@ public:
     bool isEqual(const void* object) const override;
 };
 
-} // namespace velmora::sdk::integration
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

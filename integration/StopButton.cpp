@@ -14,7 +14,8 @@ public:
 
     ~Impl() override
     {
-        if (cursorOverridden)
+        // The application object may be gone at process exit, and its cursors with it.
+        if (cursorOverridden && QCoreApplication::instance())
             QApplication::restoreOverrideCursor();
     }
 

@@ -7,7 +7,9 @@
 
 class QAbstractButton;
 
-namespace velmora::sdk::integration {
+namespace velmora {
+namespace sdk {
+namespace integration {
 
 /// Makes a push button one whose press interrupts the busy engine.
 ///
@@ -31,4 +33,6 @@ private:
     std::unique_ptr<Impl> m_impl;
 };
 
-} // namespace velmora::sdk::integration
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

@@ -1,10 +1,14 @@
 #pragma once
 
-namespace velmora::toolbox {
+namespace velmora {
+namespace toolbox {
 class StyleValue;
 }
+} // namespace velmora
 
-namespace velmora::sdk::integration {
+namespace velmora {
+namespace sdk {
+namespace integration {
 
 /// The integer setting `key` of a section of the engine's style tree, for example "DepthBufferSize"
 /// of StyleValue("Interface", "OpenGLConfig", "ImageRendering"); `defaultValue` when it cannot be
@@ -15,4 +19,6 @@ int readStyleInteger(const toolbox::StyleValue& section, const char* key, int de
 /// holds an AppLock.
 int writeStyleInteger(const toolbox::StyleValue& section, const char* key, int value);
 
-} // namespace velmora::sdk::integration
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

@@ -3,7 +3,9 @@
 #include "interfaces/MouseEventInterface.h"
 #include "interfaces/Signal.h"
 
-namespace velmora::sdk::integration {
+namespace velmora {
+namespace sdk {
+namespace integration {
 
 /// Watches every event of the application for the engine. GUI thread only.
 class VELMORA_INTERFACE ApplicationEventMonitorInterface {
@@ -22,11 +24,14 @@ private:
 public:
     virtual bool isBusy() const = 0;
     /// Asks the busy engine to stop at the end of its current slice of work; nothing when it is not
-    /// busy. Returns at once. Until the engine has unwound, events are held back.
+    /// busy, and nothing while one of the engine's dialogs is open. Returns at once. Until the engine
+    /// has unwound, events are held back.
     virtual void interrupt() = 0;
-    /// True exactly while the engine has been asked to stop.
+    /// True exactly while the engine has been asked to stop; not while one of the engine's dialogs is
+    /// open, whose events must arrive: a request from before takes effect once it is closed.
     virtual bool shouldInterrupt() = 0;
-    /// Whether an Escape key would interrupt now: the engine is busy and no stop button is in force.
+    /// Whether an Escape key would interrupt now: the engine is busy, no stop button is in
+    /// force and none of the engine's dialogs is open.
     virtual bool isEngineInterruptible() const = 0;
 
     // Called when a slot has been connected to the signal of that name.
@@ -80,4 +85,6 @@ protected:
     void emitEngineIsNoLongerBusy() { emitTo(m_engineIsNoLongerBusy); }
 };
 
-} // namespace velmora::sdk::integration
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

@@ -2,7 +2,9 @@
 
 #include "interfaces/Visibility.h"
 
-namespace velmora::sdk::integration {
+namespace velmora {
+namespace sdk {
+namespace integration {
 
 /// The engine's view of the dialogs that it asked the host for.
 class VELMORA_INTERFACE DialogManagerInterface {
@@ -12,4 +14,6 @@ public:
     virtual ~DialogManagerInterface() = default;
 };
 
-} // namespace velmora::sdk::integration
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

@@ -1,6 +1,8 @@
 #pragma once
 
-namespace velmora::sdk::integration {
+namespace velmora {
+namespace sdk {
+namespace integration {
 
 // These values cross the boundary to the engine as plain integers.
 
@@ -24,7 +26,8 @@ enum MessageBoxReply_e : unsigned {
     MessageBoxReply_Error = 255 ///< no box was shown, or it was closed by other means
 };
 
-/// What a file dialog is for. Only the value 3 allows more than one file.
+/// What a file dialog is for. Only the value 3 allows more than one file, all of which must exist;
+/// with every other value a new name can be typed as well.
 enum SelectFileOption_e : int {
     SelectFileOption_ReadSingleFile = 0,
     SelectFileOption_WriteFile = 1,
@@ -63,4 +66,6 @@ enum ExportRegion_e { ExportRegion_CurrentFrame = 0, ExportRegion_Page = 1, Expo
 /// How an exported image is drawn. Every value other than 1 means software.
 enum ImageRenderingStrategy_e : int { ImageRenderingStrategy_Software = 0, ImageRenderingStrategy_Hardware = 1 };
 
-} // namespace velmora::sdk::integration
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

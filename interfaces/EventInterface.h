@@ -2,7 +2,9 @@
 
 #include "interfaces/Visibility.h"
 
-namespace velmora::sdk::integration {
+namespace velmora {
+namespace sdk {
+namespace integration {
 
 /// Root of all input events: which modifier keys were held.
 class VELMORA_INTERFACE EventInterface {
@@ -18,4 +20,6 @@ public:
     virtual ~EventInterface() = default;
 };
 
-} // namespace velmora::sdk::integration
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

@@ -4,7 +4,9 @@
 
 #include <boost/shared_ptr.hpp>
 
-namespace velmora::sdk::integration {
+namespace velmora {
+namespace sdk {
+namespace integration {
 
 class StopButtonInterface;
 
@@ -17,4 +19,6 @@ public:
     virtual ~EventManagerInterface() = default;
 };
 
-} // namespace velmora::sdk::integration
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

@@ -2,7 +2,9 @@
 
 #include "interfaces/Visibility.h"
 
-namespace velmora::sdk::integration {
+namespace velmora {
+namespace sdk {
+namespace integration {
 
 /// The OpenGL context of a drawing area or of an off-screen image, as the engine uses it. GUI
 /// thread only.
@@ -17,4 +19,6 @@ public:
     virtual ~GLContextInterface() = default;
 };
 
-} // namespace velmora::sdk::integration
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

@@ -3,7 +3,9 @@
 #include "interfaces/KeyEventObservableInterface.h"
 #include "interfaces/MouseEventObservableInterface.h"
 
-namespace velmora::sdk::integration {
+namespace velmora {
+namespace sdk {
+namespace integration {
 
 class GLContextInterface;
 class GLDrawAreaListenerInterface;
@@ -40,7 +42,7 @@ public:
     {
         return connectTo(m_drawAreaExposed, slot, *this, &GLDrawAreaInterface::signalDrawAreaExposedConnected);
     }
-    /// Slot `void()`, once, when the area goes away.
+    /// Slot `void()`, when the area goes away.
     template <typename Slot>
     Connection connectDrawAreaDestroyed(const Slot& slot)
     {
@@ -59,4 +61,6 @@ protected:
     void emitDrawAreaFocusGained() { emitTo(m_drawAreaFocusGained); }
 };
 
-} // namespace velmora::sdk::integration
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

@@ -2,11 +2,14 @@
 
 #include "interfaces/Visibility.h"
 
-namespace velmora::sdk::integration {
+namespace velmora {
+namespace sdk {
+namespace integration {
 
 class GLDrawAreaInterface;
 
-/// Hears of the state of one drawing area. Called on the GUI thread.
+/// Hears of the state of one drawing area. Called on the GUI thread, `drawAreaDestroyed` from inside a
+/// destructor: it must not throw.
 class VELMORA_INTERFACE GLDrawAreaListenerInterface {
 public:
     /// The area must show its picture; `sizeChanged` is true the first time and after each resize.
@@ -17,4 +20,6 @@ public:
     virtual ~GLDrawAreaListenerInterface() = default;
 };
 
-} // namespace velmora::sdk::integration
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

@@ -2,7 +2,9 @@
 
 #include "interfaces/EventInterface.h"
 
-namespace velmora::sdk::integration {
+namespace velmora {
+namespace sdk {
+namespace integration {
 
 /// A key press or release. `key()` is the windowing toolkit's key code; the misc service turns the
 /// codes of non-printable keys into the engine's control characters.
@@ -11,4 +13,6 @@ public:
     virtual int key() const = 0;
 };
 
-} // namespace velmora::sdk::integration
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

@@ -2,7 +2,9 @@
 
 #include "interfaces/Visibility.h"
 
-namespace velmora::sdk::integration {
+namespace velmora {
+namespace sdk {
+namespace integration {
 
 class KeyEventInterface;
 class KeyEventObservableInterface;
@@ -16,4 +18,6 @@ public:
     virtual ~KeyEventListenerInterface() = default;
 };
 
-} // namespace velmora::sdk::integration
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

@@ -1,6 +1,8 @@
 #pragma once
 
-namespace velmora::sdk::integration {
+namespace velmora {
+namespace sdk {
+namespace integration {
 
 /// What `init` and `start` answer; `ManagerInterface::returnCodeString` puts it into words.
 enum ManagerStartReturnCode_e {
@@ -18,4 +20,6 @@ enum StateModernizationLevel_e {
     StateModernizationLevel_None = 2         ///< keep the defaults of the version that wrote it
 };
 
-} // namespace velmora::sdk::integration
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

@@ -6,7 +6,9 @@
 
 #include <string>
 
-namespace velmora::sdk::integration {
+namespace velmora {
+namespace sdk {
+namespace integration {
 
 class DialogManagerInterface;
 class EventManagerInterface;
@@ -79,4 +81,6 @@ protected:
     void emitEngineShutdownFinished() { emitTo(m_engineShutdownFinished); }
 };
 
-} // namespace velmora::sdk::integration
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

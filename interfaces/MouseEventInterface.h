@@ -2,7 +2,9 @@
 
 #include "interfaces/EventInterface.h"
 
-namespace velmora::sdk::integration {
+namespace velmora {
+namespace sdk {
+namespace integration {
 
 /// A mouse event as the engine and its listeners see it. An event lives only while listeners are
 /// notified; a listener that wants to keep one keeps a `clone()`.
@@ -25,4 +27,6 @@ public:
     virtual MouseEventInterface* clone() const = 0;
 };
 
-} // namespace velmora::sdk::integration
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

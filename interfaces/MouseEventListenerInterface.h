@@ -2,7 +2,9 @@
 
 #include "interfaces/Visibility.h"
 
-namespace velmora::sdk::integration {
+namespace velmora {
+namespace sdk {
+namespace integration {
 
 class MouseEventInterface;
 class MouseEventObservableInterface;
@@ -18,4 +20,6 @@ public:
     virtual ~MouseEventListenerInterface() = default;
 };
 
-} // namespace velmora::sdk::integration
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

@@ -3,7 +3,9 @@
 #include "interfaces/Signal.h"
 #include "interfaces/Visibility.h"
 
-namespace velmora::sdk::integration {
+namespace velmora {
+namespace sdk {
+namespace integration {
 
 class MouseEventInterface;
 class MouseEventListenerInterface;
@@ -116,4 +118,6 @@ protected:
     void emitThreedMouseButtonActionEvent(ButtonActions actions) { emitTo(m_threedMouseButtonActionEvent, actions); }
 };
 
-} // namespace velmora::sdk::integration
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

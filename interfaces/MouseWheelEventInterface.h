@@ -2,7 +2,9 @@
 
 #include "interfaces/EventInterface.h"
 
-namespace velmora::sdk::integration {
+namespace velmora {
+namespace sdk {
+namespace integration {
 
 /// One turn of the mouse wheel.
 class VELMORA_INTERFACE MouseWheelEventInterface : public virtual EventInterface {
@@ -20,4 +22,6 @@ public:
     virtual Orientation orientation() const = 0;
 };
 
-} // namespace velmora::sdk::integration
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

@@ -3,7 +3,9 @@
 #include "interfaces/EngineEnumerations.h"
 #include "interfaces/Visibility.h"
 
-namespace velmora::sdk::integration {
+namespace velmora {
+namespace sdk {
+namespace integration {
 
 class GLContextInterface;
 
@@ -19,4 +21,6 @@ public:
     virtual ~OffscreenImageInterface() = default;
 };
 
-} // namespace velmora::sdk::integration
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

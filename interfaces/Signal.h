@@ -4,7 +4,9 @@
 #include <boost/signals2.hpp>
 #include <utility>
 
-namespace velmora::sdk::integration {
+namespace velmora {
+namespace sdk {
+namespace integration {
 
 /// What a connection to a Signal gives back: `disconnect()` ends it, a
 /// `boost::signals2::scoped_connection` made from it ends it with a scope.
@@ -24,8 +26,8 @@ public:
         return m_signal.connect(slot);
     }
 
-    /// Whether there is no slot. Cheap, without a lock, as long as there has never been one.
-    bool empty() const { return !m_hasBeenConnected.load(std::memory_order_acquire) || m_signal.empty(); }
+    /// Whether there has ever been a slot. Cheap, and without a lock.
+    bool hasBeenConnected() const { return m_hasBeenConnected.load(std::memory_order_acquire); }
 
     template <typename... Arguments>
     void operator()(Arguments&&... arguments)
@@ -49,12 +51,15 @@ Connection connectTo(Signal<Signature>& signal, const Slot& slot, const Interfac
     return connection;
 }
 
-/// Emits a signal that may have no slots: calling an empty one would take its mutex and allocate.
+/// Emits a signal that most likely has no slots: calling one takes its mutex and allocates, also when
+/// nobody listens.
 template <typename Signature, typename... Arguments>
 void emitTo(Signal<Signature>& signal, Arguments&&... arguments)
 {
-    if (!signal.empty())
+    if (signal.hasBeenConnected())
         signal(std::forward<Arguments>(arguments)...);
 }
 
-} // namespace velmora::sdk::integration
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

@@ -2,7 +2,9 @@
 
 #include "interfaces/Visibility.h"
 
-namespace velmora::sdk::integration {
+namespace velmora {
+namespace sdk {
+namespace integration {
 
 /// A button whose press interrupts the busy engine. Held as `boost::shared_ptr<const …>`, by which
 /// it is also registered and unregistered.
@@ -15,4 +17,6 @@ public:
     virtual ~StopButtonInterface() = default;
 };
 
-} // namespace velmora::sdk::integration
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

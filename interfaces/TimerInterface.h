@@ -2,7 +2,9 @@
 
 #include "interfaces/Visibility.h"
 
-namespace velmora::sdk::util {
+namespace velmora {
+namespace sdk {
+namespace util {
 
 class TimerListenerInterface;
 
@@ -22,4 +24,6 @@ public:
     virtual ~TimerInterface() = default;
 };
 
-} // namespace velmora::sdk::util
+} // namespace util
+} // namespace sdk
+} // namespace velmora

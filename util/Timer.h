@@ -5,7 +5,9 @@
 
 #include <QObject>
 
-namespace velmora::sdk::util {
+namespace velmora {
+namespace sdk {
+namespace util {
 
 /// A repeating timer on the toolkit's event loop. It times out on the thread that made it, which
 /// needs an event loop: without one, `start` returns false.
@@ -38,4 +40,6 @@ private:
     TimerHelper m_helper;
 };
 
-} // namespace velmora::sdk::util
+} // namespace util
+} // namespace sdk
+} // namespace velmora

@@ -1,12 +1,22 @@
 #pragma once
 
+#include "interfaces/Signal.h"
 #include "interfaces/TimerListenerInterface.h"
 #include "util/Timer.h"
 
 #include <QObject>
+#include <boost/shared_ptr.hpp>
 
 class QAction;
 class QToolBar;
+
+namespace velmora {
+namespace sdk {
+namespace integration {
+class StopButtonInterface;
+}
+} // namespace sdk
+} // namespace velmora
 
 namespace viewer {
 
@@ -15,7 +25,7 @@ class Animation : public QObject, public velmora::sdk::util::TimerListenerInterf
     Q_OBJECT
 
 public:
-    /// Adds its buttons to the tool bar.
+    /// Adds its buttons to the tool bar. Make it before other stop buttons, which then come first.
     Animation(QToolBar& toolBar, QObject* parent);
     ~Animation() override;
 
@@ -28,11 +38,15 @@ public Q_SLOTS:
     void stepBack();
 
 private:
+    void workEnded();
     void showState();
 
     velmora::sdk::util::Timer m_timer;
     QAction* m_play;
     QAction* m_pause;
+    boost::shared_ptr<const velmora::sdk::integration::StopButtonInterface> m_stopButton;
+    boost::signals2::scoped_connection m_notBusy;
+    bool m_interrupts = false; ///< the pause came in the middle of a drawing
 };
 
 } // namespace viewer

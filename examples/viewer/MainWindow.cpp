@@ -70,10 +70,10 @@ MainWindow::MainWindow() : m_area(new GLDrawArea(this)), m_tools(new ViewTools(*
     createFileMenu();
     createViewMenu();
     createHelpMenu();
+    new Animation(*m_toolBar, this);
     createStatusBar();
     m_tools->setTool(ViewTools::Rotate);
     connect(m_tools, SIGNAL(selectionChanged()), this, SLOT(showSelection()));
-    new Animation(*m_toolBar, this);
     resize(1000, 760);
 }
 
@@ -180,7 +180,7 @@ void MainWindow::setTool(QAction* action)
     m_tools->setTool(static_cast<ViewTools::Tool>(action->data().toInt()));
 }
 
-// The Escape that stopped a drawing comes here afterwards; it has done its work.
+// An Escape that stopped a drawing has done its work.
 void MainWindow::deselect()
 {
     if (!VelUtilPageIsInterrupted())

@@ -22,6 +22,7 @@ using namespace velmora::sdk::integration;
 namespace {
 
 constexpr int NoteMilliseconds = 8000;
+constexpr int PreviewDotsPerInch = 100; // about the screen's
 
 // The toolkit's own dialog: the engine's offers files that there are, not names for new ones.
 QString chooseImageFile(QWidget* parent)
@@ -118,7 +119,7 @@ void OutputCommands::paintPreview(QPrinter* printer)
         return;
     m_paintingPreview = true;
     UpdateKernelFromPrinter(*printer);
-    printPage(*printer);
+    printPage(*printer, PreviewDotsPerInch);
     m_paintingPreview = false;
 }
 

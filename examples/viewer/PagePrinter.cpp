@@ -15,7 +15,6 @@ using namespace velmora::sdk::integration;
 
 namespace {
 
-constexpr int FinestResolution = 300;
 constexpr int RowsPerBand = 128;
 
 /// Collects the rows of the page into bands and paints these one below the other, so that no more
@@ -59,13 +58,14 @@ private:
 
 } // namespace
 
-bool printPage(QPrinter& printer)
+bool printPage(QPrinter& printer, int finest)
 {
     printer.setFullPage(true);
     QPainter painter;
     if (!painter.begin(&printer))
         return false;
-    const double resolution = std::min(printer.resolution(), FinestResolution);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    const double resolution = std::min(printer.resolution(), finest);
     Bands bands(painter, printer.resolution() / resolution);
     const bool drawn = VelUtilRenderPage(resolution, ImageRenderingStrategy_Software, &Bands::takeRow,
                                          reinterpret_cast<long>(&bands)) != 0;

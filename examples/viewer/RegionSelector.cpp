@@ -3,6 +3,7 @@
 #include "engine/VelEng.h"
 #include "engine/VelUtil.h"
 
+#include <QStyleOption>
 #include <QWidget>
 
 namespace viewer {
@@ -13,8 +14,23 @@ constexpr int ReachOfClick = 4; // pixels: nobody hits a thin line exactly
 
 } // namespace
 
+int HollowBandStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                               QStyleHintReturn* result) const
+{
+    constexpr int FrameWidth = 2;
+    QStyleHintReturnMask* const mask = qstyleoption_cast<QStyleHintReturnMask*>(result);
+    if (hint != SH_RubberBand_Mask || !mask)
+        return QProxyStyle::styleHint(hint, option, widget, result);
+    const QRect inside = widget->rect().adjusted(FrameWidth, FrameWidth, -FrameWidth, -FrameWidth);
+    mask->region = QRegion(widget->rect()) - QRegion(inside);
+    return 1;
+}
+
 // A window of its own: nothing but OpenGL can paint in the area.
-RegionSelector::RegionSelector(QWidget& area) : m_area(area), m_band(QRubberBand::Rectangle) {}
+RegionSelector::RegionSelector(QWidget& area) : m_area(area), m_band(QRubberBand::Rectangle)
+{
+    m_band.setStyle(&m_style);
+}
 
 QRect RegionSelector::rectTo(const QPoint& position) const
 {

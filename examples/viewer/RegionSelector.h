@@ -1,11 +1,19 @@
 #pragma once
 
 #include <QPoint>
+#include <QProxyStyle>
 #include <QRubberBand>
 
 class QWidget;
 
 namespace viewer {
+
+/// Leaves of a rubber band only its frame: a window is not transparent without help of the desktop.
+class HollowBandStyle : public QProxyStyle {
+public:
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* result) const override;
+};
 
 /// Selects what a rubber band encloses, or what is at the place of a mere click.
 class RegionSelector {
@@ -24,6 +32,7 @@ private:
     QRect rectTo(const QPoint& position) const;
 
     QWidget& m_area;
+    HollowBandStyle m_style;
     QRubberBand m_band;
     QPoint m_corner;
 };

@@ -47,10 +47,10 @@ GLDrawArea::GLDrawArea(QWidget* parent)
     createObservers();
     if (!QGLWidget::isValid()) {
         // Deliberately not released on this path: the engine may hold on to what it was given.
-        m_pageTracker.release();
-        m_stateObservable.release();
-        m_mouseObservable.release();
-        m_keyObservable.release();
+        static_cast<void>(m_pageTracker.release());
+        static_cast<void>(m_stateObservable.release());
+        static_cast<void>(m_mouseObservable.release());
+        static_cast<void>(m_keyObservable.release());
         throw ExceptionBase("Failed to create GLDrawArea.", false);
     }
     m_valid = true;

@@ -25,18 +25,18 @@ class MouseEventObservable;
 ///
 /// A host creates it like any widget and hands it to the engine with `setPageManager`, given the
 /// manager's `getPageManager()`; from then on the engine paints a page into it. The widget passes
-/// paint, resize, focus, key and mouse events on to its listeners and signals, and never to the
-/// toolkit's default handlers. Events are valid only while a listener is called; one that keeps an
-/// event keeps a clone.
+/// paint, focus, key and mouse events on to its listeners and signals. Focus, key and mouse events
+/// never reach the toolkit's default handlers, paint and resize events only while the area shows no
+/// page. Events are valid only while a listener is called; one that keeps an event keeps a clone.
 ///
 /// GUI thread only. The constructor throws velmora::ExceptionBase "Failed to create GLDrawArea."
-/// when the toolkit gets no OpenGL context.
+/// when the toolkit gets no OpenGL context; what reading the configuration throws passes through.
 class VELMORA_INTEGRATION_EXPORT GLDrawArea : public QGLWidget, public virtual GLDrawAreaInterface {
     Q_OBJECT
     Q_INTERFACES(velmora::sdk::integration::GLDrawAreaInterface)
 
 public:
-    explicit GLDrawArea(QWidget* parent = 0);
+    explicit GLDrawArea(QWidget* parent = nullptr);
     ~GLDrawArea() override;
 
     bool isVisible() const override;

@@ -78,11 +78,13 @@ GoodVisualChooserQGLContext::GoodVisualChooserQGLContext() : VisualChoosingConte
 
 void* GoodVisualChooserQGLContext::chooseVisual()
 {
+    if (toolkitMustChoose())
+        return VisualChoosingContext::chooseVisual();
     const bool advanced = openGLConfig("UseAdvancedVisualChooser") != 0;
-    void* const chosen = advanced ? chooseAdvanced() : VisualChoosingContext::chooseVisual();
+    OwnedVisual chosen(advanced ? chooseAdvanced() : VisualChoosingContext::chooseVisual());
     if (chosen)
-        rememberChoice(VisualList::idOf(chosen));
-    return chosen;
+        rememberChoice(VisualList::idOf(chosen.get()));
+    return chosen.release();
 }
 
 } // namespace velmora::sdk::integration

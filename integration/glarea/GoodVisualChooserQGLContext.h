@@ -3,7 +3,9 @@
 #include "integration/Export.h"
 #include "integration/toolkit/VisualChoosingContext.h"
 
-namespace velmora::sdk::integration {
+namespace velmora {
+namespace sdk {
+namespace integration {
 
 /// The OpenGL context of a drawing area. It asks for what the "ScreenRendering" settings say and,
 /// with "UseAdvancedVisualChooser" on, picks the X visual itself: the one with the configured
@@ -21,4 +23,6 @@ public:
     void* chooseVisual() override;
 };
 
-} // namespace velmora::sdk::integration
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

@@ -2,7 +2,9 @@
 
 #include "interfaces/MouseEventInterface.h"
 
-namespace velmora::sdk::integration {
+namespace velmora {
+namespace sdk {
+namespace integration {
 
 class MouseEventObservableInterface;
 
@@ -38,4 +40,6 @@ private:
 };
 
 } // namespace intern
-} // namespace velmora::sdk::integration
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

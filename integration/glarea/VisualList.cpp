@@ -16,11 +16,14 @@ struct FreeByXlib {
     void operator()(XVisualInfo* visuals) const { XFree(visuals); }
 };
 
-// Asks for one GLX attribute after the other. A query that fails leaves the answer of the one before
-// it; deliberate: there is no reset between queries and no look at their return codes.
+// Asks for one GLX attribute after the other, of one visual after the other. A query that fails
+// leaves the answer of the one before it; deliberate: there is no reset between queries and no look
+// at their return codes.
 class AttributeReader {
 public:
-    AttributeReader(Display* display, XVisualInfo* visual) : m_display(display), m_visual(visual) {}
+    explicit AttributeReader(Display* display) : m_display(display) {}
+
+    void turnTo(XVisualInfo* visual) { m_visual = visual; }
 
     int operator()(int attribute)
     {
@@ -30,7 +33,7 @@ public:
 
 private:
     Display* m_display;
-    XVisualInfo* m_visual;
+    XVisualInfo* m_visual = nullptr;
     int m_value = 0;
 };
 
@@ -42,7 +45,7 @@ int caveatRank(int caveat)
 }
 
 // The order of the queries decides what a failed one leaves behind.
-void readAttributes(VisualCandidate& candidate, AttributeReader read)
+void readAttributes(VisualCandidate& candidate, AttributeReader& read)
 {
     candidate.level = read(GLX_LEVEL);
     candidate.bufferSize = read(GLX_BUFFER_SIZE);
@@ -73,6 +76,11 @@ struct VisualList::Impl {
     int count = 0;
 };
 
+void FreeVisual::operator()(void* visualInfo) const
+{
+    XFree(visualInfo);
+}
+
 VisualList::VisualList() : m_impl(std::make_unique<Impl>())
 {
     m_impl->display = toolkit::xDisplay();
@@ -94,6 +102,7 @@ std::vector<VisualCandidate> VisualList::candidates(const VisualRequest& request
 {
     std::vector<VisualCandidate> candidates(static_cast<std::size_t>(m_impl->count));
     XVisualInfo* visual = m_impl->visuals.get();
+    AttributeReader read(m_impl->display);
     for (VisualCandidate& candidate : candidates) {
         candidate.visualId = static_cast<int>(visual->visualid);
         candidate.screen = visual->screen;
@@ -101,7 +110,8 @@ std::vector<VisualCandidate> VisualList::candidates(const VisualRequest& request
         candidate.requestedDepthSize = request.depthSize;
         candidate.requestedSamples = request.samples;
         candidate.requestedAccumSize = request.accumSize;
-        readAttributes(candidate, AttributeReader(m_impl->display, visual));
+        read.turnTo(visual);
+        readAttributes(candidate, read);
         ++visual;
     }
     return candidates;

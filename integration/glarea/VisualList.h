@@ -3,7 +3,9 @@
 #include <memory>
 #include <vector>
 
-namespace velmora::sdk::integration {
+namespace velmora {
+namespace sdk {
+namespace integration {
 
 struct VisualCandidate;
 
@@ -13,6 +15,12 @@ struct VisualRequest {
     int samples = 0;
     int accumSize = 0;
 };
+
+/// Owns one visual, an `XVisualInfo*` that Xlib allocated.
+struct FreeVisual {
+    void operator()(void* visualInfo) const;
+};
+using OwnedVisual = std::unique_ptr<void, FreeVisual>;
 
 /// The TrueColor visuals of the toolkit's X display, as they were when the list was made. Empty
 /// without X11. A single visual is an `XVisualInfo*` behind a plain pointer, which keeps Xlib's
@@ -39,4 +47,6 @@ private:
     std::unique_ptr<Impl> m_impl;
 };
 
-} // namespace velmora::sdk::integration
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

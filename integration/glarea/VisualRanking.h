@@ -1,6 +1,8 @@
 #pragma once
 
-namespace velmora::sdk::integration {
+namespace velmora {
+namespace sdk {
+namespace integration {
 
 /// What the ranking knows of one TrueColor visual. Sizes are in bits.
 struct VisualCandidate {
@@ -45,4 +47,6 @@ extern int X_Screen;
 /// only needs to know whether `a` goes after `b`. Everything requested is taken from `a`.
 int CompareVisual(const void* a, const void* b);
 
-} // namespace velmora::sdk::integration
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

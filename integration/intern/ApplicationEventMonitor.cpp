@@ -21,6 +21,7 @@ ApplicationEventMonitor::~ApplicationEventMonitor() = default;
 bool ApplicationEventMonitor::start()
 {
     QCoreApplication::instance()->installEventFilter(&m_eventFilter);
+    m_eventFilter.setInstalled(true);
     VelEngEngineNotBusyRegisterCallback(&EventFilter::engineNotBusyCallback, reinterpret_cast<long>(&m_eventFilter));
     const Qt::MouseButtons held = QApplication::mouseButtons();
     emitMouseButtonStateChanged(MouseEventInterface::MouseButton_Left, (held & Qt::LeftButton) != 0);
@@ -34,6 +35,7 @@ bool ApplicationEventMonitor::stop()
     // A host may end the engine after its application object; the filter went with that object.
     if (QCoreApplication* const application = QCoreApplication::instance())
         application->removeEventFilter(&m_eventFilter);
+    m_eventFilter.setInstalled(false);
     VelEngEngineNotBusyRegisterCallback(nullptr, 0);
     return true;
 }

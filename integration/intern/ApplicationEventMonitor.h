@@ -1,6 +1,7 @@
 #pragma once
 
 #include "integration/Export.h"
+#include "integration/intern/Housekeeping.h"
 #include "integrationmanager/ApplicationEventMonitorAbstract.h"
 
 #include <QObject>
@@ -94,8 +95,13 @@ public:
         void startIdleDetectionTimer();
         void killIdleDetectionTimer();
         void restartIdleDetectionTimerIfItWasKilledWhileBusy();
+        /// While it is not installed, a timer that still runs ends with its next event.
+        void setInstalled(bool installed) { m_isInstalled = installed; }
         /// For the engine; `clientData` is the address of the filter.
         static void engineNotBusyCallback(long clientData);
+
+    protected:
+        void timerEvent(QTimerEvent* event) override;
 
     private:
         class EventCloner;
@@ -112,6 +118,7 @@ public:
 
         void saveInterruptedEventForDispatchingWhenUnwound(QObject* receiver, QEvent* event);
         void sendInterruptedEvent();
+        bool mayBeSentNow(const QObject* receiver, const QEvent& event) const;
         static void deliver(QEvent& clone, QObject* receiver);
         void interruptedEventReceiverDestroyed();
 
@@ -128,6 +135,8 @@ public:
         QEvent* m_currentEvent = nullptr;                    ///< the live event that waits while the copy is being sent
         QPointer<QObject> m_currentReceiver;
         std::unique_ptr<QEvent> m_abandonedClone; ///< a copy whose handler threw
+        Housekeeping m_housekeeping;              ///< what was swallowed and must be asked for again
+        bool m_isInstalled = false;
     };
 
     explicit ApplicationEventMonitor(ManagerInterface& manager);

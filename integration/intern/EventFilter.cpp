@@ -48,7 +48,8 @@ bool Filter::eventFilter(QObject* receiver, QEvent* event)
         return false;
     if (isOfMouseButton(*event))
         notifyEngineOfPossibleMouseStateChange(*event);
-    if (m_hasInterruptedEvent && !m_monitor.isBusy() && interruptedEventWasSentFirst(receiver, event))
+    if (m_hasInterruptedEvent && !m_monitor.isBusy() && mayBeSentNow(receiver, *event) &&
+        interruptedEventWasSentFirst(receiver, event))
         return true;
     if (event->spontaneous())
         announceNewEvent(receiver);
@@ -97,6 +98,7 @@ bool Filter::isSwallowedByInterruption(QObject* receiver, QEvent* event)
         saveInterruptedEventForDispatchingWhenUnwound(receiver, event);
     // A window stays open for now.
     event->setAccepted(event->type() != QEvent::Close);
+    m_housekeeping.remember(receiver, *event);
     const bool ofNetwork = isNetworkSource(*receiver) || (receiver->parent() && isNetworkSource(*receiver->parent()));
     return !(ofNetwork && event->type() == QEvent::ChildAdded);
 }

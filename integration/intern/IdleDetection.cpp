@@ -56,10 +56,18 @@ void Filter::restartIdleDetectionTimerIfItWasKilledWhileBusy()
     startIdleDetectionTimer();
 }
 
+// Nobody looks for idle time any more, and a timer of 0 ms would keep the processor busy.
+void Filter::timerEvent(QTimerEvent* event)
+{
+    if (!m_isInstalled && event->timerId() == m_idleTimerId)
+        killIdleDetectionTimer();
+}
+
 void Filter::engineNotBusyCallback(long clientData)
 {
     EventFilter& filter = *reinterpret_cast<EventFilter*>(clientData);
     filter.restartIdleDetectionTimerIfItWasKilledWhileBusy();
+    filter.m_housekeeping.askAgain();
     // What waits is sent before the next event, and without a timer that could be long in coming.
     if (filter.m_hasInterruptedEvent)
         QCoreApplication::postEvent(&filter, new QEvent(QEvent::User)); // the queue owns it

@@ -5,6 +5,7 @@
 #include "integration/intern/EventReceiverDestroyedListener.h"
 
 #include <QApplication>
+#include <QInputEvent>
 #include <QMainWindow>
 #include <boost/bind/bind.hpp>
 
@@ -46,11 +47,34 @@ bool Filter::interruptedEventWasSentFirst(QObject* receiver, QEvent* event)
 {
     const ParkedEvent parked(*this, receiver, event);
     sendInterruptedEvent();
-    if (!parked.receiverIsGone())
-        return parked.wasDelivered();
-    // Accepted, or the toolkit would go on to the parent of what is no more.
-    event->accept();
-    return true;
+    // Accepted in both cases, or the toolkit would go on to the parent: of what is no more, or of a
+    // receiver whose parents have had their turn when the event was delivered early.
+    if (parked.receiverIsGone()) {
+        event->accept();
+        return true;
+    }
+    if (parked.wasDelivered() && dynamic_cast<const QInputEvent*>(event))
+        event->accept();
+    return parked.wasDelivered();
+}
+
+// A receiver that is being destroyed sends itself some last events before it tells of its end; none
+// of them is an occasion to send it anything more.
+bool Filter::mayBeSentNow(const QObject* receiver, const QEvent& event) const
+{
+    if (receiver != m_interruptedEventReceiver)
+        return true;
+    switch (event.type()) {
+    case QEvent::ChildRemoved:
+    case QEvent::Destroy:
+    case QEvent::FocusOut:
+    case QEvent::Hide:
+    case QEvent::HideToParent:
+    case QEvent::WinIdChange:
+        return false;
+    default:
+        return true;
+    }
 }
 
 void Filter::deliverParkedEvent()
@@ -82,6 +106,8 @@ void Filter::sendInterruptedEvent()
 {
     std::unique_ptr<QEvent> clone = std::move(m_interruptedEvent);
     m_hasInterruptedEvent = false;
+    // The handler of another copy may have come here; that one goes on being sent afterwards.
+    QEvent* const outerDispatchingEvent = m_abandonedClone ? nullptr : m_dispatchingEvent;
     m_dispatchingEvent = clone.get();
     m_abandonedClone.reset();
     // Before the delivery, during which the receiver may go and the next event may be kept.
@@ -96,17 +122,17 @@ void Filter::sendInterruptedEvent()
         m_abandonedClone = std::move(clone);
         throw;
     }
-    m_dispatchingEvent = nullptr;
+    m_dispatchingEvent = outerDispatchingEvent;
 }
 
 // A main window that the person closed during the work takes the application with it, as it would
 // have done at once.
 void Filter::deliver(QEvent& clone, QObject* receiver)
 {
-    // The receiver may be destroyed by what it does with the event.
-    const QPointer<QObject> guarded(receiver);
+    // Asked before: the receiver may be destroyed by what it does with the event.
+    const bool isMainWindow = qobject_cast<QMainWindow*>(receiver) != nullptr;
     QCoreApplication::sendEvent(receiver, &clone);
-    if (clone.type() == QEvent::Close && clone.isAccepted() && qobject_cast<QMainWindow*>(guarded.data())) {
+    if (clone.type() == QEvent::Close && clone.isAccepted() && isMainWindow) {
         QApplication::setQuitOnLastWindowClosed(false);
         QCoreApplication::exit(0);
     }

@@ -34,8 +34,7 @@ std::unique_ptr<toolkit::PixelBuffer> createPBuffer(int width, int height, bool 
         applyConfiguration(format);
     format.setDirectRendering(false);
     format.setDoubleBuffer(false);
-    auto pbuffer = std::make_unique<toolkit::PixelBuffer>(size, format);
-    return pbuffer->isUsable() ? std::move(pbuffer) : nullptr;
+    return toolkit::newUsablePixelBuffer(size, format);
 }
 
 } // namespace
@@ -76,7 +75,7 @@ QImage OffscreenImagePBuffer::toImage()
 
 bool OffscreenImagePBuffer::GLContext::setCurrentGL()
 {
-    return m_image.m_pbuffer->makeCurrent();
+    return toolkit::reallyMakeCurrent(*m_image.m_pbuffer);
 }
 
 } // namespace velmora::sdk::integration::intern

@@ -14,8 +14,8 @@ struct BasicPaperSize {
 /// The toolkit's papers. Searches take the first row that fits. The sheets stand upright, apart
 /// from Ledger, which lies: that tells it from Tabloid.
 ///
-/// The B sizes are deliberately those of JIS, not of ISO as the toolkit has them: the engine means
-/// JIS sheets when it says B.
+/// The B rows are deliberately the sheets of JIS, not those of ISO that the toolkit has under these
+/// names. It is the table that says so: the engine has no B paper of its own.
 constexpr BasicPaperSize BasicPaperSizes[] = {
     {QPrinter::A0, 841, 1189},       {QPrinter::A1, 594, 841},      {QPrinter::A2, 420, 594},
     {QPrinter::A3, 297, 420},        {QPrinter::A4, 210, 297},      {QPrinter::A5, 148, 210},

@@ -5,8 +5,8 @@
 namespace velmora::sdk::integration {
 
 // The engine's paper settings, each read and written afresh. A value that cannot be read counts as
-// 0 or false. Writes answer the engine's code: 0 when the value was applied, also not 0 when it was
-// there already.
+// 0 or false. Writes answer the engine's code: 0 when the value was applied, otherwise another,
+// also for a value that was there already.
 
 /// How many papers the engine knows.
 constexpr int KernelPaperCount = 6;

@@ -26,6 +26,11 @@ PaperMillimeters millimetersOf(const BasicPaperSize& paper)
     return {paper.width, paper.height};
 }
 
+PaperMillimeters millimetersOf(const QSize& size)
+{
+    return {size.width(), size.height()};
+}
+
 // ---- from the engine
 
 int currentPaperOrFirst()
@@ -80,19 +85,20 @@ PaperMillimeters readCustomPrinterPaper(const QPrinter& printer)
 {
     // Asked as part of the sequence; a custom size means the upright sheet in either orientation.
     readKernelOrientPortrait();
-    QSize size = printer.printEngine()->property(CustomPaperProperty).toSize();
-    if (size.isEmpty())
-        size = toolkit::paperSizeInMillimeters(printer);
-    return {size.width(), size.height()};
+    const QSize size = printer.printEngine()->property(CustomPaperProperty).toSize();
+    return millimetersOf(size.isValid() ? size : toolkit::paperSizeInMillimeters(printer));
 }
 
-/// A paper that the table does not have, as newer toolkits know some, counts as a custom one.
 PaperMillimeters readPrinterPaper(const QPrinter& printer)
 {
     const QPrinter::PaperSize paperSize = printer.pageSize();
+    if (paperSize == QPrinter::Custom)
+        return readCustomPrinterPaper(printer);
     const auto row = std::find_if(std::begin(BasicPaperSizes), std::end(BasicPaperSizes),
                                   [paperSize](const BasicPaperSize& paper) { return paper.paperSize == paperSize; });
-    return row != std::end(BasicPaperSizes) ? millimetersOf(*row) : readCustomPrinterPaper(printer);
+    // Newer toolkits know papers by name that the table does not have; those are what they measure.
+    return row != std::end(BasicPaperSizes) ? millimetersOf(*row)
+                                            : millimetersOf(toolkit::paperSizeInMillimeters(printer));
 }
 
 PaperMillimeters readKernelPaperDefinition(int index)

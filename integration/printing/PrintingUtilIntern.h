@@ -6,7 +6,7 @@ class QPrinter;
 
 namespace velmora::sdk::integration {
 
-/// The sides of an upright sheet in whole millimetres.
+/// The sides of a sheet in whole millimetres.
 struct PaperMillimeters {
     qint64 width;
     qint64 height;

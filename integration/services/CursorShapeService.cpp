@@ -67,7 +67,9 @@ QCursor baseCursor(CursorStyle_e style)
     const CursorRow& row = BaseCursors[index];
     if (!row.image)
         return QCursor(row.shape);
-    return QCursor(QPixmap(QString::fromLatin1(row.image)), row.hotX, row.hotY);
+    const QPixmap image(QString::fromLatin1(row.image));
+    // Without the image it is the arrow: what the toolkit makes of it too, but not without a warning.
+    return image.isNull() ? QCursor() : QCursor(image, row.hotX, row.hotY);
 }
 
 } // namespace

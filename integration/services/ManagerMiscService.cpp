@@ -1,6 +1,7 @@
 #include "integration/services/ManagerMiscService.h"
 
 #include "engine/VelEng.h"
+#include "integration/services/TextArgument.h"
 
 #include <QApplication>
 #include <QDesktopWidget>
@@ -15,8 +16,8 @@ namespace {
 const int NoControlCharacter = 31;
 const double CentimetresPerInch = 2.54;
 
-// By the distance from Qt::Key_Escape, the first of the keys that print nothing. Tab is without a
-// character of its own on purpose: the engine moves no focus.
+// By the distance from Qt::Key_Escape, the first of the keys that print nothing. Tab has no
+// character of its own, deliberately, like every key that is not listed.
 const std::array<int, 22> ControlCharacters = {
     27,                 // Escape
     NoControlCharacter, // Tab
@@ -113,7 +114,7 @@ std::string ManagerMiscService::openGLVersionString() const
 {
     const std::unique_ptr<QGLWidget> widget(new QGLWidget(nullptr, nullptr, Qt::WindowFlags()));
     widget->makeCurrent();
-    std::string version(reinterpret_cast<const char*>(glGetString(GL_VERSION)));
+    std::string version = requiredText(reinterpret_cast<const char*>(glGetString(GL_VERSION)));
     widget->doneCurrent();
     return version;
 }

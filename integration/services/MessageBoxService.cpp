@@ -7,15 +7,13 @@
 #include <QMainWindow>
 #include <QMessageBox>
 #include <QPointer>
-#include <algorithm>
-#include <array>
-#include <vector>
+#include <iterator>
 
 namespace velmora::sdk::integration::services {
 
 namespace {
 
-const QEvent::Type WakeUp = static_cast<QEvent::Type>(2812);
+const QEvent::Type WakeUpType = static_cast<QEvent::Type>(2812);
 
 // Discards the mouse presses that reach a widget between its creation and the moment the event
 // loop has worked off what was waiting.
@@ -28,10 +26,30 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    class WakeUp;
+
     void removeFilters();
 
     QPointer<QWidget> m_target;
     QWidget m_marker; // never shown: it only receives the wake-up
+};
+
+// Disarms the swallower when it has been delivered, and as well when somebody has kept it from that:
+// a filter of the application's takes every event that comes at certain times, and a swallower
+// without its wake-up would never end.
+class MousePressSwallower::WakeUp : public QEvent {
+public:
+    explicit WakeUp(MousePressSwallower& swallower) : QEvent(WakeUpType), m_swallower(&swallower) {}
+    ~WakeUp() override
+    {
+        if (m_swallower)
+            static_cast<MousePressSwallower*>(m_swallower.data())->removeFilters();
+    }
+    WakeUp(const WakeUp&) = delete;
+    WakeUp& operator=(const WakeUp&) = delete;
+
+private:
+    QPointer<QObject> m_swallower;
 };
 
 MousePressSwallower::MousePressSwallower(QWidget* target) : m_target(target)
@@ -39,11 +57,13 @@ MousePressSwallower::MousePressSwallower(QWidget* target) : m_target(target)
     m_target->installEventFilter(this);
     m_marker.installEventFilter(this);
     // Posted, so that it comes after the events that are queued already.
-    QCoreApplication::postEvent(&m_marker, new QEvent(WakeUp));
+    QCoreApplication::postEvent(&m_marker, new WakeUp(*this));
 }
 
 MousePressSwallower::~MousePressSwallower()
 {
+    // Now, while the swallower is whole: an event that still waits calls it when it goes.
+    QCoreApplication::removePostedEvents(&m_marker, WakeUpType);
     removeFilters();
 }
 
@@ -56,7 +76,7 @@ void MousePressSwallower::removeFilters()
 
 bool MousePressSwallower::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == &m_marker && event->type() == WakeUp) {
+    if (watched == &m_marker && event->type() == WakeUpType) {
         removeFilters();
         return false;
     }
@@ -67,7 +87,8 @@ bool MousePressSwallower::eventFilter(QObject* watched, QEvent* event)
 
 // Holds the current swallower of one service, if there is one. A swallower has a widget, and no
 // widget may outlive the application object, while a service may: all slots are emptied when the
-// application object begins to go.
+// application object begins to go. The slots are linked through themselves and the head of the list
+// needs no destructor, for services come and go during the destruction of statics too.
 class Q_DECL_HIDDEN MessageBoxService::SwallowerSlot {
 public:
     SwallowerSlot();
@@ -79,29 +100,25 @@ public:
     static bool isMarker(const QWidget* widget);
 
 private:
-    static std::vector<SwallowerSlot*>& all();
     static void emptyAll();
 
     std::unique_ptr<MousePressSwallower> m_swallower;
+    SwallowerSlot* m_next;
+    static inline SwallowerSlot* s_first = nullptr;
 };
 
-std::vector<MessageBoxService::SwallowerSlot*>& MessageBoxService::SwallowerSlot::all()
+MessageBoxService::SwallowerSlot::SwallowerSlot() : m_next(s_first)
 {
-    // Made by the first service, so that it outlives every service that is destroyed at exit.
-    static std::vector<SwallowerSlot*> list;
-    return list;
-}
-
-MessageBoxService::SwallowerSlot::SwallowerSlot()
-{
-    all().push_back(this);
+    s_first = this;
 }
 
 MessageBoxService::SwallowerSlot::~SwallowerSlot()
 {
-    std::vector<SwallowerSlot*>& others = all();
-    others.erase(std::remove(others.begin(), others.end(), this), others.end());
-    if (others.empty())
+    SwallowerSlot** link = &s_first;
+    while (*link != this)
+        link = &(*link)->m_next;
+    *link = m_next;
+    if (!s_first)
         qRemovePostRoutine(&SwallowerSlot::emptyAll);
 }
 
@@ -116,15 +133,16 @@ void MessageBoxService::SwallowerSlot::put(std::unique_ptr<MousePressSwallower> 
 
 void MessageBoxService::SwallowerSlot::emptyAll()
 {
-    for (SwallowerSlot* const slot : all())
+    for (SwallowerSlot* slot = s_first; slot; slot = slot->m_next)
         slot->m_swallower.reset();
 }
 
 bool MessageBoxService::SwallowerSlot::isMarker(const QWidget* widget)
 {
-    return std::any_of(all().begin(), all().end(), [widget](const SwallowerSlot* slot) {
-        return slot->m_swallower && slot->m_swallower->marker() == widget;
-    });
+    for (const SwallowerSlot* slot = s_first; slot; slot = slot->m_next)
+        if (slot->m_swallower && slot->m_swallower->marker() == widget)
+            return true;
+    return false;
 }
 
 namespace {
@@ -145,7 +163,7 @@ const int YesNoCancel = YesNo | QMessageBox::Cancel;
 
 // By MessageBoxType_e. The last one deliberately has the title of a piece of information and the
 // icon of a warning.
-const std::array<BoxRow, 7> Boxes = {{
+const BoxRow Boxes[] = {
     {"Error", &QMessageBox::critical, QMessageBox::Ok, QMessageBox::NoButton},
     {"Warning", &QMessageBox::warning, QMessageBox::Ok, QMessageBox::NoButton},
     {"Information", &QMessageBox::information, QMessageBox::Ok, QMessageBox::NoButton},
@@ -153,8 +171,8 @@ const std::array<BoxRow, 7> Boxes = {{
     {"Question", &QMessageBox::question, YesNo, QMessageBox::Yes},
     {"Question", &QMessageBox::question, YesNoCancel, QMessageBox::Cancel},
     {"Information", &QMessageBox::warning, OkCancel, QMessageBox::Cancel},
-}};
-static_assert(MessageBoxType_WarningOkCancel + 1 == 7,
+};
+static_assert(std::size(Boxes) == MessageBoxType_WarningOkCancel + 1,
               "The table of boxes has one row for each MessageBoxType_e value.");
 
 MessageBoxReply_e replyFor(QMessageBox::StandardButton button)
@@ -177,7 +195,7 @@ MessageBoxReply_e showBox(QWidget* parent, const QString& text, MessageBoxType_e
 {
     // As unsigned, so that a negative value counts as one beyond the table.
     const unsigned index = static_cast<unsigned>(type);
-    if (index >= Boxes.size())
+    if (index >= std::size(Boxes))
         return MessageBoxReply_Error;
     const BoxRow& row = Boxes[index];
     return replyFor(row.show(parent, QString::fromLatin1(row.title), text,

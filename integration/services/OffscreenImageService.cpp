@@ -48,6 +48,7 @@ bool OffscreenImageService::imageGetRGBRow(OffscreenImageInterface* image, int r
     if (!m_imageCached) {
         QImage pixels = readBack(image);
         m_cachedImage.swap(pixels);
+        // Null also without any width or height: below, there is a row to copy.
         m_imageCached = !m_cachedImage.isNull();
         if (!m_imageCached)
             return false;

@@ -1,5 +1,6 @@
 #include "integration/services/SelectFileService.h"
 
+#include "integration/services/TextArgument.h"
 #include "ui_qt/LaunchFileDialog.h"
 
 #include <vector>
@@ -12,9 +13,9 @@ SelectFileService::~SelectFileService() = default;
 bool SelectFileService::displayFileDialog(SelectFileOption_e option, const char* text1, const char* text2,
                                           const char* text3, std::string& result)
 {
-    const std::string title(text1);
+    const std::string title = requiredText(text1);
     const bool multiple = option == SelectFileOption_ReadMultipleFiles;
-    const std::vector<std::string> filters(1, std::string(text3));
+    const std::vector<std::string> filters(1, requiredText(text3));
     std::vector<std::string> offered;
     if (text2 && *text2)
         offered.push_back(text2);

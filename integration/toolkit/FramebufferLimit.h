@@ -6,7 +6,7 @@ namespace velmora::sdk::integration::toolkit {
 
 /// Whether the toolkit can draw off-screen with OpenGL at this size. False for an empty size and
 /// where there is no OpenGL at all. To be asked first: some drivers do not survive a size far over
-/// their limits, and for an empty one the toolkit takes another size. GUI clients only. The context
+/// their limits, and for an empty one the toolkit takes another size. Widget applications only. The context
 /// that is current stays current.
 bool canDrawOffscreen(const QSize& size);
 

@@ -4,6 +4,7 @@
 
 // After Qt, whose enumerators some of Xlib's macros would replace.
 #include <GL/glx.h>
+#include <initializer_list>
 #include <memory>
 #include <vector>
 
@@ -42,20 +43,62 @@ QGLFormat formatLike(XVisualInfo* visual, QGLFormat format)
     return format;
 }
 
+// A size that was not set means any: 1 or more.
+int atLeast(int size)
+{
+    return qMax(size, 1);
+}
+
+void want(std::vector<int>& attributes, std::initializer_list<int> names, int size)
+{
+    for (const int name : names)
+        attributes.insert(attributes.end(), {name, size});
+}
+
+// Samples that were not set mean 4.
+constexpr int OrdinarySamples = 4;
+
 std::vector<int> attributesFor(const QGLFormat& format)
 {
-    std::vector<int> attributes = {GLX_RGBA, GLX_RED_SIZE, 1, GLX_GREEN_SIZE, 1, GLX_BLUE_SIZE, 1};
+    std::vector<int> attributes = {GLX_RGBA};
+    want(attributes, {GLX_RED_SIZE}, atLeast(format.redBufferSize()));
+    want(attributes, {GLX_GREEN_SIZE}, atLeast(format.greenBufferSize()));
+    want(attributes, {GLX_BLUE_SIZE}, atLeast(format.blueBufferSize()));
+    if (format.alpha())
+        want(attributes, {GLX_ALPHA_SIZE}, atLeast(format.alphaBufferSize()));
     if (format.doubleBuffer())
         attributes.push_back(GLX_DOUBLEBUFFER);
+    if (format.stereo())
+        attributes.push_back(GLX_STEREO);
     if (format.depth())
-        attributes.insert(attributes.end(), {GLX_DEPTH_SIZE, qMax(format.depthBufferSize(), 1)});
+        want(attributes, {GLX_DEPTH_SIZE}, atLeast(format.depthBufferSize()));
+    if (format.stencil())
+        want(attributes, {GLX_STENCIL_SIZE}, atLeast(format.stencilBufferSize()));
     if (format.accum())
-        attributes.insert(attributes.end(), {GLX_ACCUM_RED_SIZE, qMax(format.accumBufferSize(), 1)});
-    if (format.sampleBuffers() && format.samples() != 0)
-        attributes.insert(attributes.end(), {GLX_SAMPLE_BUFFERS, 1, GLX_SAMPLES, qMax(format.samples(), 1)});
+        want(attributes, {GLX_ACCUM_RED_SIZE, GLX_ACCUM_GREEN_SIZE, GLX_ACCUM_BLUE_SIZE},
+             atLeast(format.accumBufferSize()));
+    if (format.sampleBuffers()) {
+        want(attributes, {GLX_SAMPLE_BUFFERS}, 1);
+        want(attributes, {GLX_SAMPLES}, format.samples() == -1 ? OrdinarySamples : format.samples());
+    }
     attributes.push_back(None);
     return attributes;
 }
+
+// What is given up, one after the other, until there is a visual: what matters least first.
+struct Wish {
+    bool (QGLFormat::*isWanted)() const;
+    void (QGLFormat::*setWanted)(bool);
+};
+const Wish Wishes[] = {
+    {&QGLFormat::sampleBuffers, &QGLFormat::setSampleBuffers},
+    {&QGLFormat::stereo, &QGLFormat::setStereo},
+    {&QGLFormat::accum, &QGLFormat::setAccum},
+    {&QGLFormat::stencil, &QGLFormat::setStencil},
+    {&QGLFormat::alpha, &QGLFormat::setAlpha},
+    {&QGLFormat::depth, &QGLFormat::setDepth},
+    {&QGLFormat::doubleBuffer, &QGLFormat::setDoubleBuffer},
+};
 
 } // namespace
 
@@ -65,11 +108,20 @@ void* VisualChoosingContext::chooseVisual()
         return nullptr;
     QGLFormat wanted = format();
     XVisualInfo* visual = glXChooseVisual(xDisplay(), xScreen(), attributesFor(wanted).data());
-    if (!visual && wanted.sampleBuffers()) {
-        wanted.setSampleBuffers(false);
+    for (const Wish& wish : Wishes) {
+        if (visual)
+            break;
+        if (!(wanted.*wish.isWanted)())
+            continue;
+        (wanted.*wish.setWanted)(false);
         visual = glXChooseVisual(xDisplay(), xScreen(), attributesFor(wanted).data());
     }
     return visual;
+}
+
+bool VisualChoosingContext::toolkitMustChoose() const
+{
+    return false;
 }
 
 bool VisualChoosingContext::chooseContext(const QGLContext* shareContext)
@@ -85,6 +137,20 @@ bool VisualChoosingContext::chooseContext(const QGLContext* shareContext)
 void* VisualChoosingContext::chooseVisual()
 {
     return QGLContext::chooseVisual();
+}
+
+bool VisualChoosingContext::toolkitMustChoose() const
+{
+    return m_toolkitMustChoose;
+}
+
+// Without a visual Qt 4 makes no context; asked once more, its own choice stands.
+bool VisualChoosingContext::chooseContext(const QGLContext* shareContext)
+{
+    if (QGLContext::chooseContext(shareContext))
+        return true;
+    m_toolkitMustChoose = true;
+    return QGLContext::chooseContext(shareContext);
 }
 
 #endif

@@ -4,7 +4,10 @@
 
 #include <QGLContext>
 
-namespace velmora::sdk::integration::toolkit {
+namespace velmora {
+namespace sdk {
+namespace integration {
+namespace toolkit {
 
 /// A GL context whose X visual is chosen by `chooseVisual()`, on both toolkits.
 ///
@@ -18,10 +21,13 @@ class VELMORA_INTEGRATION_EXPORT VisualChoosingContext : public QGLContext {
 public:
     explicit VisualChoosingContext(const QGLFormat& format);
 
-    /// The visual that GLX itself would choose for the context's format, or null without X11.
+    /// The visual that the toolkit would choose for the context's format, or null without X11.
     virtual void* chooseVisual();
 
 protected:
+    /// Whether an overriding `chooseVisual()` found none and is asked once more: then it leaves the
+    /// choice to the toolkit. Qt 5 does so by itself.
+    bool toolkitMustChoose() const;
     bool chooseContext(const QGLContext* shareContext) override;
 };
 #else
@@ -30,7 +36,17 @@ public:
     explicit VisualChoosingContext(const QGLFormat& format);
 
     void* chooseVisual() override;
+
+protected:
+    bool toolkitMustChoose() const;
+    bool chooseContext(const QGLContext* shareContext = 0) override;
+
+private:
+    bool m_toolkitMustChoose = false;
 };
 #endif
 
-} // namespace velmora::sdk::integration::toolkit
+} // namespace toolkit
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

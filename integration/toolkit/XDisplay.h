@@ -1,7 +1,7 @@
 #pragma once
 
 // Declared as Xlib does, so that its macros stay out of this header.
-typedef struct _XDisplay Display;
+typedef struct _XDisplay Display; // NOLINT(bugprone-reserved-identifier)
 
 namespace velmora::sdk::integration::toolkit {
 

@@ -3,11 +3,13 @@
 #include "interfaces/EngineEnumerations.h"
 #include "interfaces/Visibility.h"
 
-namespace velmora::sdk::integration {
-class PageInterface;
-}
+namespace velmora {
+namespace sdk {
+namespace integration {
 
-namespace velmora::sdk::integration::services {
+class PageInterface;
+
+namespace services {
 
 /// Sets the mouse cursor that the engine asks for.
 class VELMORA_INTERFACE CursorShapeServiceInterface {
@@ -19,4 +21,7 @@ public:
     virtual ~CursorShapeServiceInterface() = default;
 };
 
-} // namespace velmora::sdk::integration::services
+} // namespace services
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

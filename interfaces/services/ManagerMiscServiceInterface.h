@@ -4,7 +4,10 @@
 
 #include <string>
 
-namespace velmora::sdk::integration::services {
+namespace velmora {
+namespace sdk {
+namespace integration {
+namespace services {
 
 /// Answers the engine's small questions about screen, keyboard, mouse and OpenGL.
 class VELMORA_INTERFACE ManagerMiscServiceInterface {
@@ -24,4 +27,7 @@ public:
     virtual ~ManagerMiscServiceInterface() = default;
 };
 
-} // namespace velmora::sdk::integration::services
+} // namespace services
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

@@ -3,7 +3,10 @@
 #include "interfaces/EngineEnumerations.h"
 #include "interfaces/Visibility.h"
 
-namespace velmora::sdk::integration::services {
+namespace velmora {
+namespace sdk {
+namespace integration {
+namespace services {
 
 /// Shows the engine's messages.
 class VELMORA_INTERFACE MessageBoxServiceInterface {
@@ -13,4 +16,7 @@ public:
     virtual ~MessageBoxServiceInterface() = default;
 };
 
-} // namespace velmora::sdk::integration::services
+} // namespace services
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

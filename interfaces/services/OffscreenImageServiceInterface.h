@@ -3,11 +3,13 @@
 #include "interfaces/EngineEnumerations.h"
 #include "interfaces/Visibility.h"
 
-namespace velmora::sdk::integration {
-class OffscreenImageInterface;
-}
+namespace velmora {
+namespace sdk {
+namespace integration {
 
-namespace velmora::sdk::integration::services {
+class OffscreenImageInterface;
+
+namespace services {
 
 /// Gives the engine off-screen images. One image at a time: destroy one before reading another.
 class VELMORA_INTERFACE OffscreenImageServiceInterface {
@@ -24,4 +26,7 @@ public:
     virtual ~OffscreenImageServiceInterface() = default;
 };
 
-} // namespace velmora::sdk::integration::services
+} // namespace services
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

@@ -5,7 +5,10 @@
 
 #include <string>
 
-namespace velmora::sdk::integration::services {
+namespace velmora {
+namespace sdk {
+namespace integration {
+namespace services {
 
 /// Asks the person for a file name.
 class VELMORA_INTERFACE SelectFileServiceInterface {
@@ -18,4 +21,7 @@ public:
     virtual ~SelectFileServiceInterface() = default;
 };
 
-} // namespace velmora::sdk::integration::services
+} // namespace services
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

@@ -2,7 +2,10 @@
 
 #include "interfaces/Visibility.h"
 
-namespace velmora::sdk::integration::services {
+namespace velmora {
+namespace sdk {
+namespace integration {
+namespace services {
 
 /// Selects what lies in a rectangle.
 class VELMORA_INTERFACE SelectRegionServiceInterface {
@@ -13,4 +16,7 @@ public:
     virtual ~SelectRegionServiceInterface() = default;
 };
 
-} // namespace velmora::sdk::integration::services
+} // namespace services
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

@@ -2,7 +2,10 @@
 
 #include "interfaces/Visibility.h"
 
-namespace velmora::sdk::integration::services {
+namespace velmora {
+namespace sdk {
+namespace integration {
+namespace services {
 
 /// Root of every service that the engine calls back.
 class VELMORA_INTERFACE ServiceInterface {
@@ -14,4 +17,7 @@ public:
     virtual void makeCurrent() = 0;
 };
 
-} // namespace velmora::sdk::integration::services
+} // namespace services
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

@@ -2,7 +2,8 @@
 
 #include "engine/VelExport.h"
 
-namespace velmora::sdk {
+namespace velmora {
+namespace sdk {
 
 /// Brackets a change of engine state, for the life of the object. Locks nest.
 class VELMORA_PLATFORM_EXPORT AppLock {
@@ -19,4 +20,5 @@ public:
     static int depth();
 };
 
-} // namespace velmora::sdk
+} // namespace sdk
+} // namespace velmora

@@ -5,7 +5,9 @@
 
 #include <memory>
 
-namespace velmora::sdk::util {
+namespace velmora {
+namespace sdk {
+namespace util {
 
 /// What is the same for a timer on every platform: interval, running state, listeners. A platform
 /// supplies `internalStart` and `internalStop` and calls `internalTimeout` at each interval's end.
@@ -39,4 +41,6 @@ private:
     bool m_running = false;
 };
 
-} // namespace velmora::sdk::util
+} // namespace util
+} // namespace sdk
+} // namespace velmora

@@ -6,6 +6,7 @@
 #include "integrationmanager/ListenerList.h"
 #include "integrationmanager/LiveObject.h"
 #include "integrationmanager/MonitorProbe.h"
+#include "integrationmanager/OpenDialog.h"
 #include "integrationmanager/StopButtonList.h"
 #include "interfaces/KeyEventInterface.h"
 #include "interfaces/KeyEventListenerInterface.h"
@@ -24,6 +25,13 @@ constexpr int escapeKey = 0x01000000;
 /// How many turns the engine has at most before the application's own event loop goes on.
 constexpr int mostTurnsWhenIdle = 16;
 
+/// What a person does while the engine waits for the answer to a dialog of its own is meant for the
+/// dialog: if it were held back, the dialog could not be answered and the engine not go on.
+bool engineWaitsForAnAnswer()
+{
+    return OpenDialog::count() > 0;
+}
+
 /// Counts itself up for the life of a scope.
 class CountedScope {
 public:
@@ -41,10 +49,12 @@ private:
 struct ApplicationEventMonitorAbstract::Impl {
     explicit Impl(ApplicationEventMonitorAbstract& monitor) : owner(monitor), live(monitor) {}
 
-    /// The rules for a press that comes while the engine is busy.
+    /// The rules for a press that comes while the engine is busy. After the listeners: one that asks
+    /// for the stop makes it the press that interrupts, which is kept and not discarded; and what a
+    /// listener lets happen meanwhile is not taken for the press.
     void notePress()
     {
-        pressIsPending = owner.isBusy();
+        pressIsPending = owner.isBusy() && !owner.interruptRequested && !engineWaitsForAnAnswer();
         if (pressIsPending)
             owner.discardNextEvent = true;
     }
@@ -123,7 +133,7 @@ bool ApplicationEventMonitorAbstract::isBusy() const
 
 void ApplicationEventMonitorAbstract::interrupt()
 {
-    if (!isBusy())
+    if (!isBusy() || engineWaitsForAnAnswer())
         return;
     interruptRequested = true;
     if (m_impl->processing > 0)
@@ -135,12 +145,12 @@ bool ApplicationEventMonitorAbstract::shouldInterrupt()
     // A monitor that was not told of the end of the work still must not hold events back.
     if (interruptRequested && !m_impl->stopIsForced && !isBusy())
         interruptRequested = false;
-    return interruptRequested;
+    return interruptRequested && !engineWaitsForAnAnswer();
 }
 
 bool ApplicationEventMonitorAbstract::isEngineInterruptible() const
 {
-    return isBusy() && !m_impl->stopButtons.isAnyInForce();
+    return isBusy() && !engineWaitsForAnAnswer() && !m_impl->stopButtons.isAnyInForce();
 }
 
 bool ApplicationEventMonitorAbstract::isStopButton(const void* object) const
@@ -171,9 +181,9 @@ void ApplicationEventMonitorAbstract::notifyOfMouseMoved(MouseEventInterface& ev
 
 void ApplicationEventMonitorAbstract::notifyOfButtonPressed(MouseEventInterface& event)
 {
-    m_impl->notePress();
     m_impl->mouseListeners.notify([&](MouseEventListenerInterface& listener) { listener.buttonPressed(event, *this); });
     emitButtonPressed(event);
+    m_impl->notePress();
 }
 
 void ApplicationEventMonitorAbstract::notifyOfButtonReleased(MouseEventInterface& event)
@@ -185,10 +195,10 @@ void ApplicationEventMonitorAbstract::notifyOfButtonReleased(MouseEventInterface
 
 void ApplicationEventMonitorAbstract::notifyOfButtonDoublePressed(MouseEventInterface& event)
 {
-    m_impl->notePress();
     m_impl->mouseListeners.notify(
         [&](MouseEventListenerInterface& listener) { listener.buttonDoublePressed(event, *this); });
     emitButtonDoublePressed(event);
+    m_impl->notePress();
 }
 
 void ApplicationEventMonitorAbstract::notifyOfKeyPressed(KeyEventInterface& event)

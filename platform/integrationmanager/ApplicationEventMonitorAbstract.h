@@ -20,6 +20,10 @@ namespace intern {
 /// What is the same for an event monitor on every windowing toolkit: listeners, stop buttons and
 /// the request to stop. A toolkit's monitor feeds it with the application's events through the
 /// `notifyOf…` operations and supplies the operations that are pure here. GUI thread only.
+///
+/// While one of the engine's own dialogs is open (a message box or a file dialog that the engine
+/// asked a service for), all input is the dialog's: no press is discarded, nothing interrupts, and a
+/// request to stop that was made before waits until the dialog is closed.
 class VELMORA_PLATFORM_EXPORT ApplicationEventMonitorAbstract : public virtual KeyEventObservableInterface,
                                                                 public virtual ApplicationEventMonitorInterface,
                                                                 public virtual MouseEventObservableInterface,
@@ -63,7 +67,7 @@ protected:
 
     // Input for the engine and for the listeners and signals of this monitor. While the engine is
     // busy, a press sets discardNextEvent, so that it does not reach a widget; Escape asks the
-    // engine to stop unless a stop button is in force.
+    // engine to stop unless a stop button is in force. Neither while a dialog of the engine's is open.
     void notifyOfMouseMoved(MouseEventInterface& event);
     void notifyOfButtonPressed(MouseEventInterface& event);
     void notifyOfButtonReleased(MouseEventInterface& event);
@@ -77,7 +81,8 @@ protected:
     void threedMouseStopEvent();
     void threedMouseButtonAction(ButtonActions actions);
 
-    /// The engine has been asked to stop and has not unwound yet.
+    /// The engine has been asked to stop and has not unwound yet; see shouldInterrupt() for whether
+    /// the request is in force.
     bool interruptRequested = false;
     /// The next event is not to reach its receiver. One shot: whoever obeys it clears it.
     bool discardNextEvent = false;

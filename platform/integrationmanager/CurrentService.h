@@ -18,12 +18,16 @@ public:
     explicit constexpr CurrentService(const char* name) : m_name(name) {}
 
     void set(Service& service) { m_service = &service; }
-    /// The service dies: it is not current any more, and no repository knows it.
+    /// The service dies: no repository knows it any more, and when it was the current one, a
+    /// repository whose services are registered makes its last one of the kind current.
     void forget(const Service& service)
     {
-        if (m_service == &service)
+        const bool wasCurrent = m_service == &service;
+        if (wasCurrent)
             m_service = nullptr;
         forgetService(service);
+        if (wasCurrent)
+            makeSuccessorCurrent(service);
     }
     Service* get() const { return m_service; }
 

@@ -1,5 +1,6 @@
 #include "integrationmanager/GLDrawAreaPageTracker.h"
 
+#include "integrationmanager/DestructionNote.h"
 #include "integrationmanager/LiveObject.h"
 #include "integrationmanager/PageTrackers.h"
 #include "interfaces/GLDrawAreaInterface.h"
@@ -98,7 +99,10 @@ GLDrawAreaPageTracker::GLDrawAreaPageTracker(GLDrawAreaInterface& area)
     m_impl = std::make_unique<Impl>(area);
 }
 
-GLDrawAreaPageTracker::~GLDrawAreaPageTracker() = default;
+GLDrawAreaPageTracker::~GLDrawAreaPageTracker()
+{
+    noteDestruction("GLDrawAreaPageTracker");
+}
 
 void GLDrawAreaPageTracker::setPageManager(PageManagerInterface& manager)
 {

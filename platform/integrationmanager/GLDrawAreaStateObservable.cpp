@@ -1,5 +1,6 @@
 #include "integrationmanager/GLDrawAreaStateObservable.h"
 
+#include "integrationmanager/DestructionNote.h"
 #include "integrationmanager/ListenerList.h"
 #include "interfaces/GLDrawAreaInterface.h"
 #include "interfaces/GLDrawAreaListenerInterface.h"
@@ -19,7 +20,10 @@ GLDrawAreaStateObservable::GLDrawAreaStateObservable(GLDrawAreaInterface& area) 
     velmora::testing::EngineProbe::passPoint("GLDrawAreaStateObservable");
 }
 
-GLDrawAreaStateObservable::~GLDrawAreaStateObservable() = default;
+GLDrawAreaStateObservable::~GLDrawAreaStateObservable()
+{
+    noteDestruction("GLDrawAreaStateObservable");
+}
 
 void GLDrawAreaStateObservable::addListener(GLDrawAreaListenerInterface* listener)
 {

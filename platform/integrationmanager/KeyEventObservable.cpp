@@ -1,5 +1,6 @@
 #include "integrationmanager/KeyEventObservable.h"
 
+#include "integrationmanager/DestructionNote.h"
 #include "integrationmanager/ListenerList.h"
 #include "interfaces/KeyEventListenerInterface.h"
 #include "testing/EngineProbe.h"
@@ -15,7 +16,10 @@ KeyEventObservable::KeyEventObservable() : m_impl(std::make_unique<Impl>())
     velmora::testing::EngineProbe::passPoint("KeyEventObservable");
 }
 
-KeyEventObservable::~KeyEventObservable() = default;
+KeyEventObservable::~KeyEventObservable()
+{
+    noteDestruction("KeyEventObservable");
+}
 
 void KeyEventObservable::addListener(KeyEventListenerInterface* listener)
 {

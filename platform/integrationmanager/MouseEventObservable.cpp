@@ -1,5 +1,6 @@
 #include "integrationmanager/MouseEventObservable.h"
 
+#include "integrationmanager/DestructionNote.h"
 #include "integrationmanager/ListenerList.h"
 #include "interfaces/MouseEventListenerInterface.h"
 #include "testing/EngineProbe.h"
@@ -15,7 +16,10 @@ MouseEventObservable::MouseEventObservable() : m_impl(std::make_unique<Impl>())
     velmora::testing::EngineProbe::passPoint("MouseEventObservable");
 }
 
-MouseEventObservable::~MouseEventObservable() = default;
+MouseEventObservable::~MouseEventObservable()
+{
+    noteDestruction("MouseEventObservable");
+}
 
 void MouseEventObservable::addListener(MouseEventListenerInterface* listener)
 {

@@ -23,6 +23,8 @@ OffscreenImageInterface* onImageCreate(int width, int height, int strategy, long
         throw;
     } catch (const std::exception& exception) {
         throw ExceptionBase(exception.what(), false);
+    } catch (...) {
+        throw ExceptionBase("The off-screen image service failed for an unknown reason.", false);
     }
 }
 

@@ -6,7 +6,7 @@
 
 namespace velmora::sdk::integration::services {
 
-/// Lets the engine reach a off-screen image service.
+/// Lets the engine reach an off-screen image service.
 class VELMORA_PLATFORM_EXPORT OffscreenImageServiceAbstract : public virtual OffscreenImageServiceInterface,
                                                               public virtual ServiceInterface {
 public:

@@ -10,6 +10,8 @@
 #include "interfaces/services/ServiceInterface.h"
 #include "testing/EngineProbe.h"
 
+#include <algorithm>
+#include <iterator>
 #include <string>
 
 namespace velmora::sdk::integration::intern {
@@ -20,6 +22,11 @@ template <typename Interface>
 bool isA(const services::ServiceInterface& service)
 {
     return dynamic_cast<const Interface*>(&service) != nullptr;
+}
+
+bool isAny(const services::ServiceInterface& /*service*/)
+{
+    return true;
 }
 
 struct ServiceKind {
@@ -34,15 +41,13 @@ constexpr ServiceKind kinds[] = {
     {&isA<services::ManagerMiscServiceInterface>, "ManagerMiscServiceInterface"},
     {&isA<services::OffscreenImageServiceInterface>, "OffscreenImageServiceInterface"},
     {&isA<services::SelectRegionServiceInterface>, "SelectRegionServiceInterface"},
+    {&isAny, "ServiceInterface"},
 };
 
-const char* kindOf(const services::ServiceInterface& service)
+const ServiceKind& kindOf(const services::ServiceInterface& service)
 {
-    for (const ServiceKind& kind : kinds) {
-        if (kind.matches(service))
-            return kind.name;
-    }
-    return "ServiceInterface";
+    return *std::find_if(std::begin(kinds), std::end(kinds),
+                         [&service](const ServiceKind& kind) { return kind.matches(service); });
 }
 
 void connectToEngine(services::ServiceInterface& service)
@@ -56,7 +61,7 @@ void connectToEngine(services::ServiceInterface& service)
 void ServiceRepository::addService(services::ServiceInterface& service)
 {
     if (velmora::testing::EngineProbe::isLogging())
-        velmora::testing::EngineProbe::note(std::string("addService ") + kindOf(service));
+        velmora::testing::EngineProbe::note(std::string("addService ") + kindOf(service).name);
     m_services.remove(&service);
     m_services.add(&service);
     if (m_registered)
@@ -67,6 +72,20 @@ void ServiceRepository::registerCallbacks()
 {
     m_registered = true;
     m_services.notify(&connectToEngine);
+}
+
+void ServiceRepository::makeCurrentInPlaceOf(const services::ServiceInterface& service)
+{
+    if (!m_registered)
+        return;
+    const ServiceKind& kind = kindOf(service);
+    services::ServiceInterface* last = nullptr;
+    m_services.notify([&](services::ServiceInterface& other) {
+        if (&kindOf(other) == &kind)
+            last = &other;
+    });
+    if (last != nullptr)
+        last->makeCurrent();
 }
 
 void ServiceRepository::takeCallbacksAway()
@@ -85,6 +104,12 @@ void forgetService(const services::ServiceInterface& service)
 {
     LiveObject<ServiceRepository>::forEach(
         [&service](ServiceRepository& repository) { repository.removeService(service); });
+}
+
+void makeSuccessorCurrent(const services::ServiceInterface& service)
+{
+    LiveObject<ServiceRepository>::forEach(
+        [&service](ServiceRepository& repository) { repository.makeCurrentInPlaceOf(service); });
 }
 
 } // namespace velmora::sdk::integration::intern

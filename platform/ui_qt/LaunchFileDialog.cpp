@@ -41,9 +41,8 @@ void offer(QFileDialog& dialog, const std::string& name)
 
 QFileDialog::FileMode fileMode(bool multiple, bool save)
 {
-    if (save)
-        return QFileDialog::AnyFile;
-    return multiple ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile;
+    // A dialog for one file serves to name a new one too, also when it is not made for saving.
+    return multiple && !save ? QFileDialog::ExistingFiles : QFileDialog::AnyFile;
 }
 
 } // namespace

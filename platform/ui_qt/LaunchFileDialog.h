@@ -10,8 +10,9 @@ namespace velmora::ui {
 /// `selected` receives the chosen names (UTF-8, absolute) and `filterIndex` the number of the filter
 /// in force. `title` is the dialog's title. `filters` are name filters in the form
 /// "Tables (*.csv *.txt)". `offered` may hold one file or folder to begin with. `multiple` lets the
-/// person choose several files; `save` asks for a new name instead of an existing file;
-/// `initialFilter` is the number of the filter to begin with.
+/// person choose several files, which must exist; a single one may be new. `save` makes it a dialog
+/// to save in, which asks before a file that exists is taken; only one then. `initialFilter` is the number of the
+/// filter to begin with.
 __attribute__((visibility("default"))) bool LaunchFileDialog(std::vector<std::string>& selected, int& filterIndex,
                                                              const std::string& title,
                                                              const std::vector<std::string>& filters,

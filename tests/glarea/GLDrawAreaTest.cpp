@@ -12,7 +12,9 @@
 
 #include <QApplication>
 #include <QDockWidget>
+#include <QFocusEvent>
 #include <QMainWindow>
+#include <QMouseEvent>
 #include <QVBoxLayout>
 #include <gtest/gtest.h>
 #include <memory>
@@ -151,6 +153,7 @@ public:
     int paints = 0;
     int resizes = 0;
     using GLDrawArea::autoBufferSwap;
+    using GLDrawArea::focusInEvent;
 
 protected:
     void paintGL() override { ++paints; }
@@ -235,7 +238,7 @@ TEST_F(DrawArea, WhileTheEngineOwnsThePictureTheToolkitNeitherPaintsNorResizes)
     area.resize(area.width() + 20, area.height());
     ASSERT_TRUE(waitUntil([&] { return painter.exposures.size() >= 2; }));
     EXPECT_EQ(area.paints, 0);
-    EXPECT_FALSE(painter.exposures.empty());
+    EXPECT_EQ(area.resizes, 0);
 }
 
 TEST_F(DrawArea, WithoutAPageTheToolkitPaintsAndResizesAndTheExposureFollows)
@@ -320,6 +323,15 @@ TEST_F(DrawArea, ItsListenersHearOfItsEndWhileTheContextWorks)
     EXPECT_TRUE(painter.contextWorkedAtTheEnd);
 }
 
+TEST_F(DrawArea, ItsObserversGoInTheOrderOfTheirCreation)
+{
+    auto area = std::make_unique<GLDrawArea>();
+    EngineProbe::startLog();
+    area.reset();
+    EXPECT_EQ(EngineProbe::log(), (std::vector<std::string>{"~GLDrawAreaPageTracker", "~GLDrawAreaStateObservable",
+                                                            "~MouseEventObservable", "~KeyEventObservable"}));
+}
+
 TEST_F(DrawArea, EveryFocusInIsAnnounced)
 {
     QWidget window;
@@ -342,6 +354,36 @@ TEST_F(DrawArea, EveryFocusInIsAnnounced)
     other.setFocus();
     processPending();
     EXPECT_EQ(emitted, 1);
+}
+
+TEST_F(DrawArea, OnlyAFocusInEventIsAStateChangeButTheSignalAlwaysComes)
+{
+    ToolkitWatch area;
+    Painter painter(area, Green);
+    int emitted = 0;
+    area.connectDrawAreaFocusGained([&] { ++emitted; });
+    QFocusEvent focusOut(QEvent::FocusOut);
+    area.focusInEvent(&focusOut);
+    EXPECT_EQ(painter.focusGains, 0);
+    EXPECT_EQ(emitted, 1);
+}
+
+TEST_F(DrawArea, ListenersHearBeforeTheSignals)
+{
+    GLDrawArea area;
+    Painter painter(area, Green);
+    Recorder recorder(area);
+    area.connectMouseMoved([&](MouseEventInterface&) { recorder.log.push_back("signal"); });
+    area.connectDrawAreaDestroyed([&] { EXPECT_EQ(painter.destructions, 1); });
+    size_t exposures = 0;
+    area.connectDrawAreaExposed([&](bool) { EXPECT_EQ(painter.exposures.size(), ++exposures); });
+    QMouseEvent move(QEvent::MouseMove, QPoint(1, 2), Qt::NoButton, Qt::NoButton,
+                     Qt::ShiftModifier | Qt::AltModifier | Qt::MetaModifier);
+    QCoreApplication::sendEvent(&area, &move);
+    EXPECT_EQ(recorder.log, (std::vector<std::string>{"moved 0 at 1,2 with 5", "signal"}));
+    ASSERT_TRUE(showAndWait(area));
+    EXPECT_GT(exposures, 0u);
+    area.onDestroyed();
 }
 
 TEST_F(DrawArea, MouseInputReachesListenersAndSignals)

@@ -82,6 +82,11 @@ TEST(MouseEvents, ShiftAndControlAreBothReportedDown)
     EXPECT_TRUE(event.isControlDown());
     EXPECT_FALSE(event.isAltDown());
     EXPECT_EQ(event.keyboardModifiers(), 3);
+
+    const MouseEvent withAlt(nullptr, MouseEventInterface::MouseButton_Left, 0, 0, 4);
+    EXPECT_FALSE(withAlt.isShiftDown());
+    EXPECT_FALSE(withAlt.isControlDown());
+    EXPECT_TRUE(withAlt.isAltDown());
 }
 
 TEST(MouseEvents, ACloneSurvivesItsEventAndReportsTheSame)

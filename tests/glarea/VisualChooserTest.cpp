@@ -10,6 +10,7 @@
 #include "toolbox/StyleValue.h"
 
 #include <algorithm>
+#include <dlfcn.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <memory>
@@ -20,6 +21,20 @@
 #include <X11/Xutil.h>
 
 using namespace velmora::sdk::integration;
+
+namespace {
+
+int failingAttribute = 0;
+
+} // namespace
+
+// In place of GLX's own, which it calls: fails for one attribute, as a driver may.
+extern "C" int glXGetConfig(Display* display, XVisualInfo* visual, int attribute, int* value)
+{
+    using Function = int (*)(Display*, XVisualInfo*, int, int*);
+    static const auto original = reinterpret_cast<Function>(dlsym(RTLD_NEXT, "glXGetConfig"));
+    return attribute == failingAttribute ? GLX_BAD_ATTRIBUTE : original(display, visual, attribute, value);
+}
 using velmora::testing::EngineProbe;
 using velmora::toolbox::StyleValue;
 
@@ -40,15 +55,10 @@ void setScreenRendering(const char* key, int value)
     writeStyleInteger(StyleValue("Interface", "OpenGLConfig", "ScreenRendering"), key, value);
 }
 
-struct FreeByXlib {
-    void operator()(XVisualInfo* visual) const { XFree(visual); }
-};
-using OwnedVisual = std::unique_ptr<XVisualInfo, FreeByXlib>;
-
 OwnedVisual choose()
 {
     GoodVisualChooserQGLContext context;
-    return OwnedVisual(static_cast<XVisualInfo*>(context.chooseVisual()));
+    return OwnedVisual(context.chooseVisual());
 }
 
 class VisualChooser : public ::testing::Test {
@@ -114,17 +124,31 @@ TEST_F(VisualChooser, TheComparatorAgreesWithTheKeyForEveryPairOfRealVisuals)
             ASSERT_EQ(CompareVisual(&a, &b), keyOf(a) > keyOf(b) ? 1 : 0) << a.visualId << " " << b.visualId;
 }
 
+TEST_F(VisualChooser, AQueryThatFailsLeavesTheAnswerOfTheOneBefore)
+{
+    const std::vector<VisualCandidate> asked = VisualList().candidates({32, 4, 16});
+    failingAttribute = GLX_DEPTH_SIZE; // asked for after the alpha size
+    const std::vector<VisualCandidate> failed = VisualList().candidates({32, 4, 16});
+    failingAttribute = 0;
+    bool differs = false;
+    for (size_t i = 0; i < asked.size(); ++i) {
+        EXPECT_EQ(failed[i].depthSize, asked[i].alphaSize);
+        differs = differs || asked[i].depthSize != asked[i].alphaSize;
+    }
+    EXPECT_TRUE(differs);
+}
+
 TEST_F(VisualChooser, TheFirstChoiceWritesTheVisualIdAndTheSecondTakesIt)
 {
     const OwnedVisual first = choose();
     ASSERT_NE(first, nullptr);
-    EXPECT_EQ(static_cast<unsigned long>(config("VisualID")), first->visualid);
+    EXPECT_EQ(static_cast<unsigned long>(config("VisualID")), VisualList::idOf(first.get()));
 
     // With other wishes the ranking would choose another visual; the ID in force forbids it.
     setScreenRendering("DepthBufferSize", 16);
     const OwnedVisual second = choose();
     ASSERT_NE(second, nullptr);
-    EXPECT_EQ(second->visualid, first->visualid);
+    EXPECT_EQ(VisualList::idOf(second.get()), VisualList::idOf(first.get()));
 }
 
 TEST_F(VisualChooser, AConfiguredVisualIsTaken)
@@ -133,7 +157,7 @@ TEST_F(VisualChooser, AConfiguredVisualIsTaken)
     setConfig("VisualID", wanted);
     const OwnedVisual chosen = choose();
     ASSERT_NE(chosen, nullptr);
-    EXPECT_EQ(chosen->visualid, static_cast<unsigned long>(wanted));
+    EXPECT_EQ(VisualList::idOf(chosen.get()), static_cast<unsigned long>(wanted));
 }
 
 TEST_F(VisualChooser, AConfiguredIdThatMatchesNothingLeavesEverythingUntouched)
@@ -148,36 +172,72 @@ TEST_F(VisualChooser, AConfiguredIdThatMatchesNothingLeavesEverythingUntouched)
     EXPECT_EQ(config("VisualID"), NoVisual);
 }
 
+// The toolkit chooses for a widget, so there has to be one.
+int idChosenForAnArea()
+{
+    const GLDrawArea area;
+    return config("VisualID");
+}
+
 TEST_F(VisualChooser, WithTheAdvancedChooserOffTheToolkitsChoiceIsWrittenBack)
 {
     setConfig("UseAdvancedVisualChooser", 0);
-    const OwnedVisual chosen = choose();
-    ASSERT_NE(chosen, nullptr);
-    EXPECT_EQ(static_cast<unsigned long>(config("VisualID")), chosen->visualid);
+    const int id = idChosenForAnArea();
+    ASSERT_NE(id, 0);
+    EXPECT_NE(OwnedVisual(VisualList::find(static_cast<unsigned long>(id))), nullptr);
+}
+
+TEST_F(VisualChooser, TheToolkitsChoiceIsMadeAnewEachTime)
+{
+    setConfig("UseAdvancedVisualChooser", 0);
+    const int id = idChosenForAnArea();
+    setConfig("VisualID", 1);
+    EXPECT_EQ(idChosenForAnArea(), id);
 }
 
 TEST_F(VisualChooser, AReadOfTheSwitchThatFailsMeansTheToolkitsChooser)
 {
     EngineProbe::failStyleReads("Interface/OpenGLConfig/UseAdvancedVisualChooser");
-    const OwnedVisual failing = choose();
+    const int failing = idChosenForAnArea();
     EngineProbe::reset();
     setConfig("UseAdvancedVisualChooser", 0);
     setConfig("VisualID", 0);
-    const OwnedVisual off = choose();
-    ASSERT_NE(failing, nullptr);
-    ASSERT_NE(off, nullptr);
-    EXPECT_EQ(failing->visualid, off->visualid);
+    EXPECT_EQ(idChosenForAnArea(), failing);
+    EXPECT_NE(failing, 0);
+}
+
+TEST_F(VisualChooser, AReadOfTheVisualIdThatFailsMeansNone)
+{
+    const OwnedVisual best = choose();
+    setConfig("VisualID", VisualList().candidates({32, 4, 16}).front().visualId);
+    EngineProbe::failStyleReads("Interface/OpenGLConfig/VisualID");
+    const OwnedVisual chosen = choose();
+    EXPECT_EQ(VisualList::idOf(chosen.get()), VisualList::idOf(best.get()));
+}
+
+TEST_F(VisualChooser, AReadOfPrintDebugThatFailsMeansNoPrinting)
+{
+    writeStyleInteger(StyleValue("Interface"), "PrintDebug", 1);
+    EngineProbe::failStyleReads("Interface/PrintDebug");
+    ::testing::internal::CaptureStderr();
+    choose();
+    EXPECT_EQ(::testing::internal::GetCapturedStderr(), "");
+    EngineProbe::reset();
+    writeStyleInteger(StyleValue("Interface"), "PrintDebug", 0);
 }
 
 TEST_F(VisualChooser, FailedReadsOfTheSizesMeanTheDefaults)
 {
     const OwnedVisual byDefault = choose();
     setConfig("VisualID", 0);
+    setScreenRendering("DepthBufferSize", 16);
+    setScreenRendering("MaxMultiSamples", 1);
+    setScreenRendering("MaxAccumBufferSize", 8);
     for (const char* const key : {"DepthBufferSize", "MaxMultiSamples", "MaxAccumBufferSize"})
         EngineProbe::failStyleReads(std::string("Interface/OpenGLConfig/ScreenRendering/") + key);
     const OwnedVisual failing = choose();
     ASSERT_NE(failing, nullptr);
-    EXPECT_EQ(failing->visualid, byDefault->visualid);
+    EXPECT_EQ(VisualList::idOf(failing.get()), VisualList::idOf(byDefault.get()));
 }
 
 TEST_F(VisualChooser, TheChoiceIsWrittenUnderALockThatRecordsIt)
@@ -195,7 +255,7 @@ TEST_F(VisualChooser, TheChoiceIsWrittenUnderALockThatRecordsIt)
     ASSERT_NE(write, log.end());
     EXPECT_LT(lock, write);
     EXPECT_LT(write, unlock);
-    const std::string id = std::to_string(chosen->visualid);
+    const std::string id = std::to_string(VisualList::idOf(chosen.get()));
     EXPECT_THAT(*write, ::testing::HasSubstr("IValue=" + id));
     EXPECT_THAT(*write, ::testing::HasSubstr("DValue=" + id));
 }
@@ -209,8 +269,9 @@ TEST_F(VisualChooser, WithPrintDebugTheIdIsPrintedTwiceOnStandardError)
     writeStyleInteger(StyleValue("Interface"), "PrintDebug", 0);
 
     char expected[64];
-    std::snprintf(expected, sizeof expected, "Visual ID : 0x%02x, lvl: %02d\n", static_cast<unsigned>(chosen->visualid),
-                  static_cast<int>(chosen->visualid));
+    std::snprintf(expected, sizeof expected, "Visual ID : 0x%02x, lvl: %02d\n",
+                  static_cast<unsigned>(VisualList::idOf(chosen.get())),
+                  static_cast<int>(VisualList::idOf(chosen.get())));
     EXPECT_EQ(printed, expected);
 }
 
@@ -249,16 +310,20 @@ TEST_F(VisualChooser, TheWindowHasAVisualWithTheChosenSizes)
     Display* const display = toolkit::xDisplay();
     XWindowAttributes attributes;
     ASSERT_NE(XGetWindowAttributes(display, area.winId(), &attributes), 0);
-    const OwnedVisual chosen(static_cast<XVisualInfo*>(VisualList::find(static_cast<unsigned long>(chosenId))));
-    const OwnedVisual actual(static_cast<XVisualInfo*>(VisualList::find(XVisualIDFromVisual(attributes.visual))));
+    const OwnedVisual chosen(VisualList::find(static_cast<unsigned long>(chosenId)));
+    const OwnedVisual actual(VisualList::find(XVisualIDFromVisual(attributes.visual)));
     ASSERT_NE(actual, nullptr);
     const auto value = [&](const OwnedVisual& visual, int attribute) {
         int result = -1;
-        glXGetConfig(display, visual.get(), attribute, &result);
+        glXGetConfig(display, static_cast<XVisualInfo*>(visual.get()), attribute, &result);
         return result;
     };
     for (const int attribute :
          {GLX_RED_SIZE, GLX_GREEN_SIZE, GLX_BLUE_SIZE, GLX_DEPTH_SIZE, GLX_STENCIL_SIZE, GLX_DOUBLEBUFFER, GLX_SAMPLES})
         EXPECT_GE(value(actual, attribute), value(chosen, attribute)) << attribute;
     EXPECT_EQ(value(actual, GLX_SAMPLES), value(chosen, GLX_SAMPLES));
+    EXPECT_EQ(value(actual, GLX_ALPHA_SIZE), value(chosen, GLX_ALPHA_SIZE));
+#if QT_VERSION < 0x050000
+    EXPECT_EQ(VisualList::idOf(actual.get()), static_cast<unsigned long>(chosenId));
+#endif
 }

@@ -5,13 +5,16 @@
 #include "integration/glarea/GLDrawArea.h"
 #include "integration/glarea/GoodVisualChooserQGLContext.h"
 #include "integration/glarea/VisualList.h"
+#include "testing/EngineProbe.h"
 #include "toolbox/StyleValue.h"
 
 #include <QPointer>
 #include <QWidget>
 #include <gtest/gtest.h>
+#include <string>
 
 using namespace velmora::sdk::integration;
+using velmora::testing::EngineProbe;
 using velmora::toolbox::StyleValue;
 
 TEST(WithoutX11, TheChooserLeavesTheChoiceToTheToolkitAndWritesNothing)
@@ -31,6 +34,7 @@ TEST(WithoutX11, TheChooserLeavesTheChoiceToTheToolkitAndWritesNothing)
 TEST(WithoutOpenGL, CreatingADrawingAreaThrowsAndLeavesTheParentIntact)
 {
     QWidget parent;
+    EngineProbe::startLog();
     try {
         GLDrawArea area(&parent);
         FAIL() << "there is no OpenGL here";
@@ -39,4 +43,8 @@ TEST(WithoutOpenGL, CreatingADrawingAreaThrowsAndLeavesTheParentIntact)
         EXPECT_FALSE(error.isLogged());
     }
     EXPECT_TRUE(parent.findChildren<QWidget*>().isEmpty());
+    // Deliberately, the tracker and the observables are not released on this path.
+    for (const std::string& entry : EngineProbe::log())
+        EXPECT_NE(entry.front(), '~') << entry;
+    EngineProbe::reset();
 }

@@ -11,6 +11,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <memory>
+#include <string>
+#include <utility>
 
 // Each case runs in a process of its own: there is one manager a process, and its end is at exit.
 
@@ -39,6 +41,7 @@ std::vector<std::string> destroyed()
 
 void printDestroyed()
 {
+    std::fprintf(stderr, "destroyed: ");
     for (const std::string& name : destroyed())
         std::fprintf(stderr, "%s ", name.c_str());
     std::fprintf(stderr, "end\n");
@@ -103,8 +106,60 @@ TEST(ManagerDeathTest, AtExitTheServicesGoInReverseThenTheMonitorThenTheBase)
 {
     EXPECT_EXIT(
         std::exit(atExitTheServicesGoInReverseThenTheMonitorThenTheBase()), ::testing::ExitedWithCode(0),
-        "OffscreenImageServiceAbstract ManagerMiscServiceAbstract CursorShapeServiceAbstract "
+        "destroyed: OffscreenImageServiceAbstract ManagerMiscServiceAbstract CursorShapeServiceAbstract "
         "SelectFileServiceAbstract MessageBoxServiceAbstract ApplicationEventMonitorAbstract ManagerAbstract end");
+}
+
+namespace {
+
+// Tells of its end, and with it of the end of the signal whose slot holds it.
+class Witness {
+public:
+    explicit Witness(std::string name) : m_name(std::move(name)) {}
+    ~Witness() { EngineProbe::note("~" + m_name); }
+
+private:
+    std::string m_name;
+};
+
+int theSignalsAreDestroyedLastInTheReverseOrderOfTheirConstruction()
+{
+    EngineProbe::startLog();
+    std::atexit(printDestroyed);
+    Manager& manager = Manager::getInstance();
+    const auto witness = [](const char* name) { return [held = std::make_shared<Witness>(name)] {}; };
+    manager.connectEngineStarted(witness("Started"));
+    manager.connectEngineShutdownInitiated(witness("Initiated"));
+    manager.connectEngineShutdownFinished(witness("Finished"));
+    return 0;
+}
+
+} // namespace
+
+TEST(ManagerDeathTest, TheSignalsAreDestroyedLastInTheReverseOrderOfTheirConstruction)
+{
+    EXPECT_EXIT(std::exit(theSignalsAreDestroyedLastInTheReverseOrderOfTheirConstruction()),
+                ::testing::ExitedWithCode(0), "ManagerAbstract Finished Initiated Started end");
+}
+
+namespace {
+
+int theProcessExitsCleanlyThoughNobodyStoppedTheEngine()
+{
+    static int argc = 1;
+    static char name[] = "host";
+    static char* argv[] = {name, nullptr};
+    const QApplication application(argc, argv);
+    Manager& manager = Manager::getInstance();
+    manager.init(argc, argv, "", "host");
+    return manager.start() == ManagerStartReturnCode_Ok ? 0 : 1;
+}
+
+} // namespace
+
+TEST(ManagerDeathTest, TheProcessExitsCleanlyThoughNobodyStoppedTheEngine)
+{
+    EXPECT_EXIT(std::exit(theProcessExitsCleanlyThoughNobodyStoppedTheEngine()), ::testing::ExitedWithCode(0), "");
 }
 
 namespace {
@@ -129,9 +184,9 @@ int aThirdServiceThatThrowsUnwindsAndTheNextCallBuildsAnew()
 
 TEST(ManagerDeathTest, AThirdServiceThatThrowsUnwindsAndTheNextCallBuildsAnew)
 {
-    EXPECT_EXIT(
-        std::exit(aThirdServiceThatThrowsUnwindsAndTheNextCallBuildsAnew()), ::testing::ExitedWithCode(0),
-        "SelectFileServiceAbstract MessageBoxServiceAbstract ApplicationEventMonitorAbstract ManagerAbstract end");
+    EXPECT_EXIT(std::exit(aThirdServiceThatThrowsUnwindsAndTheNextCallBuildsAnew()), ::testing::ExitedWithCode(0),
+                "destroyed: SelectFileServiceAbstract MessageBoxServiceAbstract ApplicationEventMonitorAbstract "
+                "ManagerAbstract end");
 }
 
 namespace {

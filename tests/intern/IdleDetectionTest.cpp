@@ -203,3 +203,13 @@ TEST_F(IdleDetection, TheEndOfTheWorkIsEnoughForAnEventThatWaits)
     EXPECT_TRUE(waitUntil([&] { return !received().empty(); }));
     EXPECT_FALSE(Probe::filter(monitor).hasInterruptedEvent());
 }
+
+TEST_F(IdleDetection, ATimerThatStillRunsWhenTheMonitorStopsEndsWithItsNextEvent)
+{
+    sendTrigger();
+    ASSERT_TRUE(Probe::idleTimerRuns(monitor));
+    monitor.stop();
+    EXPECT_TRUE(Probe::idleTimerRuns(monitor));
+    EXPECT_TRUE(waitUntil([&] { return !Probe::idleTimerRuns(monitor); }));
+    monitor.start();
+}

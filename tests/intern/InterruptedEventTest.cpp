@@ -1,13 +1,16 @@
 // Keeping the event that interrupted the engine, and sending it again once the work has unwound.
 
 #include "tests/intern/MonitorFixture.h"
+#include "tests/support/Wait.h"
 
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDialog>
 #include <QMainWindow>
+#include <QPointer>
 #include <QShortcutEvent>
 #include <QWheelEvent>
+#include <algorithm>
 #include <memory>
 #include <stdexcept>
 
@@ -422,6 +425,71 @@ TEST_F(InterruptedEvent, AnExceptionDuringItsDeliveryPassesAndLeavesNothingParke
     sendTrigger(other);
     EXPECT_THAT(received(), ElementsAre("widget: KeyRelease " + B, "other: User"));
     EXPECT_EQ(Probe::dispatching(monitor), nullptr);
+}
+
+TEST_F(InterruptedEvent, AnEventDeliveredEarlyAndIgnoredReachesItsParentOnce)
+{
+    Receiver<QWidget> parent{"parent", journal};
+    Receiver<QWidget>* const child = new Receiver<QWidget>{"child", journal};
+    child->setParent(&parent);
+    child->onEvent = [](QEvent& event) { event.ignore(); };
+    widget.onEvent = [this](QEvent& event) {
+        if (event.type() == QEvent::KeyRelease)
+            monitor.processWhileBusy_Internal();
+    };
+    QKeyEvent key = keyEvent(QEvent::KeyRelease, Qt::Key_A);
+    interruptWith(key, widget);
+    sendKey(*child, Qt::Key_B);
+    const Journal all = received();
+    EXPECT_EQ(std::count(all.begin(), all.end(), "child: KeyRelease " + B), 1);
+    EXPECT_EQ(std::count(all.begin(), all.end(), "parent: KeyRelease " + B), 1);
+}
+
+TEST_F(InterruptedEvent, WhatAReceiverSendsItselfWhileItIsDestroyedDoesNotSendTheCopy)
+{
+    QKeyEvent key = keyEvent(QEvent::KeyRelease, Qt::Key_A);
+    interruptWith(key, widget);
+    for (const QEvent::Type type : {QEvent::ChildRemoved, QEvent::Hide, QEvent::FocusOut, QEvent::Destroy})
+        sendPlain(widget, type);
+    EXPECT_TRUE(Probe::filter(monitor).hasInterruptedEvent());
+    sendPlain(other, QEvent::Hide);
+    EXPECT_FALSE(Probe::filter(monitor).hasInterruptedEvent());
+}
+
+namespace {
+
+class ErrandCounter : public QWidget {
+public:
+    int updates = 0;
+    int layouts = 0;
+
+protected:
+    bool event(QEvent* event) override
+    {
+        updates += event->type() == QEvent::UpdateRequest;
+        layouts += event->type() == QEvent::LayoutRequest;
+        return QWidget::event(event);
+    }
+};
+
+} // namespace
+
+TEST_F(InterruptedEvent, TheToolkitsErrandsThatWereSwallowedAreAskedForAgain)
+{
+    ErrandCounter errands;
+    QPointer<QObject> doomed = new QObject;
+    beginInterruption();
+    doomed->deleteLater();
+    QCoreApplication::sendPostedEvents(doomed, QEvent::DeferredDelete);
+    sendPlain(errands, QEvent::UpdateRequest);
+    sendPlain(errands, QEvent::LayoutRequest);
+    EXPECT_EQ(errands.updates + errands.layouts, 0);
+    EXPECT_FALSE(doomed.isNull());
+    unwind();
+    Probe::Filter::engineNotBusyCallback(reinterpret_cast<long>(&Probe::filter(monitor)));
+    EXPECT_TRUE(waitUntil([&] { return doomed.isNull(); }));
+    EXPECT_EQ(errands.updates, 1);
+    EXPECT_EQ(errands.layouts, 1);
 }
 
 TEST_F(InterruptedEvent, ACopyThatStillWaitsOutlivesTheMonitor)

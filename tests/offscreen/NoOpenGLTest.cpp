@@ -1,5 +1,6 @@
-// Exporting from a widget application whose window system has no OpenGL; run on such a platform.
+// Exporting from a widget application without a window system and without OpenGL; run on such a platform.
 
+#include "exception/ExceptionBase.h"
 #include "integration/services/OffscreenImageService.h"
 #include "integration/toolkit/GuiClient.h"
 #include "integration/toolkit/PixelBuffer.h"
@@ -14,20 +15,31 @@ namespace {
 
 using namespace sdk::integration;
 
-TEST(WithoutOpenGL, AWidgetApplicationIsAGuiClientWithoutPixelBuffers)
+TEST(WithoutOpenGL, AWidgetApplicationIsNoGuiClientAndHasNoPixelBuffers)
 {
-    EXPECT_TRUE(toolkit::isGuiClient());
+    EXPECT_FALSE(toolkit::isGuiClient());
     EXPECT_FALSE(toolkit::hasPixelBuffers());
 }
 
-TEST(WithoutOpenGL, TheHiddenWidgetCannotRenderAndNoRowCanBeRead)
+TEST(WithoutOpenGL, ThereIsNoHardwareImage)
 {
     services::OffscreenImageService service;
-    OffscreenImageInterface* const image = service.imageCreate(16, 16, ImageRenderingStrategy_Hardware);
+    try {
+        service.imageCreate(16, 16, ImageRenderingStrategy_Hardware);
+        FAIL() << "an image was created";
+    } catch (const ExceptionBase& exception) {
+        EXPECT_STREQ(exception.what(), "Failed to create an offscreen image.");
+    }
+}
+
+TEST(WithoutOpenGL, AHiddenWidgetCannotRenderAndNoRowCanBeRead)
+{
+    services::OffscreenImageService service;
+    auto image = createImage(ImageKind::Pixmap, 16, 16);
     EXPECT_FALSE(image->render(ExportRegion_Page));
     unsigned char plane[16];
-    EXPECT_FALSE(service.imageGetRGBRow(image, 0, plane, plane, plane));
-    service.imageDestroy(image);
+    EXPECT_FALSE(service.imageGetRGBRow(image.get(), 0, plane, plane, plane));
+    service.imageDestroy(image.release());
 }
 
 TEST(WithoutOpenGL, SoftwareDraws)

@@ -3,11 +3,14 @@
 #include "testing/EngineProbe.h"
 #include "tests/offscreen/EngineStandIn.h"
 #include "tests/offscreen/ImageKinds.h"
+#include "tests/offscreen/PackBuffer.h"
 #include "tests/offscreen/TestPicture.h"
 #include "tests/support/Pixels.h"
+#include "tests/support/QtWarnings.h"
 
 #include <QGLFramebufferObject>
 #include <QGLWidget>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace velmora::test {
@@ -68,7 +71,10 @@ TEST(OffscreenImagePBuffer, NegativeConfiguredValuesAreIgnored)
     const ImageSetting depth("DepthBufferSize", -24);
     const ImageSetting samples("MaxMultiSamples", -4);
     const ImageSetting accumulation("MaxAccumBufferSize", -16);
+    // The toolkit's format ignores them too, but not silently.
+    const QtWarnings warnings;
     OffscreenImagePBuffer image(32, 32);
+    EXPECT_THAT(warnings.messages(), ::testing::IsEmpty());
     ASSERT_TRUE(image.isValid());
     EXPECT_EQ(valueWhileDrawing(image, GL_SAMPLES), 0);
     EXPECT_GT(valueWhileDrawing(image, GL_DEPTH_BITS), 0);
@@ -170,6 +176,35 @@ TEST_P(WhatTheDrawingLeavesBehind, PixelStorageModesDoNotShearThePicture)
         gl.pixelStorei(GL_PACK_SKIP_PIXELS, 3);
     });
     EXPECT_EQ(differingFraction(picture, tiles(51, 37), 0), 0.0);
+}
+
+TEST_P(WhatTheDrawingLeavesBehind, PixelTransferModesDoNotChangeTheColours)
+{
+    const QImage picture = pictureAfter([](const GLTable&) {
+        for (const GLenum mode : {GL_RED_SCALE, GL_GREEN_SCALE, GL_BLUE_SCALE, GL_ALPHA_SCALE})
+            glPixelTransferf(mode, 0.5f);
+        for (const GLenum mode : {GL_RED_BIAS, GL_GREEN_BIAS, GL_BLUE_BIAS, GL_ALPHA_BIAS})
+            glPixelTransferf(mode, 0.25f);
+        const float onlyWhite = 1.0f;
+        glPixelMapfv(GL_PIXEL_MAP_R_TO_R, 1, &onlyWhite);
+        glPixelTransferi(GL_MAP_COLOR, GL_TRUE);
+    });
+    EXPECT_EQ(differingFraction(picture, tiles(51, 37), 0), 0.0);
+}
+
+TEST_P(WhatTheDrawingLeavesBehind, ABufferForPixelsDoesNotSwallowThePictureAndStaysBound)
+{
+    const ImageSetting setting("MaxMultiSamples", GetParam());
+    OffscreenImagePBuffer image(51, 37);
+    unsigned buffer = 0;
+    renderImage(ImageKind::PixelBuffer, image, [&](const GLTable& gl, int w, int h) {
+        drawTiles(gl, w, h);
+        buffer = bindNewPackBuffer();
+    });
+    EXPECT_EQ(differingFraction(image.toImage(), tiles(51, 37), 0), 0.0);
+    ASSERT_TRUE(image.getGLContext().setCurrentGL());
+    EXPECT_EQ(boundPackBuffer(), buffer);
+    EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
 }
 
 TEST_P(WhatTheDrawingLeavesBehind, AFramebufferOfTheEnginesOwnIsNotWhatIsRead)

@@ -116,7 +116,8 @@ TEST_F(PdfPaper, OnlyTheSheetsOfTheBSeriesAreOthersThanTheToolkitsOwn)
 
 TEST_F(PdfPaper, ASheetOfTheBSeriesOfJISIsDeliberatelyPrintedAsItsNamesakeOfISO)
 {
-    // The engine says B and means JIS; the toolkit takes the name and has ISO's sheet for it.
+    // The engine's sheet has the size of a B row, so the printer is told the row's name; the toolkit
+    // has ISO's sheet under that name.
     setKernelCustomPaper(182 / 25.4, 257 / 25.4);
     expectPage(176, 250);
 }

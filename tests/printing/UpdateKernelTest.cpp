@@ -113,6 +113,23 @@ TEST_F(UpdateKernel, ACustomSheetIsReadFromThePropertyAfterTheOrientation)
     EXPECT_THAT(logOf(UpdateKernelFromPrinter, m_printer), ElementsAreArray(expected));
 }
 
+TEST_F(UpdateKernel, APropertyWithoutExtentIsTheSizeOfACustomSheetAllTheSame)
+{
+    setCustomPaper(m_printer, 100, 150);
+    m_printer.printEngine()->setProperty(static_cast<QPrintEngine::PrintEnginePropertyKey>(11), QSize(0, 160));
+    const Calls calls = logOf(UpdateKernelFromPrinter, m_printer);
+    EXPECT_THAT(calls, Contains(lengthWrite(WidthPath, 0)));
+    EXPECT_THAT(calls, Contains(lengthWrite(HeightPath, 160)));
+}
+
+TEST_F(UpdateKernel, ThePropertyIsAskedForACustomSheetOnly)
+{
+    for (const BasicPaperSize& row : BasicPaperSizes) {
+        m_printer.setPageSize(static_cast<QPrinter::PaperSize>(row.paperSize));
+        EXPECT_THAT(logOf(UpdateKernelFromPrinter, m_printer), Not(Contains("property 11"))) << row.paperSize;
+    }
+}
+
 TEST_F(UpdateKernel, WithoutThePropertyACustomSheetIsReadFromThePrinterUprightInBothOrientations)
 {
     m_printer.engine().keepsPaperProperty = false;

@@ -1,4 +1,5 @@
 #include "integration/printing/BasicPaperSizes.h"
+#include "integration/printing/PaperStyle.h"
 #include "integration/printing/PrintingUtil.h"
 #include "tests/printing/PrintingTest.h"
 
@@ -15,6 +16,8 @@ using ::testing::HasSubstr;
 using ::testing::Not;
 using velmora::sdk::integration::BasicPaperSize;
 using velmora::sdk::integration::BasicPaperSizes;
+using velmora::sdk::integration::kernelPaperName;
+using velmora::sdk::integration::readKernelPaperLength;
 using velmora::sdk::integration::UpdatePrinterFromKernel;
 using velmora::testing::EngineProbe;
 using Calls = std::vector<std::string>;
@@ -186,6 +189,17 @@ TEST_F(UpdatePrinter, WithoutAReadableIndexThePrinterGetsTheFirstPaper)
     const Calls calls = logOf(UpdatePrinterFromKernel, m_printer);
     EXPECT_THAT(calls, Contains("styleGet GlobalPaper/PaperSizeInfo/Letter/Width"));
     EXPECT_EQ(pageSize(QPrinter::Letter), calls.back());
+}
+
+TEST_F(UpdatePrinter, ANumberThatNoPaperHasAddsNoNameToThePath)
+{
+    for (const int index : {-1, 6, 100}) {
+        EXPECT_EQ(nullptr, kernelPaperName(index));
+        EngineProbe::startLog();
+        EngineProbe::clearLog();
+        EXPECT_EQ(0, readKernelPaperLength(index, "Width")) << index;
+        EXPECT_THAT(EngineProbe::log(), ElementsAreArray(Calls{"styleGet GlobalPaper/PaperSizeInfo/Width"})) << index;
+    }
 }
 
 TEST_F(UpdatePrinter, TheFirstPaperInPlaceOfAnUnreadableOneIsReportedUnderPrintDebugOnly)

@@ -9,6 +9,10 @@
 #include <climits>
 #include <gmock/gmock.h>
 
+// What the resource compiler generates for the bundle; the library exports it.
+int qInitResources_sdk_cursors();
+int qCleanupResources_sdk_cursors();
+
 namespace velmora::test {
 
 namespace {
@@ -103,6 +107,19 @@ TEST_F(CursorShapes, AStyleOfAnImageSetsTheImageAndItsHotSpot)
         const QPoint centre(image.width() / 2, image.height() / 2);
         EXPECT_EQ(row.hotX < 0 ? centre : QPoint(row.hotX, row.hotY), cursor.hotSpot());
     }
+}
+
+TEST_F(CursorShapes, WithoutTheImagesTheArrowIsSetAndNothingIsReported)
+{
+    ASSERT_EQ(1, qCleanupResources_sdk_cursors());
+    ASSERT_TRUE(QPixmap(QString::fromLatin1(":/cursors/cross.png")).isNull());
+    ::testing::internal::CaptureStdout();
+    ::testing::internal::CaptureStderr();
+    for (const ImageRow& row : Images)
+        EXPECT_EQ(Qt::ArrowCursor, cursorFor(row.style).shape()) << row.image;
+    EXPECT_EQ("", ::testing::internal::GetCapturedStderr());
+    EXPECT_EQ("", ::testing::internal::GetCapturedStdout());
+    ASSERT_EQ(1, qInitResources_sdk_cursors());
 }
 
 TEST_F(CursorShapes, TheTablesHoldEveryStyle)

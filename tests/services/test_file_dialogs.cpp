@@ -15,7 +15,6 @@
 #include <cstdlib>
 #include <filesystem>
 #include <gmock/gmock.h>
-#include <stdexcept>
 
 // After Qt, whose enumerators some of Xlib's macros would replace.
 #include <X11/keysym.h>
@@ -27,10 +26,10 @@ namespace {
 using sdk::integration::SelectFileOption_e;
 using sdk::integration::services::SelectFileService;
 using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 using ::testing::UnorderedElementsAre;
 
 const SelectFileOption_e Single = sdk::integration::SelectFileOption_ReadSingleFile;
+const SelectFileOption_e Write = sdk::integration::SelectFileOption_WriteFile;
 const SelectFileOption_e Multiple = sdk::integration::SelectFileOption_ReadMultipleFiles;
 
 struct Seen {
@@ -149,7 +148,7 @@ TEST_F(FileDialogs, TheTextsReachTheirPlacesInTheDialog)
     EXPECT_EQ(folder(), m_seen.folder);
     EXPECT_EQ("table.csv", m_seen.name);
     EXPECT_THAT(m_seen.filters, ElementsAre("Tables (*.csv *.txt)"));
-    EXPECT_EQ(QFileDialog::ExistingFile, m_seen.mode);
+    EXPECT_EQ(QFileDialog::AnyFile, m_seen.mode);
     EXPECT_EQ(QFileDialog::AcceptOpen, m_seen.acceptMode);
     EXPECT_TRUE(m_seen.modal);
     EXPECT_EQ(file, m_result);
@@ -217,7 +216,7 @@ TEST_F(FileDialogs, OnlyOptionThreeAllowsSeveralFiles)
 {
     for (int option = -1; option <= 5; ++option) {
         EXPECT_FALSE(ask(static_cast<SelectFileOption_e>(option), "Open", nullptr, "All (*)", pressingEscape));
-        EXPECT_EQ(option == 3 ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile, m_seen.mode) << option;
+        EXPECT_EQ(option == 3 ? QFileDialog::ExistingFiles : QFileDialog::AnyFile, m_seen.mode) << option;
         EXPECT_EQ(QFileDialog::AcceptOpen, m_seen.acceptMode) << option;
     }
 }
@@ -230,13 +229,13 @@ TEST_F(FileDialogs, OfSeveralFilesTheFirstComesBack)
     EXPECT_EQ(first, m_result);
 }
 
-TEST_F(FileDialogs, ANullTitleOrFilterIsALogicError)
+TEST_F(FileDialogs, AFileToWriteMayBeNewOrBeThereAlready)
 {
-    const char* const null = nullptr;
-    EXPECT_THROW(m_service.displayFileDialog(Single, null, "a", "All (*)", m_result), std::logic_error);
-    EXPECT_THROW(m_service.displayFileDialog(Single, "Open", "a", null, m_result), std::logic_error);
-    EXPECT_EQ("untouched", m_result);
-    EXPECT_EQ(nullptr, QApplication::activeModalWidget());
+    const std::string old = makeFile("old.csv");
+    EXPECT_TRUE(ask(Write, "Write", folder().c_str(), "All (*)", typingName("brand new.csv")));
+    EXPECT_EQ(folder() + "/brand new.csv", m_result);
+    EXPECT_TRUE(ask(Write, "Write", folder().c_str(), "All (*)", typingName("old.csv")));
+    EXPECT_EQ(old, m_result);
 }
 
 TEST_F(FileDialogs, EmptyTextsAreNoError)

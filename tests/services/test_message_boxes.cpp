@@ -9,8 +9,10 @@
 #include <QMainWindow>
 #include <QMessageBox>
 #include <QPushButton>
+#include <algorithm>
 #include <gmock/gmock.h>
 #include <memory>
+#include <vector>
 
 // After Qt, whose enumerators some of Xlib's macros would replace.
 #include <X11/keysym.h>
@@ -216,6 +218,21 @@ TEST(MessageBoxes, AMainWindowIsTheParentWhateverElseThereIs)
     QWidget third;
     MessageBoxService service;
     EXPECT_EQ(&main, show(service, "?", 4, clicking(QMessageBox::No)).seen.parent);
+}
+
+TEST(MessageBoxes, OfSeveralMainWindowsTheFirstOfTheToolkitsListIsTheParent)
+{
+    std::vector<std::unique_ptr<QMainWindow>> windows;
+    for (int i = 0; i < 4; ++i)
+        windows.push_back(std::make_unique<QMainWindow>());
+    MessageBoxService service;
+    // The order of the list is the toolkit's own affair; each window is taken away when it was first.
+    while (!windows.empty()) {
+        QWidget* const first = QApplication::topLevelWidgets().first();
+        EXPECT_EQ(first, show(service, "?", 0, typing(XK_Return)).seen.parent);
+        windows.erase(std::find_if(windows.begin(), windows.end(),
+                                   [first](const std::unique_ptr<QMainWindow>& one) { return one.get() == first; }));
+    }
 }
 
 TEST(MessageBoxes, WhatAnEarlierBoxLeftIsNeverTheParent)

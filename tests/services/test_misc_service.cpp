@@ -132,13 +132,13 @@ TEST(MiscService, ItsAddressIsThatOfItsInterface)
     EXPECT_EQ(reinterpret_cast<long>(&interface), static_cast<long>(interface));
 }
 
-TEST(MiscService, TheOpenGLVersionIsThatOfTheScreen)
+TEST(MiscService, TheOpenGLVersionIsThatOfTheScreenAndNoContextIsLeftCurrent)
 {
     QGLWidget widget;
     widget.makeCurrent();
     const std::string expected(reinterpret_cast<const char*>(glGetString(GL_VERSION)));
     ASSERT_FALSE(expected.empty());
-    widget.doneCurrent();
+    ASSERT_EQ(widget.context(), QGLContext::currentContext());
 
     const ManagerMiscService service;
     const int windows = QApplication::topLevelWidgets().size();

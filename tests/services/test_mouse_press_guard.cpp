@@ -1,5 +1,9 @@
 // What a message box does to mouse presses that were waiting behind it.
 #include "integration/services/MessageBoxService.h"
+
+#include "integration/Manager.h"
+#include "integration/intern/ApplicationEventMonitor.h"
+#include "testing/EngineProbe.h"
 #include "tests/services/ModalDriver.h"
 #include "tests/support/Wait.h"
 #include "tests/support/XInput.h"
@@ -19,7 +23,9 @@ namespace velmora::test {
 namespace {
 
 using sdk::integration::MessageBoxType_e;
+using sdk::integration::intern::ApplicationEventMonitor;
 using sdk::integration::services::MessageBoxService;
+using testing::EngineProbe;
 
 const MessageBoxType_e NoBox = static_cast<MessageBoxType_e>(7);
 
@@ -43,7 +49,7 @@ QMouseEvent* mouseEvent(QEvent::Type type)
     return new QMouseEvent(type, QPoint(5, 5), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
 }
 
-class MousePressGuard : public testing::Test {
+class MousePressGuard : public ::testing::Test {
 protected:
     void SetUp() override
     {
@@ -75,6 +81,34 @@ protected:
 
     std::unique_ptr<QMainWindow> m_window;
     Target* m_target = nullptr;
+};
+
+// The same with the event monitor at work, which may take any event of the application.
+class MousePressGuardUnderTheMonitor : public MousePressGuard {
+protected:
+    void SetUp() override
+    {
+        MousePressGuard::SetUp();
+        processPending();
+        m_monitor.start();
+    }
+
+    void TearDown() override
+    {
+        EngineProbe::reset();
+        m_monitor.stop();
+    }
+
+    bool pressArrives()
+    {
+        const int before = m_target->presses;
+        const std::unique_ptr<QMouseEvent> event(mouseEvent(QEvent::MouseButtonPress));
+        QCoreApplication::sendEvent(m_target, event.get());
+        return m_target->presses == before + 1;
+    }
+
+    ApplicationEventMonitor& m_monitor =
+        dynamic_cast<ApplicationEventMonitor&>(sdk::integration::Manager::getInstance().getApplicationEventMonitor());
 };
 
 } // namespace
@@ -188,6 +222,40 @@ TEST_F(MousePressGuard, TheGuardGoesWithTheServiceAndPressesPassAtOnce)
     QCoreApplication::sendEvent(m_target, event.get());
     EXPECT_EQ(1, m_target->presses);
     processPending();
+}
+
+TEST_F(MousePressGuardUnderTheMonitor, ItEndsAlthoughItsWakeUpIsDiscarded)
+{
+    MessageBoxService service;
+    service.displayMessageBox("?", NoBox);
+    EXPECT_FALSE(pressArrives());
+    EngineProbe::discardNextEvent();
+    // Only the wake-up: a new widget has other events waiting, too.
+    QCoreApplication::sendPostedEvents(markers().at(0), 2812);
+    ASSERT_FALSE(EngineProbe::isDiscardingNextEvent());
+    EXPECT_TRUE(pressArrives());
+}
+
+TEST_F(MousePressGuardUnderTheMonitor, ItEndsAlthoughItsWakeUpIsHeldBackByAnInterruption)
+{
+    MessageBoxService service;
+    service.displayMessageBox("?", NoBox);
+    EXPECT_FALSE(pressArrives());
+    EngineProbe::askToStop(true);
+    processPending();
+    EngineProbe::askToStop(false);
+    processPending();
+    EXPECT_TRUE(pressArrives());
+}
+
+TEST_F(MousePressGuard, ItEndsAlthoughItsWakeUpIsDropped)
+{
+    MessageBoxService service;
+    service.displayMessageBox("?", NoBox);
+    QCoreApplication::removePostedEvents(markers().at(0));
+    const std::unique_ptr<QMouseEvent> event(mouseEvent(QEvent::MouseButtonPress));
+    QCoreApplication::sendEvent(m_target, event.get());
+    EXPECT_EQ(1, m_target->presses);
 }
 
 TEST_F(MousePressGuard, TwoServicesGuardOnTheirOwn)

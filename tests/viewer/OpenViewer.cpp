@@ -119,13 +119,17 @@ void OpenViewer::type(unsigned long keySymbol)
     released.wait();
 }
 
+QWidget* OpenViewer::tool(const char* text) const
+{
+    return window->findChild<QToolBar*>()->widgetForAction(action(text));
+}
+
 void OpenViewer::clickTool(const char* text)
 {
     EXPECT_TRUE(settle());
-    const QToolBar* const toolBar = window->findChild<QToolBar*>();
-    const QWidget* const button = toolBar->widgetForAction(action(text));
+    const QWidget& button = *tool(text);
     const EventWatch released(QEvent::MouseButtonRelease);
-    click(*button, button->rect().center());
+    click(button, button.rect().center());
     released.wait();
 }
 

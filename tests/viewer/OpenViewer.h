@@ -43,7 +43,8 @@ protected:
     void wheel(bool up);
     void type(unsigned long keySymbol);
 
-    /// Clicks the action's button of the tool bar.
+    /// The action's button of the tool bar.
+    QWidget* tool(const char* text) const;
     void clickTool(const char* text);
 
     QPushButton* button(const char* text) const;

@@ -7,6 +7,7 @@
 #include "tests/support/Pixels.h"
 #include "tests/support/Wait.h"
 #include "tests/support/XInput.h"
+#include "tests/viewer/Onlooker.h"
 #include "tests/viewer/PictureColours.h"
 
 #include <QAction>
@@ -57,6 +58,16 @@ protected:
     {
         open(folder.writeGrid());
         first = picture();
+    }
+
+    /// It turns no more, and nothing of the picture is missing.
+    void expectStanding()
+    {
+        EXPECT_TRUE(waitUntil([&] { return action("Turn the surface")->isEnabled(); }));
+        EXPECT_FALSE(action("Stop turning")->isEnabled());
+        EXPECT_TRUE(waitUntil([] { return VelUtilPageIsComplete() == 1; }));
+        const QImage stopped = picture();
+        EXPECT_FALSE(waitUntil([&] { return differ(stopped, shown()); }, 200));
     }
 
     QImage first;
@@ -245,10 +256,24 @@ TEST_F(Surface, PlayingTurnsItUntilThePause)
     const QImage second = shown();
     EXPECT_TRUE(waitUntil([&] { return differ(second, shown()); })) << "it goes on turning";
     clickTool("Stop turning");
-    EXPECT_TRUE(action("Turn the surface")->isEnabled());
-    EXPECT_FALSE(action("Stop turning")->isEnabled());
-    const QImage stopped = picture();
-    EXPECT_FALSE(waitUntil([&] { return differ(stopped, shown()); }, 200));
+    expectStanding();
+}
+
+TEST_F(Surface, ThePauseIsHeardInTheMiddleOfADrawing)
+{
+    session->makeDrawingSlow();
+    clickTool("Turn the surface");
+    Onlooker onlooker([] { return VelUtilIsBusy() != 0; }, [this] { click(*tool("Stop turning"), QPoint(8, 8)); });
+    EXPECT_TRUE(waitUntil([&] { return onlooker.hasActed() && action("Turn the surface")->isEnabled(); }));
+    expectStanding();
+}
+
+TEST_F(Surface, TheSpaceBarPlaysAndPauses)
+{
+    type(XK_space);
+    EXPECT_TRUE(waitUntil([&] { return differ(first, shown()); }));
+    type(XK_space);
+    expectStanding();
 }
 
 TEST_F(Surface, TheStatusBarSaysWhenThereIsNothingToDo)

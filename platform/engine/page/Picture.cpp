@@ -28,13 +28,20 @@ PixelRect moved(const PixelRect& rect, double dx, double dy)
     return {rect.x + dx, rect.y + dy, rect.width, rect.height};
 }
 
+/// Halves always up, so that a tile of the picture, which is seen from whole pixels further along,
+/// rounds like the whole: away from zero would not.
+int nearestPixel(double position)
+{
+    return static_cast<int>(std::floor(position + 0.5));
+}
+
 // Clearing inside a scissor box needs neither matrices nor any other state.
 void fill(const GLFunctions& gl, const PixelRect& rect, const Colour& colour, GLbitfield planes = GL_COLOR_BUFFER_BIT)
 {
-    const auto left = static_cast<int>(std::lround(rect.x));
-    const auto bottom = static_cast<int>(std::lround(rect.y));
-    const auto right = static_cast<int>(std::lround(rect.x + rect.width));
-    const auto top = static_cast<int>(std::lround(rect.y + rect.height));
+    const int left = nearestPixel(rect.x);
+    const int bottom = nearestPixel(rect.y);
+    const int right = nearestPixel(rect.x + rect.width);
+    const int top = nearestPixel(rect.y + rect.height);
     if (right <= left || top <= bottom)
         return;
     gl.Enable(GL_SCISSOR_TEST);
@@ -126,8 +133,8 @@ bool paintPicture(const Picture& picture, const GLFunctions& gl, int width, int 
         const Drawing drawing{&gl,
                               width,
                               height,
-                              frame.rect.x,
-                              frame.rect.y,
+                              static_cast<double>(nearestPixel(frame.rect.x)),
+                              static_cast<double>(nearestPixel(frame.rect.y)),
                               frame.rect.width,
                               frame.rect.height,
                               picture.pixelsPerPoint};

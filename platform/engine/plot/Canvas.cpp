@@ -61,6 +61,12 @@ double crisp(double position, double width)
     return odd ? std::floor(position) + 0.5 : std::round(position);
 }
 
+/// Halves always up, left of the target as well: a tile of a picture rounds like the whole.
+int nearestPixel(double position)
+{
+    return static_cast<int>(std::floor(position + 0.5));
+}
+
 } // namespace
 
 Rect textRect(const TextItem& item)
@@ -223,8 +229,8 @@ void Canvas::text(const TextItem& item)
     if (m_stopped || item.text.empty() || !shows(textRect(item).grown(item.size)))
         return;
     const Point offset = penOffset(item, measureText(faceOf(item), item.text, item.size));
-    const int penX = static_cast<int>(std::lround(std::round(item.anchor.x + offset.x) + m_drawing.frameX));
-    const int penY = static_cast<int>(std::lround(std::round(item.anchor.y + offset.y) + m_drawing.frameY));
+    const int penX = nearestPixel(std::round(item.anchor.x + offset.x) + m_drawing.frameX);
+    const int penY = nearestPixel(std::round(item.anchor.y + offset.y) + m_drawing.frameY);
     TextLine line(faceOf(item), item.text, item.size);
     TextImage image;
     while (line.next(image)) {

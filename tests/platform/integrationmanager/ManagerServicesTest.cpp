@@ -138,6 +138,53 @@ TEST_F(ManagerServices, AnOldServiceThatDiesLeavesTheCurrentOneInPlace)
     EXPECT_EQ(askEngine(), 2u);
 }
 
+TEST_F(ManagerServices, WhenTheNewestOfAKindDiesTheOneBeforeIsReachedAgain)
+{
+    FakeMessageBoxService first;
+    first.reply = 0;
+    auto second = std::make_unique<FakeMessageBoxService>();
+    second->reply = 1;
+    auto third = std::make_unique<FakeMessageBoxService>();
+    FakeSelectFileService ofAnotherKind;
+    repository.addService(first);
+    repository.addService(*second);
+    repository.addService(*third);
+    repository.addService(ofAnotherKind);
+    manager.start();
+    EXPECT_EQ(askEngine(), 2u);
+    third.reset();
+    EXPECT_EQ(askEngine(), 1u);
+    second.reset();
+    EXPECT_EQ(askEngine(), 0u);
+}
+
+TEST_F(ManagerServices, AServiceThatIsNotRegisteredDoesNotTakeThePlaceOfOneThatDies)
+{
+    FakeManager idle;
+    FakeMessageBoxService waiting;
+    idle.getServiceRepository().addService(waiting);
+    auto service = std::make_unique<FakeMessageBoxService>();
+    repository.addService(*service);
+    manager.start();
+    EXPECT_EQ(askEngine(), 2u);
+    service.reset();
+    EXPECT_EQ(askEngine(), noService);
+}
+
+TEST_F(ManagerServices, AServiceThatDiesAfterTheStopMakesNoOtherReachable)
+{
+    FakeMessageBoxService first;
+    auto second = std::make_unique<FakeMessageBoxService>();
+    repository.addService(first);
+    repository.addService(*second);
+    manager.start();
+    manager.stop();
+    second.reset();
+    EXPECT_EQ(askEngine(), noService);
+    manager.start();
+    EXPECT_EQ(askEngine(), 2u);
+}
+
 TEST_F(ManagerServices, AddingAServiceIsLoggedWithItsKind)
 {
     FakeMessageBoxService messageBox;

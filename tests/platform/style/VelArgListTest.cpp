@@ -1,5 +1,7 @@
 #include "engine/style/VelArgList.h"
 
+#include "engine/style/StyleCodes.h"
+#include "engine/style/VelStyle.h"
 #include "exception/ExceptionBase.h"
 #include "testing/EngineProbe.h"
 
@@ -129,6 +131,24 @@ TEST_F(ArgumentList, AProvokedFailureAppendsNothing)
     EXPECT_EQ(0, VelArgListCount(m_list));
     VelArgListAppendInt(m_list, "N", 1);
     EXPECT_EQ(1, VelArgListCount(m_list));
+}
+
+TEST(ArgumentListMissing, EveryReadAndWriteSaysSoAndTouchesNothing)
+{
+    using velmora::engine::style::StyleCode_NoArgumentList;
+    bool truth = true;
+    double real = 2.5;
+    EngineProbe::startLog();
+    EXPECT_EQ(StyleCode_NoArgumentList, VelStyleGetBool(nullptr, &truth));
+    EXPECT_EQ(StyleCode_NoArgumentList, VelStyleGetDouble(nullptr, &real));
+    EXPECT_EQ(StyleCode_NoArgumentList, VelStyleSetBool(nullptr, false));
+    EXPECT_EQ(StyleCode_NoArgumentList, VelStyleSetDouble(nullptr, 1));
+    EXPECT_EQ(StyleCode_NoArgumentList, VelStyleGetLowLevel(nullptr));
+    EXPECT_EQ(StyleCode_NoArgumentList, VelStyleSetLowLevel(nullptr));
+    EXPECT_TRUE(truth);
+    EXPECT_EQ(2.5, real);
+    EXPECT_TRUE(EngineProbe::log().empty());
+    EngineProbe::reset();
 }
 
 TEST(ArgumentListLife, DestroyingNullIsHarmless)
