@@ -28,11 +28,13 @@ PixelRect moved(const PixelRect& rect, double dx, double dy)
     return {rect.x + dx, rect.y + dy, rect.width, rect.height};
 }
 
-/// Halves always up, so that a tile of the picture, which is seen from whole pixels further along,
-/// rounds like the whole: away from zero would not.
+/// The same pixel in a tile of the picture, which is seen from whole pixels further along, as in the
+/// whole: halves always go up, not away from zero, and so does what was a half before digits were
+/// lost on the way along.
 int nearestPixel(double position)
 {
-    return static_cast<int>(std::floor(position + 0.5));
+    constexpr double LostDigits = 1e-6;
+    return static_cast<int>(std::floor(position + 0.5 + LostDigits));
 }
 
 // Clearing inside a scissor box needs neither matrices nor any other state.

@@ -61,10 +61,12 @@ double crisp(double position, double width)
     return odd ? std::floor(position) + 0.5 : std::round(position);
 }
 
-/// Halves always up, left of the target as well: a tile of a picture rounds like the whole.
+/// Halves always go up, left of the target as well, and so does what was a half before the frame was
+/// moved: a tile of a picture rounds like the whole.
 int nearestPixel(double position)
 {
-    return static_cast<int>(std::floor(position + 0.5));
+    constexpr double LostDigits = 1e-6;
+    return static_cast<int>(std::floor(position + 0.5 + LostDigits));
 }
 
 } // namespace
