@@ -14,7 +14,7 @@ int readStyleInteger(const StyleValue& section, const char* key, int defaultValu
     std::vector<long> ids;
     StyleValue::initMacroIDsfromStyleValueNames(ids, key);
     toolbox::ArgList args;
-    section.setupGetValueArgList(ids, -1, -1, args);
+    section.setupGetValueArgList(ids, NoOffset, NoOffset, args);
     long value = defaultValue;
     args.appendArbParamPtr("IValue", &value);
     // What a failed read leaves in the value counts for nothing.
@@ -22,13 +22,6 @@ int readStyleInteger(const StyleValue& section, const char* key, int defaultValu
         return defaultValue;
     return static_cast<int>(value);
 }
-
-namespace {
-
-constexpr int NoOffset = -1;
-constexpr int ReplaceAssignment = 255;
-
-} // namespace
 
 int writeStyleInteger(const StyleValue& section, const char* key, int value)
 {

@@ -22,6 +22,7 @@ private:
     Signal<void()> m_engineIsNoLongerBusy;
 
 public:
+    /// Whether the engine works.
     virtual bool isBusy() const = 0;
     /// Asks the busy engine to stop at the end of its current slice of work; nothing when it is not
     /// busy, and nothing while one of the engine's dialogs is open. Returns at once. Until the engine
@@ -34,11 +35,13 @@ public:
     /// force and none of the engine's dialogs is open.
     virtual bool isEngineInterruptible() const = 0;
 
-    // Called when a slot has been connected to the signal of that name.
+    /// @{
+    /// Called when a slot has been connected to the signal of that name.
     virtual void signalMouseButtonStateChangedConnected() const {}
     virtual void signalWidgetChangeDuetoTimerEventConnected() const {}
     virtual void signalProcessingNewEventConnected() const {}
     virtual void signalEngineIsNoLongerBusyConnected() const {}
+    /// @}
 
     virtual ~ApplicationEventMonitorInterface() = default;
 
@@ -76,6 +79,8 @@ protected:
     ApplicationEventMonitorInterface(const ApplicationEventMonitorInterface&) = delete;
     ApplicationEventMonitorInterface& operator=(const ApplicationEventMonitorInterface&) = delete;
 
+    /// @{
+    /// Calls the slots of the signal of that name. For the monitor alone.
     void emitMouseButtonStateChanged(MouseEventInterface::MouseButton_e button, bool pressed)
     {
         emitTo(m_mouseButtonStateChanged, button, pressed);
@@ -83,6 +88,7 @@ protected:
     void emitWidgetChangeDuetoTimerEvent() { emitTo(m_widgetChangeDuetoTimerEvent); }
     void emitProcessingNewEvent(const EventReceiverInfo& info) { emitTo(m_processingNewEvent, info); }
     void emitEngineIsNoLongerBusy() { emitTo(m_engineIsNoLongerBusy); }
+    /// @}
 };
 
 } // namespace integration

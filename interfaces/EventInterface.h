@@ -14,9 +14,12 @@ public:
 
     /// A combination of ModifierMask_e bits; all other bits are zero.
     virtual int keyboardModifiers() const = 0;
+    /// @{
+    /// Whether the modifier key of that name was held.
     virtual bool isControlDown() const = 0;
     virtual bool isShiftDown() const = 0;
     virtual bool isAltDown() const = 0;
+    /// @}
     virtual ~EventInterface() = default;
 };
 

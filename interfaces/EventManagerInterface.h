@@ -13,8 +13,10 @@ class StopButtonInterface;
 /// The manager's side of input handling: which stop buttons are in force.
 class VELMORA_INTERFACE EventManagerInterface {
 public:
-    /// Registering the same pointer twice has no further effect.
+    /// The button takes part in interrupting from now on. Registering the same pointer twice has no
+    /// further effect; the manager shares it until it is unregistered.
     virtual void registerStopButton(const boost::shared_ptr<const StopButtonInterface>& button) = 0;
+    /// The button takes no part any more. A pointer that is not registered is ignored.
     virtual void unRegisterStopButton(const boost::shared_ptr<const StopButtonInterface>& button) = 0;
     virtual ~EventManagerInterface() = default;
 };

@@ -24,15 +24,20 @@ public:
     virtual bool isVisible() const = 0;
     /// Width and height in pixels; neither pointer may be null.
     virtual void getSize(int* width, int* height) const = 0;
+    /// The area's OpenGL context, which lives as long as the area.
     virtual GLContextInterface& getGLContext() = 0;
     /// False once the area is on its way out, or when its OpenGL context is not valid.
     virtual bool isValidWidget() const = 0;
     /// Adding a listener twice has no further effect; null is ignored. Listeners are borrowed.
     virtual void addStateListener(GLDrawAreaListenerInterface* listener) = 0;
+    /// A listener that was not added is ignored.
     virtual void removeStateListener(GLDrawAreaListenerInterface* listener) = 0;
+    /// @{
+    /// Called when a slot has been connected to the signal of that name.
     virtual void signalDrawAreaExposedConnected() const = 0;
     virtual void signalDrawAreaDestroyedConnected() const = 0;
     virtual void signalDrawAreaFocusGainedConnected() const = 0;
+    /// @}
     /// Hands the area to the engine: from now on a page of this manager is painted into it.
     virtual void setPageManager(PageManagerInterface& manager) = 0;
 
@@ -56,9 +61,12 @@ public:
     }
 
 protected:
+    /// @{
+    /// Calls the slots of the signal of that name. For the area alone.
     void emitDrawAreaExposed(bool sizeChanged) { emitTo(m_drawAreaExposed, sizeChanged); }
     void emitDrawAreaDestroyed() { emitTo(m_drawAreaDestroyed); }
     void emitDrawAreaFocusGained() { emitTo(m_drawAreaFocusGained); }
+    /// @}
 };
 
 } // namespace integration

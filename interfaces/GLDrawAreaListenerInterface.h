@@ -16,6 +16,7 @@ public:
     virtual void drawAreaExposed(GLDrawAreaInterface& area, bool sizeChanged) = 0;
     /// The area is going away. Its context still works during the call, not after it.
     virtual void drawAreaDestroyed(GLDrawAreaInterface& area) = 0;
+    /// The area has got the keyboard focus.
     virtual void drawAreaFocusGained(GLDrawAreaInterface& area) = 0;
     virtual ~GLDrawAreaListenerInterface() = default;
 };

@@ -10,6 +10,7 @@ namespace integration {
 /// codes of non-printable keys into the engine's control characters.
 class VELMORA_INTERFACE KeyEventInterface : public virtual EventInterface {
 public:
+    /// The toolkit's key code (a Qt::Key value); for a shortcut with the toolkit's modifier bits in it.
     virtual int key() const = 0;
 };
 

@@ -13,8 +13,11 @@ class KeyEventObservableInterface;
 /// the call. A listener may remove itself or others, but must not destroy the observable.
 class VELMORA_INTERFACE KeyEventListenerInterface {
 public:
+    /// @{
+    /// What the name says happened at `source`.
     virtual void keyPressed(KeyEventInterface& event, KeyEventObservableInterface& source) = 0;
     virtual void keyReleased(KeyEventInterface& event, KeyEventObservableInterface& source) = 0;
+    /// @}
     virtual ~KeyEventListenerInterface() = default;
 };
 

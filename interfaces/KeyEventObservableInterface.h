@@ -13,6 +13,7 @@ class VELMORA_INTERFACE KeyEventObservableInterface {
 public:
     /// Adding a listener twice has no further effect; null is ignored.
     virtual void addKeyboardListener(KeyEventListenerInterface* listener) = 0;
+    /// A listener that was not added is ignored.
     virtual void removeKeyboardListener(KeyEventListenerInterface* listener) = 0;
     virtual ~KeyEventObservableInterface() = default;
 };

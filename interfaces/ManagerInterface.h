@@ -22,10 +22,13 @@ class VELMORA_INTERFACE ManagerInterface {
     Signal<void()> m_engineShutdownFinished;
 
 public:
+    /// @{
+    /// A sub-manager. It lives as long as the manager, whether or not the engine runs.
     virtual PageManagerInterface& getPageManager() = 0;
     virtual EventManagerInterface& getEventManager() = 0;
     virtual DialogManagerInterface& getDialogManager() = 0;
     virtual ServiceRepositoryInterface& getServiceRepository() = 0;
+    /// @}
     /// A return code in words, for a message to a person.
     virtual std::string returnCodeString(ManagerStartReturnCode_e code) = 0;
     /// Prepares the engine. `argv` (argc entries, only read) may hold `-b` for batch mode;
@@ -41,12 +44,15 @@ public:
     virtual ManagerStartReturnCode_e start() = 0;
     /// Ends what `start` began, in the reverse order. Without a `start` before it, does nothing.
     virtual void stop() = 0;
+    /// Whether the command line given to `init` held `-b`.
     virtual bool isInBatchMode() const = 0;
 
-    // Called when a slot has been connected to the signal of that name.
+    /// @{
+    /// Called when a slot has been connected to the signal of that name.
     virtual void signalEngineStartedConnected() const {}
     virtual void signalEngineShutdownInitiatedConnected() const {}
     virtual void signalEngineShutdownFinishedConnected() const {}
+    /// @}
 
     virtual ~ManagerInterface() = default;
 
@@ -76,9 +82,12 @@ protected:
     ManagerInterface(const ManagerInterface&) = delete;
     ManagerInterface& operator=(const ManagerInterface&) = delete;
 
+    /// @{
+    /// Calls the slots of the signal of that name. For the manager alone.
     void emitEngineStarted() { emitTo(m_engineStarted); }
     void emitEngineShutdownInitiated() { emitTo(m_engineShutdownInitiated); }
     void emitEngineShutdownFinished() { emitTo(m_engineShutdownFinished); }
+    /// @}
 };
 
 } // namespace integration

@@ -10,6 +10,7 @@ namespace integration {
 /// notified; a listener that wants to keep one keeps a `clone()`.
 class VELMORA_INTERFACE MouseEventInterface : public virtual EventInterface {
 public:
+    /// The buttons that are told apart.
     enum MouseButton_e : int {
         MouseButton_None = 0, ///< no button, or one that is not told apart (the extra buttons)
         MouseButton_Left = 1,

@@ -13,10 +13,14 @@ class MouseEventObservableInterface;
 /// during the call. A listener may remove itself or others, but must not destroy the observable.
 class VELMORA_INTERFACE MouseEventListenerInterface {
 public:
+    /// @{
+    /// What the name says happened at `source`. The second press of a double click is announced as
+    /// `buttonDoublePressed` alone.
     virtual void mouseMoved(MouseEventInterface& event, MouseEventObservableInterface& source) = 0;
     virtual void buttonPressed(MouseEventInterface& event, MouseEventObservableInterface& source) = 0;
     virtual void buttonReleased(MouseEventInterface& event, MouseEventObservableInterface& source) = 0;
     virtual void buttonDoublePressed(MouseEventInterface& event, MouseEventObservableInterface& source) = 0;
+    /// @}
     virtual ~MouseEventListenerInterface() = default;
 };
 

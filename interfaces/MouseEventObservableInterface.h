@@ -42,9 +42,11 @@ private:
 public:
     /// Adding a listener twice has no further effect; null is ignored. Listeners are borrowed.
     virtual void addMouseListener(MouseEventListenerInterface* listener) = 0;
+    /// A listener that was not added is ignored.
     virtual void removeMouseListener(MouseEventListenerInterface* listener) = 0;
 
-    // Called when a slot has been connected to the signal of that name. No producer reacts.
+    /// @{
+    /// Called when a slot has been connected to the signal of that name. No producer reacts.
     virtual void signalMouseMovedConnected() const {}
     virtual void signalButtonPressedConnected() const {}
     virtual void signalButtonDoublePressedConnected() const {}
@@ -53,9 +55,13 @@ public:
     virtual void signalThreedMouseMotionEventConnected() const {}
     virtual void signalThreedMouseMotionEventEndConnected() const {}
     virtual void signalThreedMouseButtonActionEventConnected() const {}
+    /// @}
 
     virtual ~MouseEventObservableInterface() = default;
 
+    /// @{
+    /// Slot `void(MouseEventInterface&)`, called after the listeners. The event is valid only during the
+    /// call.
     template <typename Slot>
     Connection connectMouseMoved(const Slot& slot)
     {
@@ -77,23 +83,29 @@ public:
     {
         return connectTo(m_buttonReleased, slot, *this, &MouseEventObservableInterface::signalButtonReleasedConnected);
     }
+    /// @}
+    /// Slot `void(MouseWheelEventInterface&)`: the wheel was turned. The event is valid only during the
+    /// call; there is no listener operation for it.
     template <typename Slot>
     Connection connectWheelRotated(const Slot& slot)
     {
         return connectTo(m_wheelRotated, slot, *this, &MouseEventObservableInterface::signalWheelRotatedConnected);
     }
+    /// Slot `void(const MotionData&)`: the 3D mouse is being moved.
     template <typename Slot>
     Connection connectThreedMouseMotionEvent(const Slot& slot)
     {
         return connectTo(m_threedMouseMotionEvent, slot, *this,
                          &MouseEventObservableInterface::signalThreedMouseMotionEventConnected);
     }
+    /// Slot `void()`: the 3D mouse has come to rest.
     template <typename Slot>
     Connection connectThreedMouseMotionEventEnd(const Slot& slot)
     {
         return connectTo(m_threedMouseMotionEventEnd, slot, *this,
                          &MouseEventObservableInterface::signalThreedMouseMotionEventEndConnected);
     }
+    /// Slot `void(ButtonActions)`: a button of the 3D mouse went down or up.
     template <typename Slot>
     Connection connectThreedMouseButtonActionEvent(const Slot& slot)
     {
@@ -106,8 +118,10 @@ protected:
     MouseEventObservableInterface(const MouseEventObservableInterface&) = delete;
     MouseEventObservableInterface& operator=(const MouseEventObservableInterface&) = delete;
 
-    // For the producer alone. A signal without slots is not called: calling an empty one still
-    // takes its mutex and allocates, and a mouse move is too frequent for that.
+    /// @{
+    /// Calls the slots of the signal of that name. For the producer alone. A signal without slots is
+    /// not called: calling an empty one still takes its mutex and allocates, and a mouse move is too
+    /// frequent for that.
     void emitMouseMoved(MouseEventInterface& event) { emitTo(m_mouseMoved, event); }
     void emitButtonPressed(MouseEventInterface& event) { emitTo(m_buttonPressed, event); }
     void emitButtonDoublePressed(MouseEventInterface& event) { emitTo(m_buttonDoublePressed, event); }
@@ -116,6 +130,7 @@ protected:
     void emitThreedMouseMotionEvent(const MotionData& motion) { emitTo(m_threedMouseMotionEvent, motion); }
     void emitThreedMouseMotionEventEnd() { emitTo(m_threedMouseMotionEventEnd); }
     void emitThreedMouseButtonActionEvent(ButtonActions actions) { emitTo(m_threedMouseButtonActionEvent, actions); }
+    /// @}
 };
 
 } // namespace integration

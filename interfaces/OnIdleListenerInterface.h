@@ -12,6 +12,7 @@ class OnIdleObservableInterface;
 /// GUI thread from inside event processing; a listener may start engine work.
 class VELMORA_INTERFACE OnIdleListenerInterface {
 public:
+    /// The application's event queue is empty and the engine is not busy.
     virtual void onIdle(OnIdleObservableInterface& source) = 0;
     virtual ~OnIdleListenerInterface() = default;
 };

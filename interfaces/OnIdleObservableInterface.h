@@ -13,6 +13,7 @@ class VELMORA_INTERFACE OnIdleObservableInterface {
 public:
     /// Adding a listener twice has no further effect; null is ignored.
     virtual void addOnIdleListener(OnIdleListenerInterface* listener) = 0;
+    /// A listener that was not added is ignored.
     virtual void removeOnIdleListener(OnIdleListenerInterface* listener) = 0;
     virtual ~OnIdleObservableInterface() = default;
 };

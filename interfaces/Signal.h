@@ -19,6 +19,7 @@ using Connection = boost::signals2::connection;
 template <typename Signature>
 class Signal {
 public:
+    /// Adds a slot of the signature; it is called after those that were added before.
     template <typename Slot>
     Connection connect(const Slot& slot)
     {
@@ -29,6 +30,7 @@ public:
     /// Whether there has ever been a slot. Cheap, and without a lock.
     bool hasBeenConnected() const { return m_hasBeenConnected.load(std::memory_order_acquire); }
 
+    /// Calls every slot. What a slot throws ends the call and passes through.
     template <typename... Arguments>
     void operator()(Arguments&&... arguments)
     {

@@ -4,15 +4,15 @@
 
 #include "benchmarks/events/PressLatency.h"
 #include "benchmarks/support/Median.h"
+#include "benchmarks/support/Report.h"
 #include "integration/Manager.h"
 #include "integration/glarea/GLDrawArea.h"
-#include "integration/intern/ApplicationEventMonitor.h"
+#include "integrationmanager/ApplicationEventMonitorAbstract.h"
 #include "interfaces/MouseEventListenerInterface.h"
 
 #include <QApplication>
 #include <QMouseEvent>
 #include <QTimerEvent>
-#include <cstdio>
 #include <cstdlib>
 #include <functional>
 #include <new>
@@ -52,7 +52,7 @@ namespace velmora::benchmark {
 namespace {
 
 using namespace velmora::sdk::integration;
-using intern::ApplicationEventMonitor;
+using intern::ApplicationEventMonitorAbstract;
 
 class NoOpFilter : public QObject {
 public:
@@ -87,7 +87,7 @@ struct Costs {
 };
 
 /// The three in turn, round after round, so that whatever else the machine does hits all of them.
-Costs measure(const Delivery& deliver, ApplicationEventMonitor& monitor)
+Costs measure(const Delivery& deliver, ApplicationEventMonitorAbstract& monitor)
 {
     NoOpFilter noOp;
     std::vector<double> none, withNoOp, withMonitor;
@@ -111,13 +111,12 @@ Costs measure(const Delivery& deliver, ApplicationEventMonitor& monitor)
             static_cast<double>(allocations) / (double(rounds) * eventsARound)};
 }
 
-void report(const char* what, const Costs& costs, double target)
+void reportCosts(const std::string& what, const Costs& costs, double limit)
 {
-    const double ratio = costs.monitor / costs.noOp;
-    std::printf("%-42s none %6.1f ns  no-op filter %6.1f ns  monitor %6.1f ns  %.2f x no-op (target %.1f: %s)  "
-                "%.4f allocations of its own\n",
-                what, costs.none, costs.noOp, costs.monitor, ratio, target, ratio <= target ? "met" : "MISSED",
-                costs.allocations);
+    report({what + ", monitor / no-op filter", costs.monitor / costs.noOp, "×", limit,
+            rounded(costs.monitor, "ns") + " / " + rounded(costs.noOp, "ns") + "; without a filter " +
+                rounded(costs.none, "ns")});
+    report({what + ", allocations of the monitor", costs.allocations, "an event"});
 }
 
 class Hearing : public MouseEventListenerInterface {
@@ -148,28 +147,30 @@ void measureArea(QMouseEvent& move)
         allocations += g_allocations - before;
     }
     area.removeMouseListener(&listener);
-    std::printf("mouse move to a drawing area, one listener and one slot: %.1f ns, bare %.1f ns, %.2f x, "
-                "%.4f allocations\n",
-                median(toArea), median(toBare), median(toArea) / median(toBare),
-                static_cast<double>(allocations) / (double(rounds) * eventsARound));
+    report({"mouse move through a GLDrawArea to one listener and one slot / bare widget",
+            median(toArea) / median(toBare), "×", 5.0,
+            rounded(median(toArea), "ns") + " / " + rounded(median(toBare), "ns")});
+    report({"mouse move through a GLDrawArea, allocations",
+            static_cast<double>(allocations) / (double(rounds) * eventsARound), "an event"});
 }
 
 void measureEvents()
 {
-    auto& monitor = dynamic_cast<ApplicationEventMonitor&>(Manager::getInstance().getApplicationEventMonitor());
+    auto& monitor = dynamic_cast<ApplicationEventMonitorAbstract&>(Manager::getInstance().getApplicationEventMonitor());
     Sink<QObject> object;
     Sink<QWidget> widget;
     widget.setMouseTracking(true);
     QEvent user(QEvent::User);
     QTimerEvent timer(1 << 30);
     QMouseEvent move(QEvent::MouseMove, QPoint(1, 2), QPoint(3, 4), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
-    report("QEvent::User to a plain object", measure([&] { QCoreApplication::sendEvent(&object, &user); }, monitor),
-           1.3);
-    report("timer to a plain object", measure([&] { QCoreApplication::sendEvent(&object, &timer); }, monitor), 1.3);
-    report("mouse move nobody listens to, sent", measure([&] { QCoreApplication::sendEvent(&widget, &move); }, monitor),
-           2.0);
-    report("mouse move nobody listens to, spontaneous",
-           measure([&] { qt_sendSpontaneousEvent(&widget, &move); }, monitor), 3.0);
+    reportCosts("QEvent::User to a plain object",
+                measure([&] { QCoreApplication::sendEvent(&object, &user); }, monitor), 1.3);
+    reportCosts("timer to a plain object", measure([&] { QCoreApplication::sendEvent(&object, &timer); }, monitor),
+                1.3);
+    reportCosts("mouse move nobody listens to, sent",
+                measure([&] { QCoreApplication::sendEvent(&widget, &move); }, monitor), 2.0);
+    reportCosts("mouse move nobody listens to, spontaneous",
+                measure([&] { qt_sendSpontaneousEvent(&widget, &move); }, monitor), 3.0);
     measureArea(move);
 }
 

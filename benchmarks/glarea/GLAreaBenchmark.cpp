@@ -2,12 +2,12 @@
 // first and a later one, and repainting one with an empty page.
 
 #include "benchmarks/support/Median.h"
+#include "benchmarks/support/Report.h"
 #include "integration/Manager.h"
 #include "integration/glarea/GLDrawArea.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
-#include <cstdio>
 #include <memory>
 
 using namespace velmora::benchmark;
@@ -63,9 +63,9 @@ double repaint(QGLWidget& widget)
     });
 }
 
-void print(const char* what, double value, double base)
+void print(const char* what, double ours, double toolkits)
 {
-    std::printf("%-58s %9.3f ms  %9.3f ms  %6.2f x\n", what, value, base, value / base);
+    report({what, ours / toolkits, "×", 0.0, rounded(ours, "ms") + " / " + rounded(toolkits, "ms")});
 }
 
 void measureCreation()
@@ -106,7 +106,6 @@ int main(int argc, char** argv)
     Manager& manager = Manager::getInstance();
     manager.init(argc, argv, std::string(), "benchmark");
     manager.start();
-    std::printf("%-58s %12s  %12s  %8s\n", "", "ours", "toolkit", "ratio");
     measureCreation();
     measureRepaint();
     manager.stop();

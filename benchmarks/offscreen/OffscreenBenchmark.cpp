@@ -2,6 +2,7 @@
 // and run on an X server: scripts/with-display bin/benchmark_offscreen [side in pixels]. Ends with 1
 // when a limit is exceeded.
 
+#include "benchmarks/support/Report.h"
 #include "engine/VelEng.h"
 #include "integration/offscreen/ExportableImageInterface.h"
 #include "integration/services/OffscreenImageService.h"
@@ -20,6 +21,7 @@
 #include <GL/osmesa.h>
 
 using namespace velmora::sdk::integration;
+using velmora::benchmark::rounded;
 
 namespace {
 
@@ -62,13 +64,11 @@ double time(
     return best;
 }
 
-void report(const char* what, double milliseconds, double reference, double limit)
+void reportRatio(const char* what, double milliseconds, double reference, double limit)
 {
-    const double ratio = milliseconds / reference;
-    const bool tooSlow = ratio > limit;
-    std::printf("%-58s %8.1f ms  %5.2f x  (limit %4.1f x)%s\n", what, milliseconds, ratio, limit,
-                tooSlow ? "  EXCEEDED" : "");
-    exceeded += tooSlow ? 1 : 0;
+    const bool kept = velmora::benchmark::report(
+        {what, milliseconds / reference, "×", limit, rounded(milliseconds, "ms") + " / " + rounded(reference, "ms")});
+    exceeded += kept ? 0 : 1;
 }
 
 class Benchmark {
@@ -79,18 +79,18 @@ public:
     {
         const std::vector<unsigned> source(m_copy.size(), 2);
         m_memcpy = time([&] { std::memcpy(m_copy.data(), source.data(), source.size() * sizeof(unsigned)); });
-        std::printf("%-58s %8.1f ms\n", "memcpy of the image's bytes", m_memcpy);
     }
 
     void software()
     {
         OffscreenImageInterface* const image = draw(ImageRenderingStrategy_Software);
         const double flipped = time([&] { flippedCopy(); });
-        std::printf("%-58s %8.1f ms\n", "copy of the rows from the last to the first", flipped);
-        report("software: toImage / copy of the rows", time([&] { toImage(image); }), flipped, 1.5);
+        reportRatio("OSMesa image: toImage / flipped copy of the rows", time([&] { toImage(image); }), flipped, 1.5);
         const auto forget = [&] { m_service.imageDestroy(nullptr); };
-        report("software: read-back and rows / memcpy", time([&] { readRows(image); }, forget), m_memcpy, 4.0);
-        report("rows alone / memcpy", time([&] { readRows(image); }), m_memcpy, 1.5);
+        reportRatio("OSMesa image: read-back and rows / memcpy of its bytes", time([&] { readRows(image); }, forget),
+                    m_memcpy, 4.0);
+        reportRatio("imageGetRGBRow over the image / memcpy of its bytes", time([&] { readRows(image); }), m_memcpy,
+                    1.5);
         m_service.imageDestroy(image);
     }
 
@@ -98,7 +98,8 @@ public:
     {
         OffscreenImageInterface* const image = draw(ImageRenderingStrategy_Hardware);
         const auto forget = [&] { m_service.imageDestroy(nullptr); };
-        report("pixel buffer: read-back and rows / memcpy", time([&] { readRows(image); }, forget), m_memcpy, 12.0);
+        reportRatio("pixel buffer: read-back and rows / memcpy of its bytes", time([&] { readRows(image); }, forget),
+                    m_memcpy, 12.0);
         m_service.imageDestroy(image);
     }
 
@@ -156,7 +157,6 @@ int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
     const int side = argc > 1 ? std::atoi(argv[1]) : 8192;
-    std::printf("%d x %d pixels, best of %d rounds\n", side, side, Rounds);
     Benchmark benchmark(side);
     benchmark.software();
     benchmark.pixelBuffer();

@@ -21,21 +21,18 @@ constexpr double MillimetersPerInch = 25.4;
 
 } // namespace
 
-ExportDialog::ExportDialog(const QSize& offered, QWidget* parent)
-    : QDialog(parent), m_strategy(new QComboBox), m_preview(new QLabel)
+ExportDialog::ExportDialog(const QSize& offered, QWidget* parent) : QDialog(parent), m_preview(new QLabel)
 {
     setWindowTitle(tr("Export Image"));
     QFormLayout* const form = new QFormLayout(this);
+    addRegions(*form);
     m_width = addNumber(*form, "width", tr("&Width in pixels"), 1, LongestSide, offered.width());
     m_height = addNumber(*form, "height", tr("&Height in pixels"), 1, LongestSide, offered.height());
     m_resolution = addNumber(*form, "resolution", tr("&Dots per inch"), 0, FinestResolution, 0);
     m_resolution->setSpecialValueText(tr("as on the screen"));
     m_supersample = addNumber(*form, "supersample", tr("S&moothing"), 1, MostSupersampling, 2);
     m_supersample->setToolTip(tr("Drawn that many times larger in each direction, and averaged"));
-    m_strategy->setObjectName(QLatin1String("strategy"));
-    m_strategy->addItem(tr("Graphics hardware"), ImageRenderingStrategy_Hardware);
-    m_strategy->addItem(tr("Software"), ImageRenderingStrategy_Software);
-    form->addRow(tr("Draw &with"), m_strategy);
+    addStrategies(*form);
     m_preview->setObjectName(QLatin1String("preview"));
     form->addRow(m_preview);
     QDialogButtonBox* const buttons = new QDialogButtonBox(QDialogButtonBox::Save | QDialogButtonBox::Cancel);
@@ -43,6 +40,21 @@ ExportDialog::ExportDialog(const QSize& offered, QWidget* parent)
     connect(buttons, SIGNAL(rejected()), this, SLOT(reject()));
     form->addRow(buttons);
     showPreview();
+}
+
+void ExportDialog::addRegions(QFormLayout& form)
+{
+    m_region = addChoice(form, "region", tr("Sh&ow"));
+    m_region->addItem(tr("The plot"), ExportRegion_CurrentFrame);
+    m_region->addItem(tr("The whole page"), ExportRegion_Page);
+    m_region->addItem(tr("What the window shows"), ExportRegion_WorkArea);
+}
+
+void ExportDialog::addStrategies(QFormLayout& form)
+{
+    m_strategy = addChoice(form, "strategy", tr("Draw w&ith"));
+    m_strategy->addItem(tr("Graphics hardware"), ImageRenderingStrategy_Hardware);
+    m_strategy->addItem(tr("Software"), ImageRenderingStrategy_Software);
 }
 
 QSpinBox* ExportDialog::addNumber(QFormLayout& form, const char* name, const QString& label, int least, int most,
@@ -57,13 +69,21 @@ QSpinBox* ExportDialog::addNumber(QFormLayout& form, const char* name, const QSt
     return box;
 }
 
+QComboBox* ExportDialog::addChoice(QFormLayout& form, const char* name, const QString& label)
+{
+    QComboBox* const box = new QComboBox;
+    box->setObjectName(QLatin1String(name));
+    form.addRow(label, box);
+    return box;
+}
+
 VelExportImageOptions ExportDialog::options() const
 {
     VelExportImageOptions options = VelExportImageOptions();
     options.width = m_width->value();
     options.height = m_height->value();
     options.supersample = m_supersample->value();
-    options.region = ExportRegion_CurrentFrame;
+    options.region = m_region->itemData(m_region->currentIndex()).toInt();
     options.strategy = m_strategy->itemData(m_strategy->currentIndex()).toInt();
     options.dotsPerInch = m_resolution->value();
     return options;

@@ -11,7 +11,7 @@ class QSpinBox;
 
 namespace viewer {
 
-/// Asks how large an exported image shall be and how it shall be drawn.
+/// Asks what an exported image shall show, how large it shall be and how it shall be drawn.
 class ExportDialog : public QDialog {
     Q_OBJECT
 
@@ -25,12 +25,17 @@ private Q_SLOTS:
     void showPreview();
 
 private:
+    void addRegions(QFormLayout& form);
+    void addStrategies(QFormLayout& form);
     QSpinBox* addNumber(QFormLayout& form, const char* name, const QString& label, int least, int most, int value);
+
+    static QComboBox* addChoice(QFormLayout& form, const char* name, const QString& label);
 
     QSpinBox* m_width;
     QSpinBox* m_height;
     QSpinBox* m_resolution;
     QSpinBox* m_supersample;
+    QComboBox* m_region;
     QComboBox* m_strategy;
     QLabel* m_preview;
 };

@@ -7,7 +7,6 @@
 #include "integration/printing/PrintingUtil.h"
 #include "interfaces/EngineEnumerations.h"
 
-#include <QFile>
 #include <QPrinter>
 #include <cstdio>
 
@@ -28,7 +27,7 @@ int failWithLastMessage()
 
 QByteArray couldNotBeWritten(const QString& fileName)
 {
-    return fileName.toUtf8() + " could not be written; check that its folder exists and is writable.";
+    return fileName.toUtf8() + " could not be written; check that its folder exists, is writable and has room for it.";
 }
 
 namespace {
@@ -67,10 +66,8 @@ int printFile(EngineSession& session, const Options& options)
     UpdatePrinterFromKernel(printer);
     if (printPage(printer))
         return 0;
-    if (*VelUtilLastErrorMessage()) {
-        QFile::remove(options.output);
+    if (*VelUtilLastErrorMessage())
         return failWithLastMessage();
-    }
     return fail(couldNotBeWritten(options.output).constData());
 }
 

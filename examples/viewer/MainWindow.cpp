@@ -87,7 +87,7 @@ void MainWindow::createFileMenu()
     menu->addSeparator();
     new OutputCommands(*menu, *this);
     menu->addSeparator();
-    menu->addAction(tr("&Quit"), this, SLOT(close()), QKeySequence(Qt::CTRL | Qt::Key_Q));
+    menu->addAction(tr("&Quit"), this, SLOT(close()), QKeySequence(Qt::CTRL + Qt::Key_Q));
 }
 
 void MainWindow::createViewMenu()

@@ -149,7 +149,7 @@ QString helpText()
         "  --help, -h              prints this text\n"
         "\n"
         "Exit code: 0 when all went well, 1 when a file could not be read or written, 2 for a wrong\n"
-        "command line.\n");
+        "command line, 3 when the display or its OpenGL cannot be used or was lost.\n");
 }
 
 } // namespace viewer

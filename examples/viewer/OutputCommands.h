@@ -1,10 +1,12 @@
 #pragma once
 
 #include <QObject>
+#include <QPointer>
 #include <memory>
 
 class QMainWindow;
 class QMenu;
+class QPrintPreviewWidget;
 class QPrinter;
 
 namespace viewer {
@@ -24,15 +26,18 @@ private Q_SLOTS:
     void preview();
     void print();
     void paintPreview(QPrinter* printer);
+    void updateWaitingPreview();
+    void printWhenFree();
 
 private:
     bool isEngineFree();
     void tell(bool done, const QString& success);
     QPrinter& printerWithPage();
+    void printOn(QPrinter& printer);
 
     QMainWindow& m_window;
     std::unique_ptr<QPrinter> m_printer;
-    bool m_paintingPreview = false;
+    QPointer<QPrintPreviewWidget> m_waitingPreview;
 };
 
 } // namespace viewer

@@ -1,6 +1,8 @@
 #include "Snapshot.h"
 
+#include "Display.h"
 #include "FileOutput.h"
+#include "NewFile.h"
 #include "Options.h"
 #include "engine/VelUtil.h"
 #include "integration/Manager.h"
@@ -47,6 +49,7 @@ QImage grabShown(GLDrawArea& area)
 int takeSnapshot(const Options& options)
 {
     GLDrawArea area;
+    requireOpenGL(area);
     area.setWindowFlags(Qt::FramelessWindowHint);
     area.resize(options.pictureSize());
     area.setPageManager(Manager::getInstance().getPageManager());
@@ -54,7 +57,8 @@ int takeSnapshot(const Options& options)
         return fail("The window did not appear; is the display usable?");
     if (!VelUtilDataLoad(options.files.first().toUtf8().constData()) || !VelUtilWorkFinish())
         return failWithLastMessage();
-    if (grabShown(area).save(options.output, "PNG"))
+    NewFile file(options.output);
+    if (grabShown(area).save(file.writtenName(), "PNG") && file.keep())
         return 0;
     return fail(couldNotBeWritten(options.output).constData());
 }

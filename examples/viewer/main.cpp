@@ -1,21 +1,31 @@
+#include "Display.h"
 #include "EngineSession.h"
 #include "FileOutput.h"
 #include "MainWindow.h"
 #include "Options.h"
 #include "Snapshot.h"
+#include "exception/ExceptionBase.h"
+#include "integration/glarea/GLDrawArea.h"
 
 #include <QApplication>
 #include <cstdio>
 
 namespace {
 
-enum ExitCode { AllWell = 0, Failed = 1, WrongUsage = 2 };
+enum ExitCode { AllWell = 0, Failed = 1, WrongUsage = 2, NoDisplay = 3 };
 
 const char* const Version = "1.0.0";
+
+int tell(ExitCode code, const QString& problem)
+{
+    std::fprintf(stderr, "viewer: %s\n", problem.toUtf8().constData());
+    return code;
+}
 
 int showWindow(const viewer::Options& options)
 {
     viewer::MainWindow window;
+    viewer::requireOpenGL(window.drawArea());
     if (options.size.isValid())
         window.resize(options.size);
     window.show();
@@ -23,15 +33,8 @@ int showWindow(const viewer::Options& options)
     return QApplication::exec();
 }
 
-int run(const viewer::Options& options, int argc, char** argv)
+int carryOut(viewer::EngineSession& session, const viewer::Options& options)
 {
-    viewer::EngineSession session(argc, argv);
-    if (!session.error().isEmpty()) {
-        std::fprintf(stderr, "viewer: %s\n", session.error().toUtf8().constData());
-        return Failed;
-    }
-    if (options.slow)
-        session.makeDrawingSlow();
     switch (options.task) {
     case viewer::Options::TakeSnapshot:
         return viewer::takeSnapshot(options);
@@ -41,6 +44,21 @@ int run(const viewer::Options& options, int argc, char** argv)
         return viewer::printFile(session, options);
     default:
         return showWindow(options);
+    }
+}
+
+int run(const viewer::Options& options, int argc, char** argv)
+{
+    viewer::EngineSession session(argc, argv);
+    if (!session.error().isEmpty())
+        return tell(Failed, session.error());
+    if (options.slow)
+        session.makeDrawingSlow();
+    const viewer::DisplayWatch watch(NoDisplay);
+    try {
+        return carryOut(session, options);
+    } catch (const velmora::ExceptionBase& error) {
+        return tell(NoDisplay, QString::fromUtf8(error.what()) + QLatin1Char(' ') + viewer::openGLRemedy());
     }
 }
 
@@ -69,6 +87,9 @@ int main(int argc, char** argv)
             std::printf("viewer %s\n", Version);
         return AllWell;
     }
+    const QString problem = viewer::displayProblem();
+    if (!problem.isEmpty())
+        return tell(NoDisplay, problem);
     QApplication application(argc, argv);
     application.setOrganizationName(QLatin1String("Velmora"));
     application.setApplicationName(QLatin1String("Viewer"));

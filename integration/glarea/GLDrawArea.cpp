@@ -3,39 +3,18 @@
 #include "engine/VelUtil.h"
 #include "exception/ExceptionBase.h"
 #include "integration/glarea/GoodVisualChooserQGLContext.h"
-#include "integration/glarea/MouseEvent.h"
-#include "integration/intern/ApplicationEventMonitor.h"
+#include "integration/intern/EventRecords.h"
 #include "integration/toolkit/Exposure.h"
 #include "integrationmanager/GLDrawAreaPageTracker.h"
 #include "integrationmanager/GLDrawAreaStateObservable.h"
-#include "integrationmanager/KeyEvent.h"
 #include "integrationmanager/KeyEventObservable.h"
 #include "integrationmanager/MouseEventObservable.h"
 
 #include <QFocusEvent>
-#include <QKeyEvent>
-#include <QMouseEvent>
 #include <QPalette>
 #include <cstdio>
 
 namespace velmora::sdk::integration {
-
-namespace {
-
-using Monitor = intern::ApplicationEventMonitor;
-
-intern::MouseEvent mouseEventFrom(const QMouseEvent& event, MouseEventObservableInterface& source)
-{
-    return intern::MouseEvent(&source, Monitor::mouseButton(event), event.pos().x(), event.pos().y(),
-                              Monitor::genericModifiersForEvent(event));
-}
-
-intern::KeyEvent keyEventFrom(const QKeyEvent& event, KeyEventObservableInterface& source)
-{
-    return intern::KeyEvent(&source, event.key(), Monitor::genericModifiersForEvent(event));
-}
-
-} // namespace
 
 GLDrawArea::GLDrawArea(QWidget* parent)
     // The widget takes ownership of the context.
@@ -199,40 +178,40 @@ void GLDrawArea::onDestroyed()
 
 void GLDrawArea::keyPressEvent(QKeyEvent* event)
 {
-    intern::KeyEvent record = keyEventFrom(*event, *this);
+    intern::KeyEvent record = intern::recordOf(*event, *this);
     m_keyObservable->notifyOfKeyPressed(record, *this);
 }
 
 void GLDrawArea::keyReleaseEvent(QKeyEvent* event)
 {
-    intern::KeyEvent record = keyEventFrom(*event, *this);
+    intern::KeyEvent record = intern::recordOf(*event, *this);
     m_keyObservable->notifyOfKeyReleased(record, *this);
 }
 
 void GLDrawArea::mouseMoveEvent(QMouseEvent* event)
 {
-    intern::MouseEvent record = mouseEventFrom(*event, *this);
+    intern::MouseEvent record = intern::recordOf(*event, *this);
     m_mouseObservable->notifyOfMouseMoved(record, *this);
     emitMouseMoved(record);
 }
 
 void GLDrawArea::mousePressEvent(QMouseEvent* event)
 {
-    intern::MouseEvent record = mouseEventFrom(*event, *this);
+    intern::MouseEvent record = intern::recordOf(*event, *this);
     m_mouseObservable->notifyOfButtonPressed(record, *this);
     emitButtonPressed(record);
 }
 
 void GLDrawArea::mouseReleaseEvent(QMouseEvent* event)
 {
-    intern::MouseEvent record = mouseEventFrom(*event, *this);
+    intern::MouseEvent record = intern::recordOf(*event, *this);
     m_mouseObservable->notifyOfButtonReleased(record, *this);
     emitButtonReleased(record);
 }
 
 void GLDrawArea::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    intern::MouseEvent record = mouseEventFrom(*event, *this);
+    intern::MouseEvent record = intern::recordOf(*event, *this);
     m_mouseObservable->notifyOfButtonDoublePressed(record, *this);
     emitButtonDoublePressed(record);
 }

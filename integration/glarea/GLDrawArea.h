@@ -36,6 +36,7 @@ class VELMORA_INTEGRATION_EXPORT GLDrawArea : public QGLWidget, public virtual G
     Q_INTERFACES(velmora::sdk::integration::GLDrawAreaInterface)
 
 public:
+    /// Chooses the X visual, creates the OpenGL context and the observers that listeners are added to.
     explicit GLDrawArea(QWidget* parent = nullptr);
     ~GLDrawArea() override;
 
@@ -60,6 +61,8 @@ public Q_SLOTS:
     void onDestroyed();
 
 protected:
+    /// @{
+    /// Passes the toolkit's event on, see the class.
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
@@ -70,6 +73,7 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    /// @}
 
 private:
     class GLContext : public virtual GLContextInterface {

@@ -1,6 +1,7 @@
 #include "integration/intern/ApplicationEventMonitor.h"
 
 #include "engine/VelEng.h"
+#include "integration/intern/ModifierMask.h"
 #include "integration/intern/Mouse3DInput.h"
 
 #include <QAbstractEventDispatcher>
@@ -74,10 +75,7 @@ MouseEventInterface::MouseButton_e ApplicationEventMonitor::mouseButton(const QM
 
 int ApplicationEventMonitor::genericModifiersForEvent(const QInputEvent& event)
 {
-    const Qt::KeyboardModifiers held = event.modifiers();
-    return ((held & Qt::ShiftModifier) ? EventInterface::Modifier_Shift : 0) |
-           ((held & Qt::ControlModifier) ? EventInterface::Modifier_Control : 0) |
-           ((held & Qt::AltModifier) ? EventInterface::Modifier_Alt : 0);
+    return modifierMask(event.modifiers());
 }
 
 void ApplicationEventMonitor::startThreedMouse(const std::string& deviceName, const QWidget& widget)

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "integration/Export.h"
 #include "integration/intern/Housekeeping.h"
 #include "integrationmanager/ApplicationEventMonitorAbstract.h"
 
@@ -31,11 +30,13 @@ class EventReceiverDestroyedListener;
 ///
 /// Owned by the Manager, which stops it before destroying it. GUI thread only. Exceptions of
 /// listeners pass through to the toolkit.
-class VELMORA_INTEGRATION_EXPORT ApplicationEventMonitor : public ApplicationEventMonitorAbstract {
+class ApplicationEventMonitor : public ApplicationEventMonitorAbstract {
 public:
     /// What can be done with each kind of event that matters to the engine.
     class EventHandlerInterface {
     public:
+        /// @{
+        /// Called for an event of that kind, valid during the call.
         virtual void handleTimerEventCausingWidgetChange(const QTimerEvent& event) = 0;
         virtual void handleMouseWheelEvent(const QWheelEvent& event) = 0;
         virtual void handleMouseMoveEvent(const QMouseEvent& event) = 0;
@@ -46,6 +47,7 @@ public:
         virtual void handleKeyRelease(const QKeyEvent& event) = 0;
         virtual void handleShortcut(const QShortcutEvent& event) = 0;
         virtual void handleCloseEvent(const QCloseEvent& event) = 0;
+        /// @}
 
         /// Any other event: nothing, whoever handles.
         void handleEvent(const QEvent&) {}
@@ -57,6 +59,7 @@ public:
     /// records.
     class EventNotifier : public virtual EventHandlerInterface {
     public:
+        /// Tells the listeners and signals of `monitor`, which owns it.
         explicit EventNotifier(ApplicationEventMonitor& monitor) : m_monitor(monitor) {}
 
         void handleTimerEventCausingWidgetChange(const QTimerEvent& event) override;
@@ -79,6 +82,7 @@ public:
     /// goes at process exit, when the copy's receiver may be gone already.
     class EventFilter : public QObject {
     public:
+        /// Of `monitor`, which owns it.
         explicit EventFilter(ApplicationEventMonitor& monitor);
         ~EventFilter() override;
 
@@ -92,15 +96,20 @@ public:
         /// Delivers the live event that waits for the copy before it, if there is one.
         void deliverParkedEvent();
 
+        /// @{
+        /// The timer of 0 ms whose timeout means that the event queue is empty. Starting one that runs has
+        /// no further effect.
         void startIdleDetectionTimer();
         void killIdleDetectionTimer();
         void restartIdleDetectionTimerIfItWasKilledWhileBusy();
+        /// @}
         /// While it is not installed, a timer that still runs ends with its next event.
         void setInstalled(bool installed) { m_isInstalled = installed; }
         /// For the engine; `clientData` is the address of the filter.
         static void engineNotBusyCallback(long clientData);
 
     protected:
+        /// Ends an idle timer that nobody waits for any more.
         void timerEvent(QTimerEvent* event) override;
 
     private:
@@ -108,11 +117,9 @@ public:
         class ParkedEvent;
         friend struct EventFilterProbe;
 
-        // On the way of every event, so not exported like the class: calls to what is exported take
-        // a detour and are not inlined.
-        Q_DECL_HIDDEN void notifyEngineOfPossibleMouseStateChange(const QEvent& event);
-        Q_DECL_HIDDEN void announceNewEvent(const QObject* receiver);
-        Q_DECL_HIDDEN void broadcastIfOnIdle(const QEvent& event);
+        void notifyEngineOfPossibleMouseStateChange(const QEvent& event);
+        void announceNewEvent(const QObject* receiver);
+        void broadcastIfOnIdle(const QEvent& event);
         bool interruptedEventWasSentFirst(QObject* receiver, QEvent* event);
         bool isSwallowedByInterruption(QObject* receiver, QEvent* event);
 
@@ -139,6 +146,7 @@ public:
         bool m_isInstalled = false;
     };
 
+    /// For the manager that owns it.
     explicit ApplicationEventMonitor(ManagerInterface& manager);
     ~ApplicationEventMonitor() override;
 

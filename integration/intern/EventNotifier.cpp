@@ -1,29 +1,14 @@
 // ApplicationEventMonitor::EventNotifier: the toolkit's events in the engine's records.
 
-#include "integration/glarea/MouseEvent.h"
-#include "integration/intern/ApplicationEventMonitor.h"
-#include "integrationmanager/KeyEvent.h"
+#include "integration/intern/EventRecords.h"
 #include "integrationmanager/MouseWheelEvent.h"
 
-#include <QKeyEvent>
-#include <QMouseEvent>
 #include <QShortcutEvent>
 #include <QWheelEvent>
 
 namespace velmora::sdk::integration::intern {
 
 namespace {
-
-MouseEvent recordOf(const QMouseEvent& event, MouseEventObservableInterface& source)
-{
-    return MouseEvent(&source, ApplicationEventMonitor::mouseButton(event), event.pos().x(), event.pos().y(),
-                      ApplicationEventMonitor::genericModifiersForEvent(event));
-}
-
-KeyEvent recordOf(const QKeyEvent& event, KeyEventObservableInterface& source)
-{
-    return KeyEvent(&source, event.key(), ApplicationEventMonitor::genericModifiersForEvent(event));
-}
 
 MouseWheelEvent recordOf(const QWheelEvent& event)
 {

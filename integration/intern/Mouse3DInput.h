@@ -8,6 +8,7 @@
 
 class QWidget;
 
+/// \namespace velmora::sdk::threedmouse
 /// The seam between the driver of a 3D mouse (a six-axis controller) and whoever listens to it.
 ///
 /// This build opens no device: it keeps the callbacks and never calls them. A driver would call them
@@ -15,8 +16,11 @@ class QWidget;
 /// would answer true to `isProcessingThreedMouseEvents` in between.
 namespace velmora::sdk::threedmouse {
 
+/// Hears of each sample of a motion.
 using MotionCallback = std::function<void(const integration::MouseEventObservableInterface::MotionData&)>;
+/// Hears that the device has come to rest.
 using EndOfMotionCallback = std::function<void()>;
+/// Hears of each button that goes down or up.
 using ButtonActionCallback = std::function<void(const integration::MouseEventObservableInterface::ButtonActions&)>;
 
 /// Replaces the callbacks of whoever listened before. They are kept until the program ends, so what

@@ -51,8 +51,8 @@ OSMesaContext createContext()
 OffscreenImageMesa::OffscreenImageMesa(int width, int height) : m_width(width), m_height(height), m_glContext(*this)
 {
     checkSize(width, height);
-    // Formed in int: below the maximum it fits.
-    m_buffer = std::make_unique<std::uint32_t[]>(static_cast<std::size_t>(width * height));
+    const int pixels = width * height; // below the maximum it fits
+    m_buffer = std::make_unique<std::uint32_t[]>(static_cast<std::size_t>(pixels));
     m_context = createContext();
 }
 

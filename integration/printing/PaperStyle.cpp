@@ -19,9 +19,6 @@ using toolbox::StyleValue;
 constexpr const char* KernelPaperNames[] = {"Letter", "Double", "A4", "A3", "Custom1", "Custom2"};
 static_assert(std::size(KernelPaperNames) == KernelPaperCount, "each of the engine's papers has a name");
 
-constexpr int NoOffset = -1;
-constexpr int ReplaceAssignment = 255;
-
 using Ids = std::vector<long>;
 
 Ids macroIds(const char* word1, const char* word2 = nullptr, const char* word3 = nullptr)

@@ -1,6 +1,7 @@
 #include "integration/services/ManagerMiscService.h"
 
 #include "engine/VelEng.h"
+#include "integration/intern/ModifierMask.h"
 #include "integration/services/TextArgument.h"
 
 #include <QApplication>
@@ -88,10 +89,7 @@ void ManagerMiscService::getScreenSizeInPixels(int* width, int* height) const
 
 int ManagerMiscService::keyboardModifiers() const
 {
-    const Qt::KeyboardModifiers held = QApplication::keyboardModifiers();
-    return (held & Qt::ShiftModifier ? EventInterface::Modifier_Shift : 0) |
-           (held & Qt::ControlModifier ? EventInterface::Modifier_Control : 0) |
-           (held & Qt::AltModifier ? EventInterface::Modifier_Alt : 0);
+    return intern::modifierMask(QApplication::keyboardModifiers());
 }
 
 bool ManagerMiscService::mouseButtonState(MouseEventInterface::MouseButton_e button) const

@@ -22,7 +22,7 @@ struct CurrentContextKeeper::Kept {
 CurrentContextKeeper::CurrentContextKeeper()
 {
     if (QOpenGLContext* const context = QOpenGLContext::currentContext())
-        m_kept.reset(new Kept{context, context->surface()});
+        m_kept = std::make_unique<Kept>(Kept{context, context->surface()});
 }
 
 CurrentContextKeeper::~CurrentContextKeeper()

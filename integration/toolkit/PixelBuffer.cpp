@@ -190,7 +190,7 @@ QImage PixelBuffer::readBack()
     if (!m_usable || !reallyMakeCurrent(*this))
         return QImage();
     const PlainPixels plainPixels;
-    const QImage image = m_multisampled ? readResolved(m_framebuffer, size()) : readPixels(m_framebuffer, size());
+    QImage image = m_multisampled ? readResolved(m_framebuffer, size()) : readPixels(m_framebuffer, size());
     QOpenGLContext::currentContext()->functions()->glBindFramebuffer(GL_FRAMEBUFFER, m_framebuffer);
     return image;
 }

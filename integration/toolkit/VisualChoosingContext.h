@@ -19,6 +19,7 @@ namespace toolkit {
 #if QT_VERSION >= 0x050000
 class VELMORA_INTEGRATION_EXPORT VisualChoosingContext : public QGLContext {
 public:
+    /// A context of this format, not created yet.
     explicit VisualChoosingContext(const QGLFormat& format);
 
     /// The visual that the toolkit would choose for the context's format, or null without X11.
@@ -28,6 +29,7 @@ protected:
     /// Whether an overriding `chooseVisual()` found none and is asked once more: then it leaves the
     /// choice to the toolkit. Qt 5 does so by itself.
     bool toolkitMustChoose() const;
+    /// The toolkit's hook in which the visual is chosen; false when there is no context to be had.
     bool chooseContext(const QGLContext* shareContext) override;
 };
 #else

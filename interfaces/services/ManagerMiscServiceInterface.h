@@ -20,7 +20,9 @@ public:
     virtual void getScreenSizeInPixels(int* width, int* height) const = 0;
     /// EventInterface::ModifierMask_e bits.
     virtual int keyboardModifiers() const = 0;
+    /// Whether the button is held now.
     virtual bool mouseButtonState(MouseEventInterface::MouseButton_e button) const = 0;
+    /// What OpenGL calls its version in a context of the toolkit's default format.
     virtual std::string openGLVersionString() const = 0;
     /// The address of the service object.
     virtual operator long() const = 0;

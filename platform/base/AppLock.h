@@ -11,6 +11,7 @@ public:
     /// Whether the changes inside become part of a macro that is being recorded.
     enum class ImplicitMacroRecording { Off = 0, On = 1 };
 
+    /// Begins the change. GUI thread only.
     explicit AppLock(ImplicitMacroRecording recording);
     ~AppLock();
     AppLock(const AppLock&) = delete;

@@ -32,6 +32,7 @@ protected:
     virtual void timeout();
     /// Starts the platform's timer; false when it has none to give.
     virtual bool internalStart(int milliseconds) = 0;
+    /// Stops the platform's timer, which runs.
     virtual void internalStop() = 0;
 
 private:

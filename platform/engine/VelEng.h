@@ -1,8 +1,9 @@
 #pragma once
 
-// The engine's entry points for the binding: what the integration-manager library and the
-// off-screen images call. GUI thread only. The engine calls every callback on that thread, with
-// the client data it was registered with; registering null takes a callback away.
+/// \file
+/// The engine's entry points for the binding: what the integration-manager library and the
+/// off-screen images call. GUI thread only. The engine calls every callback on that thread, with
+/// the client data it was registered with; registering null takes a callback away.
 
 #include "engine/VelExport.h"
 #include "interfaces/EngineEnumerations.h"
@@ -21,6 +22,7 @@ extern "C" {
 VELMORA_PLATFORM_EXPORT int VelEngStart(const char* homeDirectory, const char* applicationName);
 /// Stops it: pages, data and style are given up. Callbacks stay registered. Areas must be detached.
 VELMORA_PLATFORM_EXPORT void VelEngStop();
+/// 1 between VelEngStart and VelEngStop.
 VELMORA_PLATFORM_EXPORT int VelEngIsRunning();
 
 // ---- being busy
@@ -44,10 +46,13 @@ VELMORA_PLATFORM_EXPORT void VelEngTurnWantedRegisterCallback(void (*callback)(l
 /// Gives the area a page (the first without an area, else a new one) and makes it active.
 VELMORA_PLATFORM_EXPORT int VelEngPageAttachDrawArea(velmora::sdk::integration::GLDrawAreaInterface* area,
                                                      velmora::sdk::integration::PageInterface* page);
+/// Takes the area away from the page, whose content stays. The area's context must still work.
 VELMORA_PLATFORM_EXPORT void VelEngPageDetachDrawArea(int pageNumber);
 /// Shows in the area what there is of the page and leaves longer work waiting.
 VELMORA_PLATFORM_EXPORT void VelEngPageExpose(int pageNumber, int sizeChanged);
+/// Makes it the page that commands without a page apply to.
 VELMORA_PLATFORM_EXPORT void VelEngPageActivate(int pageNumber);
+/// The active page's number; 0 while the engine does not run.
 VELMORA_PLATFORM_EXPORT int VelEngPageGetActive();
 
 // ---- off-screen
@@ -59,6 +64,7 @@ VELMORA_PLATFORM_EXPORT int VelEngRenderOffscreenImage(velmora::sdk::integration
 
 // ---- services
 
+/// Shows a message; a MessageBoxType_e value goes in and a MessageBoxReply_e value comes back.
 VELMORA_PLATFORM_EXPORT void
 VelEngMessageBoxRegisterCallback(unsigned (*callback)(const char* message, int type, long clientData), long clientData);
 /// The callback copies the chosen name through `setResult` and returns 1, or returns 0.
@@ -66,33 +72,44 @@ VELMORA_PLATFORM_EXPORT void VelEngSelectFileRegisterCallback(
     int (*callback)(int option, const char* text1, const char* text2, const char* text3,
                     void (*setResult)(const char* name, void* result), void* result, long clientData),
     long clientData);
+/// Pushes the wait cursor (1) or pops a cursor (0).
 VELMORA_PLATFORM_EXPORT void VelEngWaitCursorRegisterCallback(void (*callback)(int on, long clientData),
                                                               long clientData);
+/// Sets the cursor over the page's drawing area, a CursorStyle_e value.
 VELMORA_PLATFORM_EXPORT void VelEngBaseCursorRegisterCallback(
     void (*callback)(velmora::sdk::integration::PageInterface* page, int style, long clientData), long clientData);
+/// Selects in a rectangle of paper inches; see VelUtilPickAddAllInRectX().
 VELMORA_PLATFORM_EXPORT void VelEngSelectRegionRegisterCallback(
     void (*callback)(double x1, double y1, double x2, double y2, int addToSelection, long clientData), long clientData);
 
 /// What the engine asks about screen, keyboard, mouse and OpenGL.
 struct VelEngMiscCallbacks {
+    /// @{
+    /// See the operation of that name of services::ManagerMiscServiceInterface.
     int (*translateNonPrintableKeyboardCode)(int qtKey, long clientData);
     void (*getDotPitchPerCm)(double* x, double* y, long clientData);
     void (*getScreenSizeInPixels)(int* width, int* height, long clientData);
     int (*keyboardModifiers)(long clientData);
     int (*mouseButtonState)(int button, long clientData);
     void (*openGLVersionString)(void (*setResult)(const char* text, void* result), void* result, long clientData);
+    /// @}
 };
+/// Copies the functions; null takes them all away.
 VELMORA_PLATFORM_EXPORT void VelEngMiscRegisterCallbacks(const VelEngMiscCallbacks* callbacks, long clientData);
 
 /// How the engine gets, reads and gives back an off-screen image. `imageCreate` may throw
 /// velmora::ExceptionBase.
 struct VelEngOffscreenImageCallbacks {
+    /// @{
+    /// See the operation of that name of services::OffscreenImageServiceInterface.
     velmora::sdk::integration::OffscreenImageInterface* (*imageCreate)(int width, int height, int strategy,
                                                                        long clientData);
     int (*imageGetRGBRow)(velmora::sdk::integration::OffscreenImageInterface* image, int row, unsigned char* red,
                           unsigned char* green, unsigned char* blue, long clientData);
     void (*imageDestroy)(velmora::sdk::integration::OffscreenImageInterface* image, long clientData);
+    /// @}
 };
+/// Copies the functions; null takes them all away.
 VELMORA_PLATFORM_EXPORT void VelEngOffscreenImageRegisterCallbacks(const VelEngOffscreenImageCallbacks* callbacks,
                                                                    long clientData);
 
@@ -104,6 +121,7 @@ VELMORA_PLATFORM_EXPORT unsigned VelEngMessageBoxShow(const char* message, int t
 /// 1 when a file was chosen; its name is then in `buffer`, cut off at `size` - 1 bytes.
 VELMORA_PLATFORM_EXPORT int VelEngSelectFile(int option, const char* title, const char* offered, const char* filter,
                                              char* buffer, int size);
+/// Pushes the wait cursor (1) or pops a cursor (0).
 VELMORA_PLATFORM_EXPORT void VelEngWaitCursorActivate(int on);
 /// The cursor over the active page's drawing area, a CursorStyle_e value.
 VELMORA_PLATFORM_EXPORT void VelEngBaseCursorSet(int style);

@@ -1,9 +1,10 @@
 #pragma once
 
-// The engine's plain function entry points for everybody: hosts, the binding, the toolbox. All of
-// them belong to the GUI thread and need a started engine unless they say otherwise. Texts are
-// UTF-8. A function that returns int answers 1 for success and 0 for failure; after a failure
-// VelUtilLastErrorMessage() says what was wrong and what helps.
+/// \file
+/// The engine's plain function entry points for everybody: hosts, the binding, the toolbox. All of
+/// them belong to the GUI thread and need a started engine unless they say otherwise. Texts are
+/// UTF-8. A function that returns int answers 1 for success and 0 for failure; after a failure
+/// VelUtilLastErrorMessage() says what was wrong and what helps.
 
 #include "engine/VelExport.h"
 
@@ -24,6 +25,7 @@ VELMORA_PLATFORM_EXPORT bool VelUtilInternalIsPrintDebugOn();
 
 /// The last error, or "" when there is none. Valid until the next engine call.
 VELMORA_PLATFORM_EXPORT const char* VelUtilLastErrorMessage();
+/// Forgets the last error.
 VELMORA_PLATFORM_EXPORT void VelUtilLastErrorMessageClear();
 /// Shows the last error, if any, through the message box service; true when there was one to show.
 VELMORA_PLATFORM_EXPORT bool VelUtilDialogLastMessageBox();
@@ -77,6 +79,7 @@ VELMORA_PLATFORM_EXPORT void VelUtilWorkViewFitPaper();
 
 // ---- picking
 
+/// Gives the selection of the active page up.
 VELMORA_PLATFORM_EXPORT void VelUtilPickDeselectAll();
 /// Selects what lies in the rectangle "X1", "Y1", "X2", "Y2" (paper inches from the lower left
 /// corner of the paper, corners in any order). "SelectZones", "SelectGeoms" and "SelectText" (0 or
@@ -96,6 +99,7 @@ VELMORA_PLATFORM_EXPORT void VelUtilPickPositionToPaper(double xPixel, double yP
 // 0 with an empty last error, and VelUtilWasInterrupted() says 1. One picture at a time; not from
 // inside a paint event.
 
+/// What picture to export.
 struct VelExportImageOptions {
     int width;       ///< pixels
     int height;      ///< pixels

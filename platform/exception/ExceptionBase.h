@@ -13,8 +13,12 @@ public:
     explicit ExceptionBase(std::string message, bool logged = false);
     ~ExceptionBase() override;
 
+    /// @{
+    /// The message as it was given.
     const char* what() const noexcept override;
     const std::string& message() const noexcept;
+    /// @}
+    /// Whether the message was written to the engine's log already.
     bool isLogged() const noexcept;
 
 private:

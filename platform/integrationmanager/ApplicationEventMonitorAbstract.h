@@ -43,6 +43,7 @@ public:
     /// Of the registered stop buttons that are active, the one registered last is in force. One that
     /// is always active and has no widget thus suspends interruption until it is unregistered.
     virtual void registerStopButton(const boost::shared_ptr<const StopButtonInterface>& button);
+    /// A button that is not registered is ignored.
     virtual void unRegisterStopButton(const boost::shared_ptr<const StopButtonInterface>& button);
     /// Lets the application process its events once.
     virtual void processWhileBusy_Internal() = 0;
@@ -50,8 +51,9 @@ public:
     virtual void interruptEventProcessing() = 0;
     /// The object's own address.
     virtual operator long() const = 0;
-    /// Begins to watch the application's events.
+    /// Begins to watch the application's events; false when it cannot.
     virtual bool start() = 0;
+    /// Watches them no more; false when it cannot.
     virtual bool stop() = 0;
 
     /// Gives the application its turn between two slices of engine work; true when the engine shall
@@ -63,23 +65,29 @@ public:
     bool isStopButton(const void* object) const;
 
 protected:
+    /// For the monitor of `manager`, which starts and stops it.
     explicit ApplicationEventMonitorAbstract(ManagerInterface& manager);
 
-    // Input for the engine and for the listeners and signals of this monitor. While the engine is
-    // busy, a press sets discardNextEvent, so that it does not reach a widget; Escape asks the
-    // engine to stop unless a stop button is in force. Neither while a dialog of the engine's is open.
+    /// @{
+    /// Input for the engine and for the listeners and signals of this monitor. While the engine is
+    /// busy, a press sets discardNextEvent, so that it does not reach a widget; Escape asks the
+    /// engine to stop unless a stop button is in force. Neither while a dialog of the engine's is open.
     void notifyOfMouseMoved(MouseEventInterface& event);
     void notifyOfButtonPressed(MouseEventInterface& event);
     void notifyOfButtonReleased(MouseEventInterface& event);
     void notifyOfButtonDoublePressed(MouseEventInterface& event);
     void notifyOfKeyPressed(KeyEventInterface& event);
     void notifyOfKeyReleased(KeyEventInterface& event);
+    /// @}
     /// Tells the idle listeners, then gives the engine its turn, and more turns, up to a limit, while
     /// new work came during the last.
     void notifyOfIdle(OnIdleObservableInterface& source);
+    /// @{
+    /// What the driver of a 3D mouse tells; calls the slots of the signal for it.
     void threedMouseMoveEvent(const MotionData& motion);
     void threedMouseStopEvent();
     void threedMouseButtonAction(ButtonActions actions);
+    /// @}
 
     /// The engine has been asked to stop and has not unwound yet; see shouldInterrupt() for whether
     /// the request is in force.

@@ -15,6 +15,7 @@ namespace intern {
 /// the area go to the page manager.
 class VELMORA_PLATFORM_EXPORT GLDrawAreaPageTracker {
 public:
+    /// For an area that has no page yet; the area owns it.
     explicit GLDrawAreaPageTracker(GLDrawAreaInterface& area);
     ~GLDrawAreaPageTracker();
     GLDrawAreaPageTracker(const GLDrawAreaPageTracker&) = delete;

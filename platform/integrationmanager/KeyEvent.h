@@ -20,6 +20,7 @@ public:
     bool isControlDown() const override { return (m_modifiers & Modifier_Control) != 0; }
     bool isShiftDown() const override { return (m_modifiers & Modifier_Shift) != 0; }
     bool isAltDown() const override { return (m_modifiers & Modifier_Alt) != 0; }
+    /// The producer.
     KeyEventObservableInterface* source() const { return m_source; }
 
 private:

@@ -20,11 +20,16 @@ public:
     KeyEventObservable(const KeyEventObservable&) = delete;
     KeyEventObservable& operator=(const KeyEventObservable&) = delete;
 
+    /// Adding a listener twice has no further effect; null is ignored. Listeners are borrowed.
     void addListener(KeyEventListenerInterface* listener);
+    /// A listener that was not added is ignored.
     void removeListener(KeyEventListenerInterface* listener);
 
+    /// @{
+    /// Tells the listeners, for the producer `source`. What one throws ends the round and passes through.
     void notifyOfKeyPressed(KeyEventInterface& event, KeyEventObservableInterface& source);
     void notifyOfKeyReleased(KeyEventInterface& event, KeyEventObservableInterface& source);
+    /// @}
 
 private:
     struct Impl;

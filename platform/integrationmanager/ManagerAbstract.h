@@ -34,11 +34,16 @@ public:
 protected:
     ManagerAbstract();
 
+    /// @{
+    /// Steps of `start` and `stop`, for a toolkit's manager to add to: the page manager opens, the
+    /// services' callbacks are registered, the page manager closes.
     virtual void subManagersInstantiate();
     virtual void subManagersRegisterCallbacks();
     virtual void subManagersDestroy();
+    /// @}
 
 public:
+    /// The toolkit's watch over the application's events; it lives as long as the manager.
     virtual ApplicationEventMonitorInterface& getApplicationEventMonitor() = 0;
 
 private:

@@ -8,6 +8,7 @@ namespace velmora::sdk::integration::intern {
 /// The wheel event record that producers build on the stack.
 class VELMORA_PLATFORM_EXPORT MouseWheelEvent : public virtual MouseWheelEventInterface {
 public:
+    /// Pixels, eighths of a degree and the generic modifier mask, as the interface says.
     MouseWheelEvent(int x, int y, int delta, bool leftButtonDown, bool middleButtonDown, bool rightButtonDown,
                     Orientation orientation, int modifiers);
 

@@ -15,14 +15,20 @@ public:
     ArgList(const ArgList&) = delete;
     ArgList& operator=(const ArgList&) = delete;
 
+    /// @{
+    /// A value under a name; both are copied. Throws what the engine throws, and has then appended
+    /// nothing.
     void appendInt(const char* name, int value);
     void appendDouble(const char* name, double value);
     void appendString(const char* name, const char* value);
+    /// @}
     /// A value of machine-word size.
     void appendArbParam(const char* name, long value);
     /// Where the engine writes a value of machine-word size.
     void appendArbParamPtr(const char* name, long* value);
+    /// Where the engine writes a number.
     void appendDoublePtr(const char* name, double* value);
+    /// Removes all arguments.
     void clear();
 
     /// The engine's list, for an entry point that takes one; valid as long as this object.

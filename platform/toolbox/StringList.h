@@ -16,8 +16,11 @@ public:
                         const char* word4 = nullptr, const char* word5 = nullptr, const char* word6 = nullptr,
                         const char* word7 = nullptr);
 
+    /// Adds a word at the end.
     void append(const std::string& word);
+    /// How many words there are.
     int count() const { return static_cast<int>(m_words.size()); }
+    /// The words in the order they were added.
     const std::vector<std::string>& words() const { return m_words; }
 
 private:

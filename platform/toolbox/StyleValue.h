@@ -19,6 +19,7 @@ public:
     explicit StyleValue(const char* word1 = nullptr, const char* word2 = nullptr, const char* word3 = nullptr,
                         const char* word4 = nullptr, const char* word5 = nullptr, const char* word6 = nullptr,
                         const char* word7 = nullptr);
+    /// The same for a list of words.
     explicit StyleValue(const StringList& words);
     ~StyleValue();
     StyleValue(const StyleValue&) = delete;
@@ -37,16 +38,22 @@ public:
     void setupSetValueArgList(const std::vector<long>& ids, const void* set, int offset1, int offset2, int assignOp,
                               ArgList& args) const;
 
+    /// @{
     /// Reads into `value`, which stays as it is when the read fails; a code for returnCodeOk.
     static int getFinalValue(bool* value, ArgList& args);
     static int getFinalValue(double* value, ArgList& args);
+    /// @}
+    /// @{
     /// Writes; 0 when the value was applied, else the engine's code for why not (also when the
     /// value was there already).
     static int setFinalValue(bool value, ArgList& args);
     static int setFinalValue(double value, ArgList& args);
+    /// @}
+    /// @{
     /// The same for argument lists that carry their value as "IValue" and "DValue".
     static int styleGetLowLevel(ArgList& args);
     static int styleSetLowLevel(ArgList& args);
+    /// @}
     /// Whether the code of a read means that there is a value.
     static bool returnCodeOk(int code);
 

@@ -1,6 +1,7 @@
-#include "tests/fuzz/FuzzSupport.h"
+#include "tests/fuzz/ReadSupport.h"
 
 #include <cmath>
+#include <cstdint>
 #include <string>
 
 using namespace velmora::engine;
@@ -18,15 +19,16 @@ std::string withHeader(std::string_view bytes)
 
 void check(const Grid& grid)
 {
-    fuzz::require(grid.columns > 0 && grid.rows > 0 && grid.cellSize > 0);
-    fuzz::require(grid.values.size() == static_cast<std::size_t>(grid.columns) * static_cast<std::size_t>(grid.rows));
+    fuzz::require(grid.columns > 0 && grid.rows > 0 && grid.cellSize > 0, "the grid has a size");
+    fuzz::require(grid.values.size() == static_cast<std::size_t>(grid.columns) * static_cast<std::size_t>(grid.rows),
+                  "every cell has its value");
     std::size_t gaps = 0;
     for (const float value : grid.values) {
-        fuzz::require(std::isnan(value) || (value >= grid.minimum && value <= grid.maximum));
+        fuzz::require(std::isnan(value) || (value >= grid.minimum && value <= grid.maximum), "the range is right");
         gaps += std::isnan(value) ? 1 : 0;
     }
-    fuzz::require(gaps == grid.gaps && gaps < grid.values.size());
-    fuzz::require(std::isfinite(grid.minimum) && std::isfinite(grid.maximum));
+    fuzz::require(gaps == grid.gaps && gaps < grid.values.size(), "the gaps are counted");
+    fuzz::require(std::isfinite(grid.minimum) && std::isfinite(grid.maximum), "the range is finite");
 }
 
 void readAndCheck(std::string_view text)

@@ -1,39 +1,14 @@
 #pragma once
 
-#include "engine/core/Breath.h"
-#include "engine/data/DataReader.h"
-#include "engine/data/MemoryByteStream.h"
-
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
-#include <optional>
-#include <string_view>
+#include <stdexcept>
 
 namespace velmora::engine::fuzz {
 
-class OneBreath final : public Breath {
-public:
-    bool goOn(double) override { return true; }
-};
-
-/// What the bytes are read as; nothing when they are refused. Every other exception ends the run.
-inline std::optional<DataSet> read(std::string_view text)
+/// What must hold whatever the input is. It ends a fuzzer's run, and fails a test that replays one.
+inline void require(bool condition, const char* what)
 {
-    MemoryByteStream stream(text);
-    OneBreath breath;
-    try {
-        return readData(stream, "fuzz", breath);
-    } catch (const ReadError&) {
-        return std::nullopt;
-    }
-}
-
-inline void require(bool condition)
-{
-    if (!condition) {
-        std::abort();
-    }
+    if (!condition)
+        throw std::logic_error(what);
 }
 
 } // namespace velmora::engine::fuzz

@@ -1,6 +1,7 @@
-#include "tests/fuzz/FuzzSupport.h"
+#include "tests/fuzz/ReadSupport.h"
 
 #include <cmath>
+#include <cstdint>
 #include <string>
 
 using namespace velmora::engine;
@@ -9,12 +10,12 @@ namespace {
 
 void check(const Table& table)
 {
-    fuzz::require(table.columns.size() >= 2);
+    fuzz::require(table.columns.size() >= 2, "there are two columns at least");
     for (const Column& column : table.columns) {
-        fuzz::require(column.values.size() == table.columns[0].values.size());
-        fuzz::require(!column.name.empty());
+        fuzz::require(column.values.size() == table.columns[0].values.size(), "all columns are as long");
+        fuzz::require(!column.name.empty(), "every column has a name");
         for (const double value : column.values) {
-            fuzz::require(!std::isinf(value));
+            fuzz::require(!std::isinf(value), "no value is infinite");
         }
     }
 }

@@ -1,11 +1,8 @@
 #include "tests/offscreen/EngineStandIn.h"
 
 #include "engine/VelEng.h"
-#include "integration/StyleSettings.h"
-#include "toolbox/ArgList.h"
-#include "toolbox/StyleValue.h"
-
-#include <vector>
+#include "interfaces/GLContextInterface.h"
+#include "interfaces/OffscreenImageInterface.h"
 
 namespace velmora::test {
 
@@ -15,23 +12,6 @@ Drawing& currentDrawing()
 {
     static Drawing drawing;
     return drawing;
-}
-
-const toolbox::StyleValue& imageRendering()
-{
-    static const toolbox::StyleValue section("Interface", "OpenGLConfig", "ImageRendering");
-    return section;
-}
-
-void write(const char* key, int value)
-{
-    std::vector<long> ids;
-    toolbox::StyleValue::initMacroIDsfromStyleValueNames(ids, key);
-    toolbox::ArgList args;
-    imageRendering().setupSetValueArgList(ids, nullptr, -1, -1, 255, args);
-    args.appendArbParam("IValue", value);
-    args.appendDouble("DValue", value);
-    toolbox::StyleValue::styleSetLowLevel(args);
 }
 
 } // namespace
@@ -46,15 +26,22 @@ EngineDraws::~EngineDraws()
     currentDrawing() = std::move(m_previous);
 }
 
-ImageSetting::ImageSetting(const char* key, int value)
-    : m_key(key), m_previous(sdk::integration::readStyleInteger(imageRendering(), key))
+const GLTable& glOf(ImageKind kind)
 {
-    write(key, value);
+    return kind == ImageKind::Software ? softwareGL() : screenGL();
 }
 
-ImageSetting::~ImageSetting()
+bool renderImage(ImageKind kind, sdk::integration::OffscreenImageInterface& image,
+                 const std::function<void(const GLTable&, int, int)>& draw)
 {
-    write(m_key, m_previous);
+    const EngineDraws drawing([&](sdk::integration::ExportRegion_e, sdk::integration::OffscreenImageInterface& target) {
+        if (!target.getGLContext().setCurrentGL())
+            return 0;
+        draw(glOf(kind), target.width(), target.height());
+        target.getGLContext().swapBuffers();
+        return target.getGLContext().clearCurrentGL() ? 1 : 0;
+    });
+    return image.render(sdk::integration::ExportRegion_Page);
 }
 
 } // namespace velmora::test

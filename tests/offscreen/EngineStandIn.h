@@ -1,12 +1,10 @@
 #pragma once
 
 #include "interfaces/EngineEnumerations.h"
+#include "tests/offscreen/GLTable.h"
+#include "tests/offscreen/ImageKinds.h"
 
 #include <functional>
-
-namespace velmora::sdk::integration {
-class OffscreenImageInterface;
-}
 
 namespace velmora::test {
 
@@ -26,17 +24,12 @@ private:
     Drawing m_previous;
 };
 
-/// Sets an integer of "Interface"/"OpenGLConfig"/"ImageRendering" for the life of the object.
-class ImageSetting {
-public:
-    ImageSetting(const char* key, int value);
-    ~ImageSetting();
-    ImageSetting(const ImageSetting&) = delete;
-    ImageSetting& operator=(const ImageSetting&) = delete;
+/// What to draw into an image of that kind with.
+const GLTable& glOf(ImageKind kind);
 
-private:
-    const char* m_key;
-    int m_previous;
-};
+/// Makes the image's context current and draws into it while the image renders; the result of
+/// render().
+bool renderImage(ImageKind kind, sdk::integration::OffscreenImageInterface& image,
+                 const std::function<void(const GLTable&, int width, int height)>& draw);
 
 } // namespace velmora::test

@@ -2,6 +2,7 @@
 
 #include "integration/services/OffscreenImageService.h"
 #include "interfaces/OffscreenImageInterface.h"
+#include "tests/offscreen/EngineStandIn.h"
 #include "tests/offscreen/ImageKinds.h"
 #include "tests/offscreen/TestPicture.h"
 #include "tests/support/Pixels.h"

@@ -5,8 +5,7 @@
 #include "integration/offscreen/OffscreenImagePBuffer.h"
 #include "integration/offscreen/OffscreenImagePixmap.h"
 #include "integration/services/OffscreenImageService.h"
-#include "interfaces/GLContextInterface.h"
-#include "tests/offscreen/EngineStandIn.h"
+#include "interfaces/OffscreenImageInterface.h"
 
 #include <stdexcept>
 #include <vector>
@@ -47,11 +46,6 @@ std::string nameOf(ImageKind kind)
     return kind == ImageKind::PixelBuffer ? "PixelBuffer" : kind == ImageKind::Pixmap ? "Pixmap" : "Software";
 }
 
-const GLTable& glOf(ImageKind kind)
-{
-    return kind == ImageKind::Software ? softwareGL() : screenGL();
-}
-
 std::unique_ptr<OffscreenImageInterface> createImage(ImageKind kind, int width, int height)
 {
     const auto strategy =
@@ -62,19 +56,6 @@ std::unique_ptr<OffscreenImageInterface> createImage(ImageKind kind, int width, 
     if (!isKind(kind, *image))
         throw std::logic_error("not an image of kind " + nameOf(kind));
     return image;
-}
-
-bool renderImage(ImageKind kind, OffscreenImageInterface& image,
-                 const std::function<void(const GLTable&, int, int)>& draw)
-{
-    const EngineDraws drawing([&](ExportRegion_e, OffscreenImageInterface& target) {
-        if (!target.getGLContext().setCurrentGL())
-            return 0;
-        draw(glOf(kind), target.width(), target.height());
-        target.getGLContext().swapBuffers();
-        return target.getGLContext().clearCurrentGL() ? 1 : 0;
-    });
-    return image.render(ExportRegion_Page);
 }
 
 QImage readRows(services::OffscreenImageService& service, OffscreenImageInterface& image)

@@ -2,6 +2,7 @@
 
 #include "integration/offscreen/OffscreenImagePBuffer.h"
 #include "integration/toolkit/PixelBuffer.h"
+#include "tests/offscreen/EngineStandIn.h"
 #include "tests/offscreen/ImageKinds.h"
 #include "tests/offscreen/RefusedContexts.h"
 #include "tests/offscreen/TestPicture.h"

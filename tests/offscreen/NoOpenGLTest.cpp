@@ -1,12 +1,8 @@
-// Exporting from a widget application without a window system and without OpenGL; run on such a platform.
+// A widget application without a window system and without OpenGL; run on such a platform.
 
-#include "exception/ExceptionBase.h"
 #include "integration/services/OffscreenImageService.h"
-#include "integration/toolkit/GuiClient.h"
-#include "integration/toolkit/PixelBuffer.h"
 #include "interfaces/OffscreenImageInterface.h"
 #include "tests/offscreen/ImageKinds.h"
-#include "tests/offscreen/TestPicture.h"
 
 #include <gtest/gtest.h>
 
@@ -15,23 +11,6 @@ namespace {
 
 using namespace sdk::integration;
 
-TEST(WithoutOpenGL, AWidgetApplicationIsNoGuiClientAndHasNoPixelBuffers)
-{
-    EXPECT_FALSE(toolkit::isGuiClient());
-    EXPECT_FALSE(toolkit::hasPixelBuffers());
-}
-
-TEST(WithoutOpenGL, ThereIsNoHardwareImage)
-{
-    services::OffscreenImageService service;
-    try {
-        service.imageCreate(16, 16, ImageRenderingStrategy_Hardware);
-        FAIL() << "an image was created";
-    } catch (const ExceptionBase& exception) {
-        EXPECT_STREQ(exception.what(), "Failed to create an offscreen image.");
-    }
-}
-
 TEST(WithoutOpenGL, AHiddenWidgetCannotRenderAndNoRowCanBeRead)
 {
     services::OffscreenImageService service;
@@ -39,15 +18,6 @@ TEST(WithoutOpenGL, AHiddenWidgetCannotRenderAndNoRowCanBeRead)
     EXPECT_FALSE(image->render(ExportRegion_Page));
     unsigned char plane[16];
     EXPECT_FALSE(service.imageGetRGBRow(image.get(), 0, plane, plane, plane));
-    service.imageDestroy(image.release());
-}
-
-TEST(WithoutOpenGL, SoftwareDraws)
-{
-    services::OffscreenImageService service;
-    auto image = createImage(ImageKind::Software, 61, 43);
-    EXPECT_TRUE(renderImage(ImageKind::Software, *image, [](const GLTable& gl, int w, int h) { drawTiles(gl, w, h); }));
-    EXPECT_EQ(readRows(service, *image), tiles(61, 43));
     service.imageDestroy(image.release());
 }
 

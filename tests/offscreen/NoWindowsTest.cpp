@@ -4,6 +4,7 @@
 #include "integration/services/OffscreenImageService.h"
 #include "integration/toolkit/GuiClient.h"
 #include "interfaces/OffscreenImageInterface.h"
+#include "tests/offscreen/EngineStandIn.h"
 #include "tests/offscreen/ImageKinds.h"
 #include "tests/offscreen/TestPicture.h"
 

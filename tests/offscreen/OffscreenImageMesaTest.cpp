@@ -3,6 +3,7 @@
 #include "testing/EngineProbe.h"
 #include "tests/offscreen/EngineStandIn.h"
 #include "tests/offscreen/ImageKinds.h"
+#include "tests/offscreen/ImageSetting.h"
 #include "tests/offscreen/TestPicture.h"
 
 #include <QColor>
@@ -124,6 +125,8 @@ TEST(OffscreenImageMesa, ASizeFarOverTheMaximumIsRefusedTheSameWay)
     const int huge = std::numeric_limits<int>::max();
     EXPECT_EQ(failureOf(huge, huge), sizeMessage(huge, huge));
     EXPECT_EQ(failureOf(65536, 65536), sizeMessage(65536, 65536));
+    EXPECT_EQ(failureOf(huge, 1), sizeMessage(huge, 1));
+    EXPECT_EQ(failureOf(1, huge), sizeMessage(1, huge));
     EXPECT_EQ(failureOf(huge, 0), sizeMessage(huge, 0));
     EXPECT_EQ(failureOf(-1, huge), sizeMessage(-1, huge));
 }

@@ -3,6 +3,7 @@
 #include "testing/EngineProbe.h"
 #include "tests/offscreen/EngineStandIn.h"
 #include "tests/offscreen/ImageKinds.h"
+#include "tests/offscreen/ImageSetting.h"
 #include "tests/offscreen/PackBuffer.h"
 #include "tests/offscreen/TestPicture.h"
 #include "tests/support/Pixels.h"

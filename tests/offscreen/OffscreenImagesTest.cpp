@@ -6,6 +6,7 @@
 #include "interfaces/OffscreenImageInterface.h"
 #include "tests/offscreen/EngineStandIn.h"
 #include "tests/offscreen/ImageKinds.h"
+#include "tests/offscreen/ImageSetting.h"
 #include "tests/offscreen/TestPicture.h"
 
 #include <QGLWidget>

@@ -18,6 +18,10 @@ using velmora::sdk::integration::toolkit::paperSizeInMillimeters;
 
 namespace {
 
+/// A millimetre, which the toolkit's C5 envelope is narrower than the table's, and some of the page's
+/// whole points.
+constexpr double Tolerance = 1.1;
+
 /// Prints a page with a cross on it.
 void print(QPrinter& printer, const QString& fileName)
 {
@@ -59,8 +63,8 @@ void expectPage(double width, double height)
     for (const bool portrait : {true, false}) {
         setKernelPortrait(portrait);
         const QSizeF page = printedPage();
-        EXPECT_NEAR(portrait ? width : height, page.width(), 1.0) << width << " x " << height;
-        EXPECT_NEAR(portrait ? height : width, page.height(), 1.0) << width << " x " << height;
+        EXPECT_NEAR(portrait ? width : height, page.width(), Tolerance) << width << " x " << height;
+        EXPECT_NEAR(portrait ? height : width, page.height(), Tolerance) << width << " x " << height;
     }
 }
 
@@ -83,13 +87,13 @@ TEST_F(PdfPaper, EveryPaperOfTheEngineIsTheSizeOfThePrintedPage)
     }
 }
 
-TEST_F(PdfPaper, PapersThatOnlyTheToolkitNamesAreTheSizeOfThePrintedPage)
+TEST_F(PdfPaper, EverySheetOfTheTableButTheBSeriesIsTheSizeOfThePrintedPage)
 {
-    const double sizes[][2] = {{148, 210}, {594, 841}, {37, 52},   {110, 220}, {105, 241},
-                               {191, 254}, {216, 356}, {210, 330}, {432, 279}};
-    for (const auto& size : sizes) {
-        setKernelCustomPaper(size[0] / 25.4, size[1] / 25.4);
-        expectPage(size[0], size[1]);
+    for (const BasicPaperSize& row : BasicPaperSizes) {
+        if (isOfTheBSeries(row.paperSize))
+            continue;
+        setKernelCustomPaper(row.width / 25.4, row.height / 25.4);
+        expectPage(row.width, row.height);
     }
 }
 

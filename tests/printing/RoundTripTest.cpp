@@ -1,3 +1,4 @@
+#include "integration/printing/BasicPaperSizes.h"
 #include "integration/printing/PrintingUtil.h"
 #include "tests/printing/PrintingTest.h"
 
@@ -5,6 +6,8 @@
 #include <rapidcheck.h>
 
 using namespace velmora::test;
+using velmora::sdk::integration::BasicPaperSize;
+using velmora::sdk::integration::BasicPaperSizes;
 using velmora::sdk::integration::UpdateKernelFromPrinter;
 using velmora::sdk::integration::UpdatePrinterFromKernel;
 
@@ -25,6 +28,23 @@ QSizeF kernelSize()
     return QSizeF(kernelLength(name, "Width") * 25.4, kernelLength(name, "Height") * 25.4);
 }
 
+bool isAbout(const QSizeF& size, double width, double height)
+{
+    return qAbs(size.width() - width) < 2.5 && qAbs(size.height() - height) < 2.5;
+}
+
+/// One that comes back as the paper of that name.
+bool isAboutANamedPaper(const QSizeF& size)
+{
+    for (const BasicPaperSize& row : BasicPaperSizes)
+        if (isAbout(size, row.width, row.height))
+            return true;
+    for (const KernelPaperSize& paper : kernelPapers())
+        if (isAbout(size, paper.width, paper.height))
+            return true;
+    return false;
+}
+
 } // namespace
 
 TEST_F(RoundTrip, APaperOfTheEngineComesBackWithinAMillimeter)
@@ -42,6 +62,46 @@ TEST_F(RoundTrip, APaperOfTheEngineComesBackWithinAMillimeter)
         // the engine.
         RC_ASSERT(qAbs(kernelSize().width() - width) < 2.5);
         RC_ASSERT(qAbs(kernelSize().height() - height) < 2.5);
+        RC_ASSERT(kernelPortrait() == portrait);
+    }));
+}
+
+TEST_F(RoundTrip, EveryPaperOfTheEngineComesBackAsItself)
+{
+    QPrinter realPrinter;
+    realPrinter.setOutputFormat(QPrinter::PdfFormat);
+    for (QPrinter* const printer : {static_cast<QPrinter*>(&m_printer), &realPrinter}) {
+        for (const bool portrait : {true, false}) {
+            for (int index = 0; index < 6; ++index) {
+                setKernelPaper(index);
+                setKernelPortrait(portrait);
+                UpdatePrinterFromKernel(*printer);
+                setKernelPaper(index == 0 ? 1 : 0);
+                setKernelPortrait(!portrait);
+                UpdateKernelFromPrinter(*printer);
+                EXPECT_EQ(index, kernelPaper());
+                EXPECT_EQ(portrait, kernelPortrait());
+            }
+        }
+    }
+    EXPECT_EQ(10, kernelLength("Custom2", "Width"));
+}
+
+TEST_F(RoundTrip, ACustomPaperComesBackWithinAMillimeterThroughARealPrinter)
+{
+    QPrinter printer;
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    EXPECT_TRUE(rc::check([&printer] {
+        const QSizeF size(*rc::gen::inRange(200, 12001) / 10.0, *rc::gen::inRange(200, 12001) / 10.0);
+        const bool portrait = *rc::gen::arbitrary<bool>();
+        RC_PRE(!isAboutANamedPaper(size));
+        setKernelCustomPaper(size.width() / 25.4, size.height() / 25.4);
+        setKernelPortrait(portrait);
+        UpdatePrinterFromKernel(printer);
+        chooseKernelPaper(700, 700, !portrait);
+        UpdateKernelFromPrinter(printer);
+        RC_ASSERT(qAbs(kernelSize().width() - size.width()) <= 1);
+        RC_ASSERT(qAbs(kernelSize().height() - size.height()) <= 1);
         RC_ASSERT(kernelPortrait() == portrait);
     }));
 }

@@ -10,7 +10,7 @@ namespace velmora::test {
 namespace {
 
 const int PollMilliseconds = 2;
-const int PatienceMilliseconds = 10000;
+const int PatienceMilliseconds = 30000;
 
 } // namespace
 

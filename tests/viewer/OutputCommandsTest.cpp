@@ -1,13 +1,13 @@
-// The commands of the File menu that bring a picture out of the window, with their dialogs.
+// Export from the File menu, with its dialogs.
 
 #include "tests/viewer/OpenViewer.h"
 
 #include "ExportDialog.h"
 #include "engine/VelUtil.h"
-#include "integration/printing/PrintingUtil.h"
+#include "interfaces/EngineEnumerations.h"
 #include "tests/support/Wait.h"
 #include "tests/support/XInput.h"
-#include "tests/viewer/Onlooker.h"
+#include "tests/viewer/DialogAnswer.h"
 #include "tests/viewer/PictureColours.h"
 
 #include <QAction>
@@ -17,13 +17,8 @@
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPageSetupDialog>
-#include <QPrintDialog>
-#include <QPrintPreviewDialog>
-#include <QPrintPreviewWidget>
-#include <QPrinter>
+#include <QProgressBar>
 #include <QPushButton>
-#include <QRadioButton>
 #include <QSpinBox>
 #include <QStatusBar>
 
@@ -32,33 +27,13 @@
 #include <X11/keysymdef.h>
 
 using namespace velmora::test;
+using namespace velmora::sdk::integration;
 
 namespace {
-
-template <typename Dialog>
-Dialog* openDialog()
-{
-    Dialog* const dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
-    return dialog && dialog->isVisible() ? dialog : nullptr;
-}
-
-/// Acts on a dialog of that class as soon as it is open.
-template <typename Dialog>
-class Answer : public Onlooker {
-public:
-    explicit Answer(std::function<void(Dialog&)> act)
-        : Onlooker([] { return openDialog<Dialog>() != nullptr; }, [act] { act(*openDialog<Dialog>()); })
-    {}
-};
 
 void acceptWithName(QFileDialog& dialog, const QString& name)
 {
     dialog.findChild<QLineEdit*>()->setText(name);
-    QMetaObject::invokeMethod(&dialog, "accept");
-}
-
-void accept(QDialog& dialog)
-{
     QMetaObject::invokeMethod(&dialog, "accept");
 }
 
@@ -86,11 +61,17 @@ protected:
         EXPECT_TRUE(file.hasActed());
     }
 
-    bool isLandscape()
+    /// Exports slowly and acts once a person can see that.
+    void expectStopped(const std::function<void()>& act)
     {
-        QPrinter printer;
-        velmora::sdk::integration::UpdatePrinterFromKernel(printer);
-        return printer.orientation() == QPrinter::Landscape;
+        session->makeDrawingSlow();
+        const QString name = folder.file("export.png");
+        Onlooker onlooker([this] { return VelUtilIsBusy() && button("Stop")->isVisible(); }, act);
+        exportTo(name, 2000, 2000, "Software");
+        EXPECT_TRUE(onlooker.hasActed());
+        EXPECT_EQ(window->statusBar()->currentMessage().toStdString(), "Stopped.");
+        EXPECT_FALSE(QFile::exists(name));
+        EXPECT_EQ(QApplication::overrideCursor(), nullptr);
     }
 
     QImage first;
@@ -125,19 +106,38 @@ TEST_F(OutputCommand, ExportShowsTheSizeOnPaperBeforehand)
     EXPECT_EQ(dialog.options().dotsPerInch, 300);
 }
 
+TEST_F(OutputCommand, ExportOffersThePlotThePageAndWhatTheWindowShows)
+{
+    viewer::ExportDialog dialog(QSize(600, 300), window.get());
+    QComboBox* const regions = dialog.findChild<QComboBox*>("region");
+    ASSERT_EQ(regions->count(), 3);
+    const ExportRegion_e offered[] = {ExportRegion_CurrentFrame, ExportRegion_Page, ExportRegion_WorkArea};
+    for (int i = 0; i < 3; ++i) {
+        regions->setCurrentIndex(i);
+        EXPECT_EQ(dialog.options().region, offered[i]);
+    }
+}
+
 TEST_F(OutputCommand, ExportIsStoppedByEscapeAndLeavesNoFile)
 {
-    session->makeDrawingSlow();
-    Onlooker onlooker([this] { return VelUtilIsBusy() && button("Stop")->isVisible(); },
-                      [this] {
-                          focusWindow(*window);
-                          typeKey(XK_Escape);
-                      });
-    exportTo(folder.file("export.png"), 2000, 2000, "Software");
-    EXPECT_TRUE(onlooker.hasActed());
-    EXPECT_EQ(window->statusBar()->currentMessage().toStdString(), "Stopped.");
-    EXPECT_FALSE(QFile::exists(folder.file("export.png")));
-    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+    expectStopped([this] {
+        focusWindow(*window);
+        typeKey(XK_Escape);
+    });
+}
+
+TEST_F(OutputCommand, ExportIsStoppedByAClickBesideItsProgressBarAndLeavesNoFile)
+{
+    expectStopped([this] {
+        EXPECT_TRUE(progressBar()->isVisible());
+        EXPECT_LT(progressBar()->value(), progressBar()->maximum());
+        const QPushButton& stop = *button("Stop");
+        movePointer(stop, stop.rect().center());
+        pressButton(1);
+        releaseButton(1);
+    });
+    EXPECT_FALSE(progressBar()->isVisible());
+    EXPECT_FALSE(button("Stop")->isVisible());
 }
 
 TEST_F(OutputCommand, ACancelledExportWritesNothing)
@@ -146,61 +146,4 @@ TEST_F(OutputCommand, ACancelledExportWritesNothing)
     action("&Export Image...")->trigger();
     EXPECT_TRUE(choices.hasActed());
     EXPECT_EQ(window->statusBar()->currentMessage().toStdString(), "");
-}
-
-TEST_F(OutputCommand, PageSetupTurnsTheEnginesPaper)
-{
-    ASSERT_FALSE(isLandscape());
-    Answer<QPageSetupDialog> answer([](QPageSetupDialog& dialog) {
-        dialog.findChild<QRadioButton*>("landscape")->click();
-        accept(dialog);
-    });
-    action("Page &Setup...")->trigger();
-    EXPECT_TRUE(answer.hasActed());
-    EXPECT_TRUE(isLandscape());
-    EXPECT_TRUE(differ(first, picture())) << "the paper shows";
-}
-
-TEST_F(OutputCommand, ACancelledPageSetupLeavesThePaper)
-{
-    Answer<QPageSetupDialog> answer([](QPageSetupDialog& dialog) {
-        dialog.findChild<QRadioButton*>("landscape")->click();
-        dialog.reject();
-    });
-    action("Page &Setup...")->trigger();
-    EXPECT_FALSE(isLandscape());
-    EXPECT_FALSE(differ(first, picture()));
-}
-
-TEST_F(OutputCommand, ThePreviewShowsOnePageWithTheSurface)
-{
-    QImage preview;
-    int pages = 0;
-    Answer<QPrintPreviewDialog> answer([&](QPrintPreviewDialog& dialog) {
-        QPrintPreviewWidget* const widget = dialog.findChild<QPrintPreviewWidget*>();
-        pages = widget->pageCount();
-        preview = QImage(widget->size(), QImage::Format_RGB32);
-        widget->render(&preview);
-        dialog.close();
-    });
-    action("Print Pre&view...")->trigger();
-    EXPECT_TRUE(answer.hasActed());
-    EXPECT_EQ(pages, 1);
-    EXPECT_GT(plotPixels(preview), 500);
-}
-
-TEST_F(OutputCommand, PrintingIntoAFileWritesAPage)
-{
-    const QString name = folder.file("page.pdf");
-    Answer<QPrintDialog> answer([&](QPrintDialog& dialog) {
-        dialog.findChild<QLineEdit*>("filename")->setText(name);
-        accept(dialog);
-    });
-    action("&Print...")->trigger();
-    EXPECT_TRUE(answer.hasActed());
-    QFile file(name);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_TRUE(file.readAll().startsWith("%PDF"));
-    EXPECT_GT(file.size(), 10000);
-    EXPECT_EQ(window->statusBar()->currentMessage().toStdString(), "The page is printed.");
 }

@@ -1,4 +1,4 @@
-// Pictures and pages that the viewer writes without a window, as other programs see them.
+// Pictures that the viewer writes without a window.
 
 #include "tests/support/Pixels.h"
 #include "tests/viewer/PictureColours.h"
@@ -6,80 +6,16 @@
 
 #include <QFile>
 #include <QImage>
-#include <QProcess>
-#include <QRegExp>
-#include <QSizeF>
 
 using namespace velmora::test;
 
 namespace {
-
-constexpr int DotsPerInch = 72;
-constexpr double NoPrinterPrintsHere = 0.12; // inches: just within the hard-clip margins
-
-QString outputOf(const char* program, const QStringList& arguments)
-{
-    QProcess process;
-    process.start(QString::fromLatin1(program), arguments);
-    EXPECT_TRUE(process.waitForFinished(60000)) << "Is " << program << " (poppler-utils) installed?";
-    return QString::fromUtf8(process.readAllStandardOutput());
-}
-
-QSizeF pageMillimeters(const QString& pdf)
-{
-    QRegExp size("Page size:\\s+([0-9.]+) x ([0-9.]+) pts");
-    EXPECT_GE(size.indexIn(outputOf("pdfinfo", QStringList() << pdf)), 0) << pdf.toStdString();
-    return QSizeF(size.cap(1).toDouble(), size.cap(2).toDouble()) * 25.4 / 72;
-}
-
-QImage pagePicture(const QString& pdf)
-{
-    outputOf("pdftoppm", QStringList() << "-r" << QString::number(DotsPerInch) << "-png"
-                                       << "-singlefile" << pdf << pdf);
-    return QImage(pdf + ".png").convertToFormat(QImage::Format_RGB32);
-}
-
-/// The middle row of what is of about this colour.
-double middleRow(const QImage& picture, QRgb color)
-{
-    double sum = 0;
-    int count = 0;
-    for (int y = 0; y < picture.height(); ++y) {
-        const int inRow = countColor(picture.copy(0, y, picture.width(), 1), color, 12);
-        sum += static_cast<double>(inRow) * y;
-        count += inRow;
-    }
-    return count > 0 ? sum / count : -1;
-}
-
-void expectWhiteMargins(const QImage& picture)
-{
-    const int margin = static_cast<int>(NoPrinterPrintsHere * DotsPerInch);
-    const QRect all = picture.rect();
-    for (const QRect& strip : {QRect(0, 0, all.width(), margin), QRect(0, all.height() - margin, all.width(), margin),
-                               QRect(0, 0, margin, all.height()), QRect(all.width() - margin, 0, margin, all.height())})
-        EXPECT_EQ(countColor(picture.copy(strip), qRgb(255, 255, 255), 12), strip.width() * strip.height());
-}
 
 class Output : public ViewerProcess {
 protected:
     Ended exportTo(const QString& picture, const char* options, const QString& data)
     {
         return run(QString::fromLatin1(options).split(' ') << "--export" << picture << data);
-    }
-    Ended printTo(const QString& pdf, const QStringList& options, const QString& data)
-    {
-        return run(QStringList(options) << "--print" << pdf << data);
-    }
-
-    void expectPage(const QStringList& options, double width, double height)
-    {
-        const QString pdf = folder.file("page.pdf");
-        const Ended printed = printTo(pdf, options, folder.writeGrid());
-        ASSERT_EQ(printed.exitCode, 0) << printed.error.toStdString();
-        const QSizeF page = pageMillimeters(pdf);
-        EXPECT_NEAR(page.width(), width, 1.0) << options.join(" ").toStdString();
-        EXPECT_NEAR(page.height(), height, 1.0) << options.join(" ").toStdString();
     }
 };
 
@@ -132,53 +68,6 @@ TEST_F(Output, WhatCannotBeReadIsNamedAndNothingIsWritten)
         EXPECT_TRUE(ended.error.contains(missing)) << ended.error.toStdString();
         EXPECT_FALSE(QFile::exists(output));
     }
-}
-
-TEST_F(Output, ThePrintedPageIsTheEnginesPaper)
-{
-    expectPage(QStringList(), 215.9, 279.4);
-    expectPage(QStringList() << "--paper"
-                             << "A4",
-               210, 297);
-    expectPage(QStringList() << "--paper"
-                             << "A3"
-                             << "--landscape",
-               420, 297);
-    expectPage(QStringList() << "--landscape"
-                             << "--paper"
-                             << "Letter",
-               279.4, 215.9);
-}
-
-TEST_F(Output, ThePrintedSurfaceStandsUprightInsideTheMargins)
-{
-    const QString pdf = folder.file("page.pdf");
-    for (const QStringList& options : {QStringList(), QStringList("--landscape")}) {
-        ASSERT_EQ(printTo(pdf, options, folder.writeGrid()).exitCode, 0);
-        const QImage page = pagePicture(pdf);
-        ASSERT_FALSE(page.isNull());
-        EXPECT_GT(plotPixels(page), page.width() * page.height() / 50);
-        expectWhiteMargins(page);
-        // The colour bar has the great heights above the low ones.
-        const double high = middleRow(page, qRgb(250, 236, 150));
-        const double low = middleRow(page, qRgb(56, 60, 132));
-        EXPECT_GT(high, 0);
-        EXPECT_GT(low, high);
-    }
-}
-
-TEST_F(Output, ThePrintedLinesHaveNoSeams)
-{
-    const QString pdf = folder.file("page.pdf");
-    ASSERT_EQ(printTo(pdf, QStringList(), folder.writeTable()).exitCode, 0);
-    const QImage page = pagePicture(pdf);
-    EXPECT_GT(countColor(page, qRgb(0, 92, 158), 40), 50);
-    EXPECT_GT(countColor(page, qRgb(200, 78, 22), 40), 50);
-    // The frame of the axes is the only line from one side to the other.
-    int fullRows = 0;
-    for (int y = 0; y < page.height(); ++y)
-        fullRows += countColor(page.copy(0, y, page.width(), 1), qRgb(255, 255, 255), 4) == 0 ? 1 : 0;
-    EXPECT_EQ(fullRows, 0);
 }
 
 TEST_F(Output, ValuesThatAreNoneAreRefused)

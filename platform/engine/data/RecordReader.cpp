@@ -6,7 +6,7 @@ namespace velmora::engine {
 
 namespace {
 
-constexpr std::size_t longestField = 1024 * 1024;
+constexpr std::size_t longestField = std::size_t{1024} * 1024;
 
 bool endsRecord(int c)
 {

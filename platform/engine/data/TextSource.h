@@ -18,7 +18,7 @@ class ByteStream;
 /// numbers) is one portion of work. Refuses binary data. Line ends are LF, CRLF or CR.
 class TextSource {
 public:
-    static constexpr std::size_t blockSize = 8 * 1024;
+    static constexpr std::size_t blockSize = std::size_t{8} * 1024;
     static constexpr int end = -1;
 
     /// Reads the first block and leaves out a byte order mark.

@@ -15,7 +15,7 @@ static_assert(LargestSupersample * LargestSupersample * 255 <= 0xffff, "the sums
 template <int Width>
 void addPlane(const unsigned char* plane, int columns, std::uint16_t* sums)
 {
-    for (int x = 0; x < columns; ++x) {
+    for (std::ptrdiff_t x = 0; x < columns; ++x) {
         int sum = 0;
         for (int i = 0; i < Width; ++i)
             sum += plane[x * Width + i];

@@ -32,7 +32,7 @@ public:
 
     void interleaveInto(unsigned char* rgb)
     {
-        for (int x = 0; x < m_width; ++x) {
+        for (std::ptrdiff_t x = 0; x < m_width; ++x) {
             rgb[3 * x] = red()[x];
             rgb[3 * x + 1] = green()[x];
             rgb[3 * x + 2] = blue()[x];

@@ -16,7 +16,7 @@ namespace {
 // files, and is cheaper than trying several filters on each row; beyond this level files hardly shrink.
 constexpr int CompressionLevel = 4;
 constexpr int Filters = PNG_FILTER_UP;
-constexpr std::size_t BufferBytes = 256 * 1024; ///< handed to the file at once
+constexpr std::size_t BufferBytes = std::size_t{256} * 1024; ///< handed to the file at once
 constexpr double MetresPerInch = 0.0254;
 
 struct PngShape {

@@ -18,8 +18,10 @@ using velmora::sdk::integration::OffscreenImageInterface;
 constexpr const char* NoService =
     "There is no off-screen image service. Start the engine through the manager, which registers one.";
 constexpr const char* NoImage = "There is no off-screen image to draw into. Try another image size or strategy.";
-constexpr const char* NotDrawn = "The off-screen image could not be drawn into. Try a smaller image or supersampling.";
-constexpr const char* NotRead = "The off-screen image could not be read back. Try a smaller image or supersampling.";
+constexpr const char* NotDrawn =
+    "The off-screen image could not be drawn into. Try a smaller image or the other strategy.";
+constexpr const char* NotRead =
+    "The off-screen image could not be read back. Try a smaller image or the other strategy.";
 
 // The service may be taken away in the application's turn, so it is asked for each time.
 const VelEngOffscreenImageCallbacks& service()

@@ -5,18 +5,12 @@
 #include "engine/page/Pages.h"
 #include "engine/style/StyleTree.h"
 
-#include <algorithm>
-
 namespace velmora::engine {
 namespace {
 
 using namespace velmora::sdk::integration;
 
 constexpr double PointsPerInch = 72;
-// A picture of this width looks like a window of this size on the screen; others are that picture
-// enlarged or reduced, text and lines included. In a low strip the height is what text must fit into.
-constexpr double UsualWidth = 1000;
-constexpr double LeastUsualHeight = 500;
 
 // On paper, text is as large as the paper makes it; what the screen shows has the screen's
 // proportions.
@@ -41,7 +35,7 @@ double pixelsPerPointOf(const PictureRequest& request, double dotsPerInch)
         return dotsPerInch / PointsPerInch;
     if (regionHasItsOwn(request.region))
         return 0;
-    return screenPixelsPerPoint() * std::min(request.width / UsualWidth, request.height / LeastUsualHeight);
+    return screenPixelsPerPoint() * usualMagnification(request.width, request.height);
 }
 
 } // namespace velmora::engine

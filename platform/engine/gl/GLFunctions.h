@@ -73,7 +73,7 @@ namespace velmora::engine {
 /// The entry points of one OpenGL library. The engine draws through such a table only, so that the
 /// same drawing serves a window's context and a software one: both libraries define the same names.
 struct GLFunctions {
-#define VELMORA_GL_MEMBER(name) decltype(&::gl##name) name = nullptr;
+#define VELMORA_GL_MEMBER(name) decltype(&::gl##name) name = nullptr; // NOLINT(bugprone-macro-parentheses): a name
     VELMORA_GL_REQUIRED_FUNCTIONS(VELMORA_GL_MEMBER)
 #undef VELMORA_GL_MEMBER
 #define VELMORA_GL_MEMBER(name, type) type name = nullptr;

@@ -72,10 +72,11 @@ void GLStateGuard::keepBindings()
 {
     if (m_gl.UseProgram)
         m_gl.GetIntegerv(GL_CURRENT_PROGRAM, &m_program);
-    if (m_gl.BindVertexArray)
+    if (m_gl.BindVertexArray) {
         m_gl.GetIntegerv(GL_VERTEX_ARRAY_BINDING, &m_vertexArray);
-    if (m_vertexArray)
-        m_gl.BindVertexArray(0);
+        if (m_vertexArray)
+            m_gl.BindVertexArray(0);
+    }
     if (!m_gl.BindBuffer)
         return;
     m_gl.GetIntegerv(GL_ARRAY_BUFFER_BINDING, &m_arrayBuffer);

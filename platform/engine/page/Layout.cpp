@@ -13,6 +13,10 @@ constexpr double PointsPerInch = 72;
 constexpr double CentimetresPerInch = 2.54;
 constexpr double UsualDotsPerInch = 96;
 constexpr double WorkspacePixels = 16; ///< left free around the sheet
+// A picture of this width looks like a window of this size on the screen; others are that picture
+// enlarged or reduced, text and lines included. In a low strip the height is what text must fit into.
+constexpr double UsualWidth = 1000;
+constexpr double LeastUsualHeight = 500;
 
 bool showsPaper()
 {
@@ -48,10 +52,11 @@ void placeAllFrames(const Page& page, const PaperView& view, Picture& picture)
         picture.frames.push_back({view.toPixels(frame.rect), frame.plot});
 }
 
-Picture sheetPicture(const Page& page, const PaperView& view, double pixelsPerPoint)
+Picture sheetPicture(const Page& page, const PaperView& view, double pixelsPerPoint, double magnification)
 {
     const Paper paper = currentPaper();
     Picture picture;
+    picture.magnification = magnification;
     picture.showsPaper = true;
     picture.showsMargins = true;
     picture.paper = view.toPixels({0, 0, paper.width, paper.height});
@@ -77,11 +82,12 @@ PaperView workAreaView(const Page& page, int width, int height)
 
 // On the sheet the text grows and shrinks with the paper; a frame that is shown alone has text of
 // the size that the person asked for, however large the window is.
-Picture workAreaPicture(const Page& page, int width, int height, double pixelsPerPoint)
+Picture workAreaPicture(const Page& page, int width, int height, double pixelsPerPoint, double magnification)
 {
     if (!showsPaper())
         return currentFramePicture(page, width, height, pixelsPerPoint > 0 ? pixelsPerPoint : screenPixelsPerPoint());
-    return sheetPicture(page, workAreaView(page, width, height), pixelsPerPoint);
+    const PaperView view = centred(currentPaper(), width, height, WorkspacePixels * magnification);
+    return sheetPicture(page, view, pixelsPerPoint, magnification);
 }
 
 Picture currentFramePicture(const Page& page, int width, int height, double pixelsPerPoint)
@@ -110,6 +116,11 @@ double screenPixelsPerPoint()
     if (callbacks().misc.getDotPitchPerCm)
         callbacks().misc.getDotPitchPerCm(&dotsX, &dotsY, callbacks().miscClientData);
     return (dotsY > 0 ? dotsY * CentimetresPerInch : UsualDotsPerInch) / PointsPerInch;
+}
+
+double usualMagnification(int width, int height)
+{
+    return std::min(width / UsualWidth, height / LeastUsualHeight);
 }
 
 double pixelsPerPointFor(const InchRect& rect, int width, int height)

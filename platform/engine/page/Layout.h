@@ -22,7 +22,9 @@ struct PaperView {
 /// The page as its drawing area of that size shows it: the frame alone, or the sheet with all
 /// frames when "Interface/ShowPaper" says so.
 PaperView workAreaView(const Page& page, int width, int height);
-Picture workAreaPicture(const Page& page, int width, int height, double pixelsPerPoint);
+/// The same, `magnification` times larger than on the screen where the sheet's surroundings count in
+/// pixels.
+Picture workAreaPicture(const Page& page, int width, int height, double pixelsPerPoint, double magnification = 1);
 
 /// The current frame alone, over the whole of a target.
 Picture currentFramePicture(const Page& page, int width, int height, double pixelsPerPoint);
@@ -31,6 +33,9 @@ Picture paperPicture(const Page& page, int width, int height, double pixelsPerPo
 
 /// Pixels of the screen for one point of text or line width.
 double screenPixelsPerPoint();
+/// How much larger everything is in a picture of that size than in a window, when there is no window
+/// to go by.
+double usualMagnification(int width, int height);
 /// Pixels for one point when a rectangle of the paper fills a target.
 double pixelsPerPointFor(const InchRect& rect, int width, int height);
 

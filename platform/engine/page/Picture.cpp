@@ -5,6 +5,7 @@
 #include "engine/plot/Plot.h"
 #include "testing/EngineProbe.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace velmora::engine {
@@ -53,12 +54,12 @@ void fill(const GLFunctions& gl, const PixelRect& rect, const Colour& colour, GL
     gl.Disable(GL_SCISSOR_TEST);
 }
 
-void outline(const GLFunctions& gl, const PixelRect& rect, const Colour& colour)
+void outline(const GLFunctions& gl, const PixelRect& rect, double line, const Colour& colour)
 {
-    fill(gl, {rect.x, rect.y, rect.width, LinePixels}, colour);
-    fill(gl, {rect.x, rect.y + rect.height - LinePixels, rect.width, LinePixels}, colour);
-    fill(gl, {rect.x, rect.y, LinePixels, rect.height}, colour);
-    fill(gl, {rect.x + rect.width - LinePixels, rect.y, LinePixels, rect.height}, colour);
+    fill(gl, {rect.x, rect.y, rect.width, line}, colour);
+    fill(gl, {rect.x, rect.y + rect.height - line, rect.width, line}, colour);
+    fill(gl, {rect.x, rect.y, line, rect.height}, colour);
+    fill(gl, {rect.x + rect.width - line, rect.y, line, rect.height}, colour);
 }
 
 void prepareToClear(const GLFunctions& gl, int width, int height)
@@ -116,11 +117,12 @@ void paintGround(const Picture& picture, const GLFunctions& gl, int width, int h
     const PixelRect whole{0, 0, static_cast<double>(width), static_cast<double>(height)};
     fill(gl, whole, picture.showsPaper ? Workspace : White, GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
     if (picture.showsPaper) {
-        fill(gl, moved(picture.paper, ShadowPixels, -ShadowPixels), Shadow);
+        const double shadow = ShadowPixels * picture.magnification;
+        fill(gl, moved(picture.paper, shadow, -shadow), Shadow);
         fill(gl, picture.paper, White);
     }
     if (picture.showsMargins)
-        outline(gl, picture.printable, Margin);
+        outline(gl, picture.printable, std::max(LinePixels * picture.magnification, LinePixels), Margin);
 }
 
 bool paintPicture(const Picture& picture, const GLFunctions& gl, int width, int height, Breath& breath)

@@ -31,6 +31,7 @@ struct Picture {
     PixelRect printable;
     std::vector<PlacedFrame> frames;
     double pixelsPerPoint = 1;
+    double magnification = 1; ///< of the sheet's shadow and lines, over a screen's
 
     /// The picture as it looks from a tile whose lower left corner is at x, y.
     Picture seenFrom(double x, double y) const;

@@ -11,17 +11,17 @@ namespace {
 
 using namespace velmora::sdk::integration;
 
-// An image of the work area has the proportions of text and picture that the screen shows.
-double workAreaPixelsPerPoint(const Page& page, int width, int height)
+// An image of the work area has the proportions of text, surroundings and picture that the screen shows.
+Picture enlargedWorkArea(const Page& page, int width, int height, double pixelsPerPoint)
 {
     if (!page.canShow())
-        return 0;
+        return workAreaPicture(page, width, height, pixelsPerPoint, usualMagnification(width, height));
     int areaWidth = 0;
     int areaHeight = 0;
     page.area()->getSize(&areaWidth, &areaHeight);
-    const Picture shown = workAreaPicture(page, areaWidth, areaHeight, 0);
-    return shown.pixelsPerPoint *
-           std::min(static_cast<double>(width) / areaWidth, static_cast<double>(height) / areaHeight);
+    const double larger = std::min(static_cast<double>(width) / areaWidth, static_cast<double>(height) / areaHeight);
+    const double shown = workAreaPicture(page, areaWidth, areaHeight, 0).pixelsPerPoint;
+    return workAreaPicture(page, width, height, pixelsPerPoint > 0 ? pixelsPerPoint : shown * larger, larger);
 }
 
 Picture wholePicture(const Page& page, ExportRegion_e region, int width, int height, double pixelsPerPoint)
@@ -30,8 +30,7 @@ Picture wholePicture(const Page& page, ExportRegion_e region, int width, int hei
     case ExportRegion_Page:
         return paperPicture(page, width, height, pixelsPerPoint);
     case ExportRegion_WorkArea:
-        return workAreaPicture(page, width, height,
-                               pixelsPerPoint > 0 ? pixelsPerPoint : workAreaPixelsPerPoint(page, width, height));
+        return enlargedWorkArea(page, width, height, pixelsPerPoint);
     case ExportRegion_CurrentFrame:
         break;
     }

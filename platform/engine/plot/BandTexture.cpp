@@ -9,6 +9,7 @@ namespace velmora::engine {
 BandTexture::BandTexture(const GLFunctions& gl, int bands) : m_gl(gl)
 {
     std::vector<Color> colors;
+    colors.reserve(static_cast<std::size_t>(bands));
     for (int band = 0; band < bands; ++band)
         colors.push_back(heightColor(bands < 2 ? 0.5 : static_cast<double>(band) / (bands - 1)));
     gl.GenTextures(1, &m_texture);

@@ -96,7 +96,9 @@ std::vector<Tick> timeTicks(const AxisRange& range, const Step& step)
         const std::int64_t second = at - day * 86400;
         const std::string date = dayLabel(calendarDayOf(day), true);
         const std::string time = timeLabel(second, step.count < 60);
-        const std::string firstLabel = second == 0 ? date : date + " " + time;
+        std::string firstLabel = date;
+        if (second != 0)
+            firstLabel.append(" ").append(time);
         ticks.push_back({static_cast<double>(at) / secondsADay, ticks.empty() || second == 0 ? firstLabel : time});
     }
     return ticks;

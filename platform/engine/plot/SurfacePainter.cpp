@@ -196,7 +196,8 @@ void SurfacePainter::drawPart(const MeshPart& part) const
 void SurfacePainter::paintSkirts()
 {
     m_canvas.gl().Disable(GL_TEXTURE_2D);
-    m_canvas.beginPhase(skirtsEnd, static_cast<std::size_t>(2 * (m_mesh.columns() + m_mesh.rows()) / skirtNodes + 4));
+    const int pieces = 2 * (m_mesh.columns() + m_mesh.rows()) / skirtNodes + 4;
+    m_canvas.beginPhase(skirtsEnd, static_cast<std::size_t>(pieces));
     // Paler than the surface and hardly shaded: walls are there to hold it, not to be looked at.
     const GLfloat glow[] = {0.50F, 0.51F, 0.53F, 1};
     const GLfloat stone[] = {0.44F, 0.44F, 0.45F, 1};

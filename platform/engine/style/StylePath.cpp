@@ -18,10 +18,10 @@ bool holdsOrLacks(const VelArgList* arguments, const char* name, long expected)
     return value == expected;
 }
 
+/// An empty word is a word: a path that has one leads nowhere.
 void appendWord(std::string& path, const std::string& word)
 {
-    if (!path.empty())
-        path += '/';
+    path += '/';
     path += word;
 }
 
@@ -54,6 +54,7 @@ int pathOf(const VelArgList* arguments, std::string& path)
     appendWords(arguments, path);
     if (!appendMacros(arguments, path))
         return StyleCode_UnknownPath;
+    path.erase(0, 1); // the separator before the first word
     const bool plain = holdsOrLacks(arguments, "Offset1", NoOffset) && holdsOrLacks(arguments, "Offset2", NoOffset);
     return plain ? StyleCode_Ok : StyleCode_NotSupported;
 }

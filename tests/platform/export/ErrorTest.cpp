@@ -23,6 +23,19 @@ TEST_F(ExportError, SizesThatNoPictureHasAreRefused)
     EXPECT_TRUE(service.created.empty());
 }
 
+TEST_F(ExportError, TheLargestSideIsAcceptedInEachDirectionAndOnePixelMoreIsNot)
+{
+    load(tableFile());
+    picture(options(1000000, 1));
+    picture(options(1, 1000000));
+    for (const int supersample : {1, 8}) {
+        const int largest = 1000000 / supersample;
+        const std::string limit = "no side may have more than " + std::to_string(largest) + " pixels";
+        expectRefusal(path("a.png"), options(largest + 1, 1, supersample), {"too large", limit});
+        expectRefusal(path("a.png"), options(1, largest + 1, supersample), {"too large", limit});
+    }
+}
+
 TEST_F(ExportError, SupersamplingsOutOfRangeAreRefused)
 {
     for (const int factor : {0, -1, 9, Largest})

@@ -1,10 +1,9 @@
 #include "tests/platform/export/ExportFixture.h"
+#include "tests/support/FileSizeLimit.h"
 
-#include <csignal>
 #include <filesystem>
 
 #include <sys/mount.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -20,28 +19,6 @@ protected:
         struct stat status = {};
         return stat(file.c_str(), &status) == 0 ? status.st_mode & 07777U : 0;
     }
-};
-
-/// A file must not grow beyond that many bytes, for its own life.
-class FileSizeLimit {
-public:
-    explicit FileSizeLimit(unsigned long bytes) : m_handler(std::signal(SIGXFSZ, SIG_IGN))
-    {
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit limit{bytes, m_before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FileSizeLimit()
-    {
-        setrlimit(RLIMIT_FSIZE, &m_before);
-        std::signal(SIGXFSZ, m_handler);
-    }
-    FileSizeLimit(const FileSizeLimit&) = delete;
-    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-
-private:
-    rlimit m_before = {};
-    void (*m_handler)(int);
 };
 
 /// Whoever may do everything becomes somebody who may not.

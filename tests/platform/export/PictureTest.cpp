@@ -4,11 +4,14 @@
 #include <array>
 #include <cstdio>
 #include <cstdlib>
+#include <gmock/gmock.h>
 
 namespace velmora::test {
 namespace {
 
 using namespace sdk::integration;
+using ::testing::HasSubstr;
+using ::testing::Not;
 
 class ExportedPicture : public ExportFixture {};
 
@@ -38,6 +41,27 @@ int colours(const PngPicture& picture)
         seen[static_cast<std::size_t>((picture.bytes[i] >> 4) << 8 | (picture.bytes[i + 1] >> 4) << 4 |
                                       picture.bytes[i + 2] >> 4)] = true;
     return static_cast<int>(std::count(seen.begin(), seen.end(), true));
+}
+
+/// Rows in the middle of a picture of the work area.
+struct SheetEdges {
+    int above = 0;  ///< free above the sheet
+    int shadow = 0; ///< below it
+};
+
+SheetEdges sheetEdges(const PngPicture& picture)
+{
+    const int x = picture.width / 2;
+    const Pixel workspace = picture.at(x, 0);
+    SheetEdges edges;
+    while (edges.above < picture.height / 2 && picture.at(x, edges.above) != White)
+        ++edges.above;
+    int y = picture.height - 1;
+    while (y > 0 && picture.at(x, y) == workspace)
+        --y;
+    for (; y > 0 && picture.at(x, y) != White; --y)
+        ++edges.shadow;
+    return edges;
 }
 
 std::string output(const std::string& command, int* status)
@@ -186,6 +210,30 @@ TEST_F(ExportedPicture, ShowsTheRegionAskedFor)
     EXPECT_NE(work.at(2, 90), White) << "the workspace beside the paper";
 }
 
+TEST_F(ExportedPicture, OfTheWorkAreaHasTheSurroundingsOfTheSheetScaledWithIt)
+{
+    load(gridFile());
+    setStyle({"Interface", "ShowPaper"}, 1);
+    for (const bool isShown : {false, true}) {
+        FakeArea area(240, 180);
+        if (isShown)
+            show(area);
+        VelExportImageOptions wanted = options(240, 180);
+        wanted.region = ExportRegion_WorkArea;
+        const SheetEdges plain = sheetEdges(picture(wanted));
+        wanted.supersample = 4;
+        const SheetEdges smooth = sheetEdges(picture(wanted));
+        wanted = options(960, 720);
+        wanted.region = ExportRegion_WorkArea;
+        const SheetEdges large = sheetEdges(picture(wanted));
+        EXPECT_NEAR(plain.above, isShown ? 16 : 4, 1);
+        EXPECT_NEAR(smooth.above, plain.above, 1) << isShown;
+        EXPECT_NEAR(large.above, 4 * plain.above, 2) << isShown;
+        EXPECT_NEAR(smooth.shadow, plain.shadow, 1) << isShown;
+        EXPECT_NEAR(large.shadow, isShown ? 16 : 4, 1);
+    }
+}
+
 TEST_F(ExportedPicture, IsReadByOtherProgramsWithoutAWarning)
 {
     load(gridFile());
@@ -193,10 +241,15 @@ TEST_F(ExportedPicture, IsReadByOtherProgramsWithoutAWarning)
     wanted.dotsPerInch = 150;
     const std::string file = exported("chart.png", wanted);
     int status = 0;
-    const std::string answer = output(
-        "identify -regard-warnings -format '%m %w %h %z %[colorspace] %[channels]' '" + file + "' 2>&1", &status);
-    EXPECT_EQ(status, 0);
-    EXPECT_EQ(answer, "PNG 123 77 8 sRGB srgb");
+    // With every pixel read, unlike by -format alone.
+    const std::string answer = output("identify -regard-warnings -verbose '" + file + "' 2>&1", &status);
+    EXPECT_EQ(status, 0) << answer;
+    EXPECT_THAT(answer, HasSubstr("Format: PNG "));
+    EXPECT_THAT(answer, HasSubstr("Geometry: 123x77+0+0\n"));
+    EXPECT_THAT(answer, HasSubstr("Resolution: 59.06x59.06\n"));
+    EXPECT_THAT(answer, HasSubstr("Depth: 8-bit\n"));
+    EXPECT_THAT(answer, Not(HasSubstr("warning")));
+    EXPECT_THAT(answer, Not(HasSubstr("error")));
 }
 
 TEST_F(ExportedPicture, CanBeMadeBetweenTwoSlicesOfOtherWork)

@@ -2,13 +2,13 @@
 
 #include "integrationmanager/GLDrawAreaStateObservable.h"
 #include "interfaces/GLContextInterface.h"
-#include "interfaces/GLDrawAreaInterface.h"
+#include "tests/support/SilentArea.h"
 
 namespace velmora::tests {
 
 /// A drawing area without a window. The engine leaves it alone until the test makes it valid, and
 /// then cannot draw in it, for its context cannot be made current.
-class FakeArea : public virtual sdk::integration::GLDrawAreaInterface {
+class FakeArea : public test::SilentArea {
 public:
     FakeArea() : states(*this) {}
 
@@ -30,14 +30,6 @@ public:
         ++listenersRemoved;
         states.removeListener(listener);
     }
-    void signalDrawAreaExposedConnected() const override {}
-    void signalDrawAreaDestroyedConnected() const override {}
-    void signalDrawAreaFocusGainedConnected() const override {}
-    void setPageManager(sdk::integration::PageManagerInterface&) override {}
-    void addMouseListener(sdk::integration::MouseEventListenerInterface*) override {}
-    void removeMouseListener(sdk::integration::MouseEventListenerInterface*) override {}
-    void addKeyboardListener(sdk::integration::KeyEventListenerInterface*) override {}
-    void removeKeyboardListener(sdk::integration::KeyEventListenerInterface*) override {}
 
     sdk::integration::intern::GLDrawAreaStateObservable states;
     bool valid = false;

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "interfaces/GLDrawAreaInterface.h"
 #include "interfaces/OffscreenImageInterface.h"
 #include "tests/platform/page/MesaSurface.h"
+#include "tests/support/SilentArea.h"
 
 namespace velmora::test {
 
 /// A drawing area without a window. The engine's own calls paint it; nothing exposes it by itself.
-class FakeArea : public virtual sdk::integration::GLDrawAreaInterface {
+class FakeArea : public SilentArea {
 public:
     FakeArea(int width, int height) : surface(width, height) {}
     /// Detaches itself, as a window does when it goes away.
@@ -25,16 +25,6 @@ public:
     }
     sdk::integration::GLContextInterface& getGLContext() override { return surface; }
     bool isValidWidget() const override { return valid; }
-    void addStateListener(sdk::integration::GLDrawAreaListenerInterface*) override {}
-    void removeStateListener(sdk::integration::GLDrawAreaListenerInterface*) override {}
-    void signalDrawAreaExposedConnected() const override {}
-    void signalDrawAreaDestroyedConnected() const override {}
-    void signalDrawAreaFocusGainedConnected() const override {}
-    void setPageManager(sdk::integration::PageManagerInterface&) override {}
-    void addMouseListener(sdk::integration::MouseEventListenerInterface*) override {}
-    void removeMouseListener(sdk::integration::MouseEventListenerInterface*) override {}
-    void addKeyboardListener(sdk::integration::KeyEventListenerInterface*) override {}
-    void removeKeyboardListener(sdk::integration::KeyEventListenerInterface*) override {}
 
     MesaSurface surface;
     bool visible = true;

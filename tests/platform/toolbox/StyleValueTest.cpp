@@ -208,6 +208,17 @@ TEST_F(AStyleValue, AnUnknownPathAnswersSoAndLeavesTheValue)
     EXPECT_EQ(7, whole);
 }
 
+TEST_F(AStyleValue, APathWithAnEmptyWordAnywhereIsUnknown)
+{
+    bool upright = false;
+    const std::vector<long> orientation = idsOf("OrientPortrait");
+    EXPECT_EQ(StyleCode_UnknownPath, readFinal(StyleValue("", "Paper"), orientation, upright));
+    EXPECT_EQ(StyleCode_UnknownPath, readFinal(StyleValue("Paper", ""), orientation, upright));
+    EXPECT_EQ(StyleCode_UnknownPath, readFinal(StyleValue("Paper"), idsOf("OrientPortrait", ""), upright));
+    EXPECT_EQ(StyleCode_UnknownPath, readFinal(StyleValue(""), idsOf("Paper", "OrientPortrait"), upright));
+    EXPECT_FALSE(upright);
+}
+
 TEST_F(AStyleValue, AnotherTypeAnswersSoAndLeavesTheValue)
 {
     double width = 4.0;

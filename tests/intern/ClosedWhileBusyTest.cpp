@@ -4,7 +4,7 @@
 // end in time.
 
 #include "integration/Manager.h"
-#include "integration/intern/ApplicationEventMonitor.h"
+#include "integrationmanager/ApplicationEventMonitorAbstract.h"
 #include "testing/EngineProbe.h"
 #include "tests/support/Wait.h"
 #include "tests/support/XInput.h"
@@ -24,14 +24,18 @@ namespace {
 /// A window in whose first timer event the engine works.
 class Window : public QMainWindow {
 public:
-    explicit Window(intern::ApplicationEventMonitor& monitor) : m_monitor(monitor) { m_timer = startTimer(0); }
+    explicit Window(intern::ApplicationEventMonitorAbstract& monitor) : m_monitor(monitor) {}
+
+    /// From the event loop on: a loop that is not yet running cannot be ended.
+    void beginSoon() { startTimer(0); }
 
 protected:
     void timerEvent(QTimerEvent* event) override
     {
         killTimer(event->timerId());
-        if (event->timerId() != m_timer)
+        if (m_hasWorked)
             std::exit(2);
+        m_hasWorked = true;
         velmora::test::closeByWindowManager(*this);
         work();
         // If nothing ends the application within ten seconds.
@@ -52,8 +56,8 @@ private:
         EngineProbe::setBusy(false);
     }
 
-    intern::ApplicationEventMonitor& m_monitor;
-    int m_timer;
+    intern::ApplicationEventMonitorAbstract& m_monitor;
+    bool m_hasWorked = false;
 };
 
 } // namespace
@@ -63,13 +67,15 @@ int main(int argc, char** argv)
     QApplication application(argc, argv);
     // Quitting with the last window would end the loop in any case and prove nothing.
     application.setQuitOnLastWindowClosed(false);
-    auto& monitor = dynamic_cast<intern::ApplicationEventMonitor&>(Manager::getInstance().getApplicationEventMonitor());
+    auto& monitor =
+        dynamic_cast<intern::ApplicationEventMonitorAbstract&>(Manager::getInstance().getApplicationEventMonitor());
     monitor.start();
     int result = 0;
     {
         Window window(monitor);
         if (!velmora::test::showAndWait(window))
             return 3;
+        window.beginSoon();
         result = QApplication::exec();
     }
     monitor.stop();

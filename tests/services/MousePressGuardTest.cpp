@@ -2,7 +2,7 @@
 #include "integration/services/MessageBoxService.h"
 
 #include "integration/Manager.h"
-#include "integration/intern/ApplicationEventMonitor.h"
+#include "integrationmanager/ApplicationEventMonitorAbstract.h"
 #include "testing/EngineProbe.h"
 #include "tests/services/ModalDriver.h"
 #include "tests/support/Wait.h"
@@ -23,7 +23,7 @@ namespace velmora::test {
 namespace {
 
 using sdk::integration::MessageBoxType_e;
-using sdk::integration::intern::ApplicationEventMonitor;
+using sdk::integration::intern::ApplicationEventMonitorAbstract;
 using sdk::integration::services::MessageBoxService;
 using testing::EngineProbe;
 
@@ -107,8 +107,8 @@ protected:
         return m_target->presses == before + 1;
     }
 
-    ApplicationEventMonitor& m_monitor =
-        dynamic_cast<ApplicationEventMonitor&>(sdk::integration::Manager::getInstance().getApplicationEventMonitor());
+    ApplicationEventMonitorAbstract& m_monitor = dynamic_cast<ApplicationEventMonitorAbstract&>(
+        sdk::integration::Manager::getInstance().getApplicationEventMonitor());
 };
 
 } // namespace

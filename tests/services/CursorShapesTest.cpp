@@ -2,6 +2,7 @@
 #include "integration/glarea/GLDrawArea.h"
 #include "integration/services/CursorShapeService.h"
 #include "interfaces/PageInterface.h"
+#include "tests/support/SilentArea.h"
 
 #include <QApplication>
 #include <QCursor>
@@ -33,22 +34,12 @@ private:
 };
 
 // A drawing area of another kind: a widget too, but not a GLDrawArea.
-class OtherArea : public QWidget, public virtual GLDrawAreaInterface {
+class OtherArea : public QWidget, public velmora::test::SilentArea {
 public:
     bool isVisible() const override { return false; }
     void getSize(int* width, int* height) const override { *width = *height = 0; }
     sdk::integration::GLContextInterface& getGLContext() override { std::abort(); }
     bool isValidWidget() const override { return true; }
-    void addStateListener(sdk::integration::GLDrawAreaListenerInterface*) override {}
-    void removeStateListener(sdk::integration::GLDrawAreaListenerInterface*) override {}
-    void signalDrawAreaExposedConnected() const override {}
-    void signalDrawAreaDestroyedConnected() const override {}
-    void signalDrawAreaFocusGainedConnected() const override {}
-    void setPageManager(sdk::integration::PageManagerInterface&) override {}
-    void addKeyboardListener(sdk::integration::KeyEventListenerInterface*) override {}
-    void removeKeyboardListener(sdk::integration::KeyEventListenerInterface*) override {}
-    void addMouseListener(sdk::integration::MouseEventListenerInterface*) override {}
-    void removeMouseListener(sdk::integration::MouseEventListenerInterface*) override {}
 };
 
 struct ShapeRow {

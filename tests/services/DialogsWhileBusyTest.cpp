@@ -1,7 +1,7 @@
 // What a person can do with a dialog that the engine opened in the middle of its work: everything,
 // although input is held back from all the rest of the application then.
 #include "integration/Manager.h"
-#include "integration/intern/ApplicationEventMonitor.h"
+#include "integrationmanager/ApplicationEventMonitorAbstract.h"
 
 #include "engine/VelEng.h"
 #include "testing/EngineProbe.h"
@@ -28,10 +28,10 @@ namespace velmora::test {
 namespace {
 
 using sdk::integration::Manager;
-using sdk::integration::intern::ApplicationEventMonitor;
+using sdk::integration::intern::ApplicationEventMonitorAbstract;
 using testing::EngineProbe;
 
-const int PatienceMilliseconds = 10000;
+const int PatienceMilliseconds = 30000;
 
 /// Ends the work when it lasts too long, so that a dialog that gets no events fails its test and
 /// does not freeze it. Asked before the monitor, which would hold its timer back as well.
@@ -73,7 +73,7 @@ class DialogsWhileBusy : public ::testing::Test {
 protected:
     DialogsWhileBusy()
         : m_manager(Manager::getInstance()),
-          m_monitor(dynamic_cast<ApplicationEventMonitor&>(m_manager.getApplicationEventMonitor()))
+          m_monitor(dynamic_cast<ApplicationEventMonitorAbstract&>(m_manager.getApplicationEventMonitor()))
     {}
 
     void SetUp() override
@@ -115,7 +115,7 @@ protected:
     }
 
     Manager& m_manager;
-    ApplicationEventMonitor& m_monitor;
+    ApplicationEventMonitorAbstract& m_monitor;
     QMainWindow m_window;
     bool m_interruptible = true;
     bool m_shouldInterrupt = true;

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QString>
+#include <memory>
+#include <vector>
+
+class QWidget;
+
+namespace velmora::benchmark {
+
+/// Heights over a square of `side` by `side` points, row by row.
+struct Surface {
+    int side = 0;
+    std::vector<float> heights;
+};
+
+/// A hilly island, the same for every contender.
+Surface islandOf(int side);
+
+/// One way to show a surface in a Qt window: this library's or a peer's, written as the peer's own
+/// examples do it. GUI thread.
+class Contender {
+public:
+    virtual ~Contender() = default;
+    virtual const char* name() const = 0;
+    /// The window to show, and the widget in it that a person's mouse moves go to.
+    virtual QWidget& window() = 0;
+    virtual QWidget& inputWidget() = 0;
+    /// Replaces what the window shows.
+    virtual void setSurface(const Surface& surface) = 0;
+    /// How many mouse moves the one listener has heard.
+    virtual long movesHeard() const = 0;
+    /// Writes the picture, `side` by `side` pixels, as PNG.
+    virtual bool exportPng(int side, const QString& file) = 0;
+    /// Draws the window's picture anew. The application gets its turns while it lasts, and Escape
+    /// ends it early; false then.
+    virtual bool draw() = 0;
+};
+
+/// The one contender of this program, made once the QApplication is there.
+std::unique_ptr<Contender> makeContender(int argc, char** argv);
+
+} // namespace velmora::benchmark

@@ -1,0 +1,91 @@
+#include "Display.h"
+
+#include "engine/VelEng.h"
+#include "exception/ExceptionBase.h"
+
+#include <QByteArray>
+#include <QGLWidget>
+#include <QString>
+#include <cstdio>
+#include <cstdlib>
+
+#include <unistd.h>
+
+// After Qt, whose enumerators some of Xlib's macros would replace.
+#include <X11/Xlib.h>
+
+namespace viewer {
+
+namespace {
+
+constexpr int NotWatching = -1;
+int exitCodeWhenLost = NotWatching;
+
+bool isOnX11()
+{
+    const QByteArray platform = qgetenv("QT_QPA_PLATFORM");
+    return platform.isEmpty() ? qgetenv("WAYLAND_DISPLAY").isEmpty() : platform.startsWith("xcb");
+}
+
+bool canConnect()
+{
+    Display* const display = XOpenDisplay(nullptr);
+    if (display)
+        XCloseDisplay(display);
+    return display != nullptr;
+}
+
+void tellDisplayLost()
+{
+    if (exitCodeWhenLost == NotWatching)
+        return;
+    std::fputs("viewer: The connection to the display was lost. Files that were being written were left as they "
+               "were; start the viewer again once the display is back.\n",
+               stderr);
+    std::fflush(nullptr);
+    ::_exit(exitCodeWhenLost);
+}
+
+} // namespace
+
+QString displayProblem()
+{
+    if (!isOnX11() || canConnect())
+        return QString();
+    const QByteArray name = qgetenv("DISPLAY");
+    const QString problem = name.isEmpty()
+                                ? QString::fromLatin1("There is no display: DISPLAY is not set.")
+                                : QString::fromLatin1("The display \"%1\" cannot be opened.").arg(name.constData());
+    return problem +
+           QString::fromLatin1(" Set DISPLAY to an X server that lets you in, or run the viewer under xvfb-run. "
+                               "QT_QPA_PLATFORM=offscreen is enough to print, and to export with --strategy software.");
+}
+
+// An X server that does the drawing itself may offer contexts that do not work.
+void requireOpenGL(QGLWidget& widget)
+{
+    widget.makeCurrent();
+    if (!*VelEngOpenGLVersion())
+        throw velmora::ExceptionBase("The display's OpenGL does not work: it tells no version.", false);
+}
+
+QString openGLRemedy()
+{
+    return QString::fromLatin1("See with glxinfo which OpenGL the display offers; on a remote display, unset "
+                               "LIBGL_ALWAYS_INDIRECT or use a server that draws itself. --print and --export with "
+                               "--strategy software need none.");
+}
+
+DisplayWatch::DisplayWatch(int exitCode)
+{
+    static const bool registered = std::atexit(&tellDisplayLost) == 0;
+    static_cast<void>(registered);
+    exitCodeWhenLost = exitCode;
+}
+
+DisplayWatch::~DisplayWatch()
+{
+    exitCodeWhenLost = NotWatching;
+}
+
+} // namespace viewer

@@ -1,0 +1,206 @@
+// Focus, mouse and keys of a drawing area: who hears of them, and in which order.
+#include "interfaces/KeyEventInterface.h"
+#include "interfaces/KeyEventListenerInterface.h"
+#include "interfaces/MouseEventInterface.h"
+#include "interfaces/MouseEventListenerInterface.h"
+#include "tests/glarea/DrawAreaFixture.h"
+#include "tests/support/Wait.h"
+#include "tests/support/XInput.h"
+
+#include <QCoreApplication>
+#include <QFocusEvent>
+#include <QMouseEvent>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <memory>
+#include <string>
+#include <vector>
+
+// After Qt, whose enumerators some of Xlib's macros would replace.
+#include <X11/keysym.h>
+
+using namespace velmora::sdk::integration;
+using namespace velmora::test;
+
+namespace {
+
+class Recorder : public MouseEventListenerInterface, public KeyEventListenerInterface {
+public:
+    explicit Recorder(GLDrawArea& area) : m_area(area)
+    {
+        area.addMouseListener(this);
+        area.addKeyboardListener(this);
+    }
+    ~Recorder() override
+    {
+        m_area.removeMouseListener(this);
+        m_area.removeKeyboardListener(this);
+    }
+
+    void mouseMoved(MouseEventInterface& e, MouseEventObservableInterface& s) override { mouse("moved", e, s); }
+    void buttonPressed(MouseEventInterface& e, MouseEventObservableInterface& s) override { mouse("pressed", e, s); }
+    void buttonReleased(MouseEventInterface& e, MouseEventObservableInterface& s) override { mouse("released", e, s); }
+    void buttonDoublePressed(MouseEventInterface& e, MouseEventObservableInterface& s) override
+    {
+        mouse("double", e, s);
+    }
+    void keyPressed(KeyEventInterface& e, KeyEventObservableInterface& s) override { key("key down", e, s); }
+    void keyReleased(KeyEventInterface& e, KeyEventObservableInterface& s) override { key("key up", e, s); }
+
+    bool has(const std::string& entry) const { return std::find(log.begin(), log.end(), entry) != log.end(); }
+
+    std::vector<std::string> log;
+
+private:
+    void mouse(const char* what, MouseEventInterface& event, MouseEventObservableInterface& source)
+    {
+        EXPECT_EQ(&source, static_cast<MouseEventObservableInterface*>(&m_area));
+        log.push_back(std::string(what) + " " + std::to_string(event.button()) + " at " + std::to_string(event.x()) +
+                      "," + std::to_string(event.y()) + " with " + std::to_string(event.keyboardModifiers()));
+    }
+    void key(const char* what, KeyEventInterface& event, KeyEventObservableInterface& source)
+    {
+        EXPECT_EQ(&source, static_cast<KeyEventObservableInterface*>(&m_area));
+        log.push_back(std::string(what) + " " + std::to_string(event.key()) + " with " +
+                      std::to_string(event.keyboardModifiers()));
+    }
+
+    GLDrawArea& m_area;
+};
+
+} // namespace
+
+TEST_F(DrawArea, EveryFocusInIsAnnounced)
+{
+    QWidget window;
+    QVBoxLayout layout(&window);
+    GLDrawArea area(&window);
+    GLDrawArea other(&window);
+    layout.addWidget(&area);
+    layout.addWidget(&other);
+    Painter painter(area, Green);
+    int emitted = 0;
+    area.connectDrawAreaFocusGained([&] { ++emitted; });
+    ASSERT_TRUE(showAndWait(window));
+    focusWindow(window);
+    other.setFocus();
+    ASSERT_TRUE(waitUntil([&] { return other.hasFocus(); }));
+    emitted = painter.focusGains = 0;
+    area.setFocus();
+    EXPECT_TRUE(waitUntil([&] { return emitted == 1; }));
+    EXPECT_EQ(painter.focusGains, 1);
+    other.setFocus();
+    processPending();
+    EXPECT_EQ(emitted, 1);
+}
+
+TEST_F(DrawArea, OnlyAFocusInEventIsAStateChangeButTheSignalAlwaysComes)
+{
+    ToolkitWatch area;
+    Painter painter(area, Green);
+    int emitted = 0;
+    area.connectDrawAreaFocusGained([&] { ++emitted; });
+    QFocusEvent focusOut(QEvent::FocusOut);
+    area.focusInEvent(&focusOut);
+    EXPECT_EQ(painter.focusGains, 0);
+    EXPECT_EQ(emitted, 1);
+}
+
+TEST_F(DrawArea, ListenersHearBeforeTheSignals)
+{
+    GLDrawArea area;
+    Painter painter(area, Green);
+    Recorder recorder(area);
+    area.connectMouseMoved([&](MouseEventInterface&) { recorder.log.push_back("signal"); });
+    area.connectDrawAreaDestroyed([&] { EXPECT_EQ(painter.destructions, 1); });
+    size_t exposures = 0;
+    area.connectDrawAreaExposed([&](bool) { EXPECT_EQ(painter.exposures.size(), ++exposures); });
+    QMouseEvent move(QEvent::MouseMove, QPoint(1, 2), Qt::NoButton, Qt::NoButton,
+                     Qt::ShiftModifier | Qt::AltModifier | Qt::MetaModifier);
+    QCoreApplication::sendEvent(&area, &move);
+    EXPECT_EQ(recorder.log, (std::vector<std::string>{"moved 0 at 1,2 with 5", "signal"}));
+    ASSERT_TRUE(showAndWait(area));
+    EXPECT_GT(exposures, 0u);
+    area.onDestroyed();
+}
+
+TEST_F(DrawArea, MouseInputReachesListenersAndSignals)
+{
+    GLDrawArea area;
+    area.resize(200, 150);
+    Painter painter(area, Green);
+    ASSERT_TRUE(showAndWait(area));
+    Recorder recorder(area);
+    std::vector<int> signalled;
+    area.connectButtonPressed([&](MouseEventInterface& e) { signalled.push_back(e.button()); });
+    area.connectButtonReleased([&](MouseEventInterface& e) { signalled.push_back(10 + e.button()); });
+    area.connectButtonDoublePressed([&](MouseEventInterface& e) { signalled.push_back(20 + e.button()); });
+    int moves = 0;
+    area.connectMouseMoved([&](MouseEventInterface& e) {
+        ++moves;
+        EXPECT_EQ(e.button(), MouseEventInterface::MouseButton_None);
+    });
+
+    click(area, QPoint(40, 30));
+    EXPECT_TRUE(waitUntil([&] { return recorder.has("released 1 at 40,30 with 0"); }));
+    EXPECT_TRUE(recorder.has("pressed 1 at 40,30 with 0"));
+    EXPECT_TRUE(recorder.has("moved 0 at 40,30 with 0"));
+    EXPECT_GE(moves, 1);
+    EXPECT_EQ(signalled, (std::vector<int>{1, 11}));
+
+    signalled.clear();
+    click(area, QPoint(90, 90), 3);
+    EXPECT_TRUE(waitUntil([&] { return signalled.size() == 2; }));
+    EXPECT_EQ(signalled, (std::vector<int>{3, 13}));
+
+    signalled.clear();
+    doubleClick(area, QPoint(10, 100));
+    EXPECT_TRUE(waitUntil([&] { return signalled.size() == 4; }));
+    EXPECT_EQ(signalled, (std::vector<int>{1, 11, 21, 11}));
+    EXPECT_TRUE(recorder.has("double 1 at 10,100 with 0"));
+}
+
+TEST_F(DrawArea, KeysReachItsListenersAndNotItsParent)
+{
+    class Parent : public QWidget {
+    public:
+        int keys = 0;
+
+    protected:
+        void keyPressEvent(QKeyEvent*) override { ++keys; }
+    } window;
+    QVBoxLayout layout(&window);
+    GLDrawArea area(&window);
+    layout.addWidget(&area);
+    Painter painter(area, Green);
+    ASSERT_TRUE(showAndWait(window));
+    focusWindow(window);
+    area.setFocus();
+    ASSERT_TRUE(waitUntil([&] { return area.hasFocus(); }));
+    Recorder recorder(area);
+    pressKey(XK_Shift_L);
+    typeKey(XK_a);
+    releaseKey(XK_Shift_L);
+    // The modifiers are the event's stored ones, in which the key that comes up still counts.
+    EXPECT_TRUE(waitUntil([&] { return recorder.has("key up " + std::to_string(Qt::Key_Shift) + " with 1"); }));
+    EXPECT_TRUE(recorder.has("key down " + std::to_string(Qt::Key_A) + " with 1"));
+    EXPECT_TRUE(recorder.has("key up " + std::to_string(Qt::Key_A) + " with 1"));
+    EXPECT_EQ(window.keys, 0);
+}
+
+TEST_F(DrawArea, ARemovedListenerHearsNothingMore)
+{
+    GLDrawArea area;
+    area.resize(100, 100);
+    Painter painter(area, Green);
+    ASSERT_TRUE(showAndWait(area));
+    int signalled = 0;
+    area.connectButtonReleased([&](MouseEventInterface&) { ++signalled; });
+    auto recorder = std::make_unique<Recorder>(area);
+    Recorder* const gone = recorder.get();
+    area.removeMouseListener(gone);
+    recorder->log.clear();
+    click(area, QPoint(50, 50));
+    ASSERT_TRUE(waitUntil([&] { return signalled == 1; }));
+    EXPECT_TRUE(recorder->log.empty());
+}

@@ -1,0 +1,133 @@
+// The event that triggers the sending again waits meanwhile: it is delivered once, whatever the copy does.
+#include "tests/intern/InterruptedEventFixture.h"
+
+#include <QCloseEvent>
+#include <algorithm>
+#include <memory>
+#include <stdexcept>
+
+using namespace velmora::test;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+TEST_F(InterruptedEvent, TheParkedEventIsDeliveredOnceWhenTheCopyStartsEngineWork)
+{
+    widget.onEvent = [&](QEvent&) {
+        monitor.busy = true;
+        monitor.processWhileBusy_Internal();
+        journal.push_back("worked");
+        monitor.busy = false;
+    };
+    QKeyEvent key = keyEvent(QEvent::KeyRelease, Qt::Key_A);
+    interruptWith(key, widget);
+    QEvent event(QEvent::User);
+    sendSpontaneous(other, event);
+    EXPECT_THAT(received(), ElementsAre("widget: KeyRelease " + A, "other: User"));
+    EXPECT_EQ(journal.back(), "worked");
+    EXPECT_FALSE(event.spontaneous());
+}
+
+TEST_F(InterruptedEvent, TheParkedEventMayPumpItself)
+{
+    const auto pump = [&](QEvent&) {
+        monitor.busy = true;
+        monitor.processWhileBusy_Internal();
+        monitor.busy = false;
+    };
+    widget.onEvent = pump;
+    other.onEvent = pump;
+    QKeyEvent key = keyEvent(QEvent::KeyRelease, Qt::Key_A);
+    interruptWith(key, widget);
+    sendTrigger(other);
+    EXPECT_THAT(received(), ElementsAre("widget: KeyRelease " + A, "other: User"));
+}
+
+TEST_F(InterruptedEvent, AParkedEventWhoseReceiverIsGoneIsDropped)
+{
+    auto doomed = std::make_unique<Receiver<QWidget>>("doomed", journal);
+    widget.onEvent = [&](QEvent&) {
+        doomed.reset();
+        monitor.processWhileBusy_Internal();
+    };
+    QKeyEvent key = keyEvent(QEvent::KeyRelease, Qt::Key_A);
+    interruptWith(key, widget);
+    QEvent event(QEvent::User);
+    EXPECT_TRUE(Probe::filter(monitor).eventFilter(doomed.get(), &event));
+    EXPECT_THAT(received(), ElementsAre("widget: KeyRelease " + A));
+}
+
+TEST_F(InterruptedEvent, AnEventParkedInsideAnotherLosesNeither)
+{
+    widget.onEvent = [&](QEvent&) {
+        widget.onEvent = nullptr;
+        // Interrupted once more during the handling of the copy, without a turn of the application.
+        beginInterruption();
+        sendKey(widget, Qt::Key_B);
+        unwind();
+        sendTrigger(widget);
+    };
+    QKeyEvent key = keyEvent(QEvent::KeyRelease, Qt::Key_A);
+    interruptWith(key, widget);
+    sendTrigger(other);
+    EXPECT_THAT(received(),
+                ElementsAre("widget: KeyRelease " + A, "widget: KeyRelease " + B, "widget: User", "other: User"));
+}
+
+TEST_F(InterruptedEvent, WhileOneWaitsTheApplicationGetsNoTurn)
+{
+    QCoreApplication::postEvent(&other, new QEvent(QEvent::User)); // the queue owns it
+    beginInterruption();
+    sendKey(widget, Qt::Key_A);
+    monitor.processWhileBusy_Internal();
+    EXPECT_THAT(received(), IsEmpty());
+    EXPECT_TRUE(Probe::filter(monitor).hasInterruptedEvent());
+    unwind();
+    monitor.processWhileBusy_Internal();
+    EXPECT_THAT(received(), IsEmpty());
+    QCoreApplication::sendPostedEvents();
+    EXPECT_THAT(received(), ElementsAre("widget: KeyRelease " + A, "other: User"));
+}
+
+TEST_F(InterruptedEvent, WithoutOneTheApplicationGetsItsTurn)
+{
+    QCoreApplication::postEvent(&other, new QEvent(QEvent::User)); // the queue owns it
+    monitor.busy = true;
+    monitor.processWhileBusy_Internal();
+    EXPECT_THAT(received(), ElementsAre("other: User"));
+}
+
+TEST_F(InterruptedEvent, AnExceptionDuringItsDeliveryPassesAndLeavesNothingParked)
+{
+    widget.onEvent = [](QEvent&) { throw std::runtime_error("refused"); };
+    // Not a key: the toolkit itself loses a guarded pointer when a key's handler throws.
+    QCloseEvent close;
+    interruptWith(close, widget);
+    EXPECT_THROW(sendTrigger(other), std::runtime_error);
+    EXPECT_EQ(Probe::parked(monitor), nullptr);
+    EXPECT_NE(Probe::dispatching(monitor), nullptr);
+    widget.onEvent = nullptr;
+    // The next one is sent as if nothing had been, and ends that state.
+    QKeyEvent next = keyEvent(QEvent::KeyRelease, Qt::Key_B);
+    interruptWith(next, widget);
+    sendTrigger(other);
+    EXPECT_THAT(received(), ElementsAre("widget: KeyRelease " + B, "other: User"));
+    EXPECT_EQ(Probe::dispatching(monitor), nullptr);
+}
+
+TEST_F(InterruptedEvent, AnEventDeliveredEarlyAndIgnoredReachesItsParentOnce)
+{
+    Receiver<QWidget> parent{"parent", journal};
+    Receiver<QWidget>* const child = new Receiver<QWidget>{"child", journal};
+    child->setParent(&parent);
+    child->onEvent = [](QEvent& event) { event.ignore(); };
+    widget.onEvent = [this](QEvent& event) {
+        if (event.type() == QEvent::KeyRelease)
+            monitor.processWhileBusy_Internal();
+    };
+    QKeyEvent key = keyEvent(QEvent::KeyRelease, Qt::Key_A);
+    interruptWith(key, widget);
+    sendKey(*child, Qt::Key_B);
+    const Journal all = received();
+    EXPECT_EQ(std::count(all.begin(), all.end(), "child: KeyRelease " + B), 1);
+    EXPECT_EQ(std::count(all.begin(), all.end(), "parent: KeyRelease " + B), 1);
+}
