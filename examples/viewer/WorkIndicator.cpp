@@ -10,6 +10,7 @@
 #include "interfaces/KeyEventObservableInterface.h"
 #include "interfaces/OnIdleObservableInterface.h"
 
+#include <QApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QProgressBar>
@@ -40,6 +41,15 @@ OnIdleObservableInterface& idleTime()
 {
     return dynamic_cast<OnIdleObservableInterface&>(monitor());
 }
+
+// While a dialog of the host is open nothing interrupts. What has opened in the middle of a drawing
+// (a question of the print dialog, say) would be held back with all else, and the drawing beneath it
+// could not end before it.
+class DialogInTheWay : public StopButtonInterface {
+public:
+    bool isActive() const override { return QApplication::activeModalWidget() != nullptr; }
+    bool isEqual(const void*) const override { return false; }
+};
 
 QPushButton* addButton(QBoxLayout& layout, const QString& text, const QString& toolTip)
 {
@@ -73,7 +83,9 @@ WorkIndicator::WorkIndicator(QWidget* parent)
     connect(m_finish, SIGNAL(clicked()), this, SLOT(finish()));
 
     m_stopButton = boost::make_shared<StopButton>(m_stop);
-    Manager::getInstance().getEventManager().registerStopButton(m_stopButton);
+    m_dialogInTheWay = boost::make_shared<DialogInTheWay>();
+    for (const auto& button : {m_stopButton, m_dialogInTheWay})
+        Manager::getInstance().getEventManager().registerStopButton(button);
     applicationKeys().addKeyboardListener(this);
     idleTime().addOnIdleListener(this);
     m_notBusy = monitor().connectEngineIsNoLongerBusy([this] { workEnded(); });
@@ -85,14 +97,15 @@ WorkIndicator::~WorkIndicator()
     VelEngProgressRegisterCallback(nullptr, 0);
     idleTime().removeOnIdleListener(this);
     applicationKeys().removeKeyboardListener(this);
-    Manager::getInstance().getEventManager().unRegisterStopButton(m_stopButton);
+    for (const auto& button : {m_stopButton, m_dialogInTheWay})
+        Manager::getInstance().getEventManager().unRegisterStopButton(button);
 }
 
 // While the Stop button shows, it is the engine's only way to be interrupted; this viewer wants
 // Escape and closing the window, which arrives as Escape too, to work all the same.
 void WorkIndicator::keyPressed(KeyEventInterface& event, KeyEventObservableInterface&)
 {
-    if (event.key() == Qt::Key_Escape)
+    if (event.key() == Qt::Key_Escape && !m_dialogInTheWay->isActive())
         stop();
 }
 

@@ -56,6 +56,7 @@ private:
     QPushButton* m_finish;
     QElapsedTimer m_working;
     boost::shared_ptr<const velmora::sdk::integration::StopButtonInterface> m_stopButton;
+    boost::shared_ptr<const velmora::sdk::integration::StopButtonInterface> m_dialogInTheWay;
     boost::signals2::scoped_connection m_notBusy;
 };
 

@@ -6,7 +6,6 @@
 
 #include <QApplication>
 #include <QDialog>
-#include <QElapsedTimer>
 
 namespace velmora::test {
 

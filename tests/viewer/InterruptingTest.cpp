@@ -4,12 +4,14 @@
 
 #include "engine/VelUtil.h"
 #include "testing/EngineProbe.h"
+#include "tests/services/ModalDriver.h"
 #include "tests/support/Wait.h"
 #include "tests/support/XInput.h"
 #include "tests/viewer/Onlooker.h"
 #include "tests/viewer/PictureColours.h"
 
 #include <QApplication>
+#include <QMessageBox>
 #include <QProgressBar>
 #include <QPushButton>
 #include <algorithm>
@@ -107,6 +109,18 @@ TEST_F(SlowDrawing, IsStoppedByAClickOnStop)
 TEST_F(SlowDrawing, IsNotStoppedByAClickBeside)
 {
     openAndMeanwhile([this] { click(area(), centre()); });
+    EXPECT_TRUE(VelUtilPageIsComplete());
+}
+
+TEST_F(SlowDrawing, ADialogThatOpensMeanwhileIsAnsweredAndDoesNotStopIt)
+{
+    ModalDriver person([](QWidget&) { typeKey(XK_Escape); });
+    openAndMeanwhile([this] {
+        QMessageBox(QMessageBox::Question, "Question", "Yes?", QMessageBox::Yes | QMessageBox::Cancel, window.get())
+            .exec();
+    });
+    EXPECT_TRUE(person.hasActed());
+    EXPECT_FALSE(person.hadToClose());
     EXPECT_TRUE(VelUtilPageIsComplete());
 }
 
