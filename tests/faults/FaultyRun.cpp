@@ -72,9 +72,18 @@ long FaultyRun::processorMilliseconds() const
     return ticks * 1000 / sysconf(_SC_CLK_TCK);
 }
 
+bool FaultyRun::hasLoaded(const char* library) const
+{
+    QFile file(QString::fromLatin1("/proc/%1/maps").arg(m_process.processId()));
+    return file.open(QIODevice::ReadOnly) && file.readAll().contains(library);
+}
+
 bool FaultyRun::waitUntilAtWork(int milliseconds)
 {
-    return waitFor([&] { return processorMilliseconds() >= milliseconds; });
+    if (!waitFor([this] { return hasLoaded("libqxcb.so"); }))
+        return false;
+    const long starting = processorMilliseconds();
+    return waitFor([&] { return processorMilliseconds() >= starting + milliseconds; });
 }
 
 bool FaultyRun::waitUntilAtRest()

@@ -21,7 +21,8 @@ protected:
     void useDisplay(const XServer& server) { setVariable("DISPLAY", server.name()); }
 
     void start(const QStringList& arguments);
-    /// Waits until the run has used that much of the processor, so that it is at work.
+    /// Waits until the run has reached for the display and then used that much of the processor, so
+    /// that it is at work.
     bool waitUntilAtWork(int milliseconds);
     /// Waits until the run waits for input and does nothing else.
     bool waitUntilAtRest();
@@ -39,6 +40,7 @@ protected:
 
 private:
     long processorMilliseconds() const;
+    bool hasLoaded(const char* library) const;
 
     QStringList m_environment;
     QProcess m_process;

@@ -11,7 +11,7 @@ namespace {
 
 constexpr int NoDisplay = 3;
 constexpr int SideOfALongDrawing = 300;
-constexpr int WellIntoIt = 1500; // milliseconds: longer than starting takes
+constexpr int WellIntoIt = 1000; // milliseconds: longer than connecting and loading take
 const char* const Title = "hill.asc - Viewer";
 
 class LostDisplay : public FaultyRun {

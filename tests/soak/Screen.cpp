@@ -40,6 +40,15 @@ std::string titleOf(Display* display, Window window)
     return title;
 }
 
+std::string nameOf(Display* display, Atom atom)
+{
+    char* const name = XGetAtomName(display, atom);
+    const std::string result = name ? name : "unknown";
+    if (name)
+        XFree(name);
+    return result;
+}
+
 bool needsShift(KeySym symbol)
 {
     return (symbol >= XK_A && symbol <= XK_Z) || symbol == XK_underscore;
@@ -156,10 +165,10 @@ void Screen::close(const Place& place)
     deliver();
 }
 
-long Screen::resources() const
+std::map<std::string, long> Screen::resources() const
 {
     const XID own = XGContextFromGC(DefaultGC(m_display, DefaultScreen(m_display)));
-    long total = 0;
+    std::map<std::string, long> total;
     int count = 0;
     XResClient* clients = nullptr;
     XResQueryClients(m_display, &count, &clients);
@@ -170,7 +179,7 @@ long Screen::resources() const
             !XResQueryClientResources(m_display, clients[i].resource_base, &types, &each))
             continue;
         for (int k = 0; k < types; ++k)
-            total += each[k].count;
+            total[nameOf(m_display, each[k].resource_type)] += each[k].count;
         XFree(each);
     }
     if (clients)

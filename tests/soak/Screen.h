@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -41,8 +42,9 @@ public:
     /// As a window manager asks it.
     void close(const Place& place);
 
-    /// All X resources of other clients, and the memory of their pixmaps.
-    long resources() const;
+    /// How many X resources of each type ("WINDOW", "CURSOR", …) other clients have, and the memory of
+    /// their pixmaps.
+    std::map<std::string, long> resources() const;
     long pixmapKilobytes() const;
 
 private:

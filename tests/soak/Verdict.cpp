@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <iterator>
+#include <set>
 
 namespace velmora::test {
 
@@ -15,12 +16,19 @@ double median(std::vector<double> values)
     return *middle;
 }
 
+/// What a sample does not tell of, it held none of.
+double heldOf(const Sample& sample, const std::string& what)
+{
+    const auto found = sample.held.find(what);
+    return found == sample.held.end() ? 0 : found->second;
+}
+
 double slope(const std::vector<Sample>& samples, const std::string& what)
 {
     std::vector<double> slopes;
     for (std::size_t i = 0; i < samples.size(); ++i)
         for (std::size_t k = i + 1; k < samples.size(); ++k)
-            slopes.push_back((samples[k].held.at(what) - samples[i].held.at(what)) /
+            slopes.push_back((heldOf(samples[k], what) - heldOf(samples[i], what)) /
                              std::max(1e-9, samples[k].minute - samples[i].minute));
     return median(slopes);
 }
@@ -29,7 +37,7 @@ double medianBetween(const std::vector<Sample>& samples, const std::string& what
 {
     std::vector<double> values;
     for (std::size_t i = from; i < to; ++i)
-        values.push_back(samples[i].held.at(what));
+        values.push_back(heldOf(samples[i], what));
     return median(values);
 }
 
@@ -69,8 +77,12 @@ std::vector<std::string> findGrowth(const std::vector<Sample>& samples, double f
     if (warm.size() < FewestSamples)
         return {"There are too few samples to judge by; let it run longer."};
     std::vector<std::string> wrong;
-    for (const auto& held : warm.front().held) {
-        const std::string growth = growthOf(warm, held.first, allowed);
+    std::set<std::string> kinds;
+    for (const Sample& sample : warm)
+        for (const auto& held : sample.held)
+            kinds.insert(held.first);
+    for (const std::string& kind : kinds) {
+        const std::string growth = growthOf(warm, kind, allowed);
         if (!growth.empty())
             wrong.push_back(growth);
     }

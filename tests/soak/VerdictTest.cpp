@@ -46,7 +46,7 @@ TEST(SoakVerdict, OneOddSampleIsNoGrowth)
 {
     const auto odd = [](int minute) { return minute == 18 ? 90000.0 : 1000.0; };
     EXPECT_THAT(findGrowth(samples("heap_kb", odd), 5, {100, 0}), IsEmpty());
-    EXPECT_THAT(findGrowth(samples("x_resources", odd), 5, {100, 0}), IsEmpty());
+    EXPECT_THAT(findGrowth(samples("x_window", odd), 5, {100, 0}), IsEmpty());
 }
 
 TEST(SoakVerdict, OnePieceMoreForGoodIsGrowth)
@@ -55,11 +55,19 @@ TEST(SoakVerdict, OnePieceMoreForGoodIsGrowth)
                 ElementsAre("gl_textures grew from 7 to 8"));
 }
 
+TEST(SoakVerdict, AKindThatCameOnlyLaterGrewFromNone)
+{
+    std::vector<Sample> all = samples("x_window", [](int) { return 3.0; });
+    for (std::size_t i = 12; i < all.size(); ++i)
+        all[i].held["x_cursor"] = 1;
+    EXPECT_THAT(findGrowth(all, 5, {100, 0}), ElementsAre("x_cursor grew from 0 to 1"));
+}
+
 TEST(SoakVerdict, PiecesMayBeAllowed)
 {
     const auto more = [](int minute) { return 7.0 + minute / 10; };
-    EXPECT_THAT(findGrowth(samples("x_resources", more), 0, {100, 1}), IsEmpty());
-    EXPECT_THAT(findGrowth(samples("x_resources", more), 0, {100, 0}), ElementsAre("x_resources grew from 7 to 8"));
+    EXPECT_THAT(findGrowth(samples("x_window", more), 0, {100, 1}), IsEmpty());
+    EXPECT_THAT(findGrowth(samples("x_window", more), 0, {100, 0}), ElementsAre("x_window grew from 7 to 8"));
 }
 
 TEST(SoakVerdict, TooFewSamplesAreNoVerdict)

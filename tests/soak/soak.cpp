@@ -10,6 +10,8 @@
 #include "tests/soak/SoakedProcess.h"
 #include "tests/soak/Verdict.h"
 
+#include <algorithm>
+#include <cctype>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -110,6 +112,13 @@ private:
     std::chrono::steady_clock::time_point m_start = std::chrono::steady_clock::now();
 };
 
+std::string asOneWord(std::string name)
+{
+    std::transform(name.begin(), name.end(), name.begin(),
+                   [](unsigned char c) { return std::isalnum(c) ? static_cast<char>(std::tolower(c)) : '_'; });
+    return name;
+}
+
 Sample sampleFrom(double minute, const std::string& line, const Screen& screen)
 {
     Sample sample;
@@ -119,7 +128,8 @@ Sample sampleFrom(double minute, const std::string& line, const Screen& screen)
         const std::string::size_type sign = word.find('=');
         sample.held[word.substr(0, sign)] = std::stod(word.substr(sign + 1));
     }
-    sample.held["x_resources"] = static_cast<double>(screen.resources());
+    for (const auto& count : screen.resources())
+        sample.held["x_" + asOneWord(count.first)] = static_cast<double>(count.second);
     sample.held["x_pixmaps_kb"] = static_cast<double>(screen.pixmapKilobytes());
     return sample;
 }

@@ -51,6 +51,16 @@ void tellWhatIsHeld()
     std::fflush(stdout);
 }
 
+/// The toolkit makes a cursor when it is first shown, and keeps it: all of them, so that a later one is
+/// no growth. There must be a window.
+void showEveryCursor()
+{
+    for (int shape = 0; shape <= Qt::LastCursor; ++shape) {
+        QApplication::setOverrideCursor(static_cast<Qt::CursorShape>(shape));
+        QApplication::restoreOverrideCursor();
+    }
+}
+
 /// Reads what the person at the other end wants.
 class Wishes : public QObject {
 public:
@@ -100,6 +110,7 @@ int main(int argc, char** argv)
     session.makeDrawingSlow();
     fcntl(STDIN_FILENO, F_SETFL, O_NONBLOCK); // an event may come again although what it told of is read
     Rest rest(QString::fromLocal8Bit(argv[1]), &tellWhatIsHeld);
+    showEveryCursor();
     Wishes wishes(rest);
     wishes.watch();
     // Closing the window in the middle of work ends the event loop, and elsewhere the program.
