@@ -15,9 +15,9 @@ struct Manager::Impl {
         : owner(&manager), applicationEventMonitor(std::make_unique<intern::ApplicationEventMonitor>(manager))
     {}
 
+    Manager* owner; // deliberate: for whoever debugs; never read
     // In the order of their creation, so that they are destroyed in the reverse one: the services
     // from the last to the first, then the monitor.
-    Manager* owner;
     std::unique_ptr<intern::ApplicationEventMonitor> applicationEventMonitor;
     std::unique_ptr<services::MessageBoxService> messageBoxService;
     std::unique_ptr<services::SelectFileService> selectFileService;

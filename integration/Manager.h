@@ -17,8 +17,9 @@ namespace integration {
 /// message boxes, file selection, cursors, small facts and off-screen images. A host that offers
 /// rubber-band selection adds a services::SelectRegionService itself.
 ///
-/// GUI thread only; the first `getInstance()` alone may come from any thread. The manager is
-/// destroyed at process exit and does not stop the engine then: that is the host's business.
+/// GUI thread only, the first `getInstance()` included: what watches the application's events belongs
+/// to the thread that constructs it. The manager is destroyed at process exit and does not stop the
+/// engine then: that is the host's business.
 class VELMORA_INTEGRATION_EXPORT Manager : public virtual ManagerAbstract {
 public:
     ~Manager() override;

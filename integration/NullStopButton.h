@@ -8,7 +8,7 @@ namespace sdk {
 namespace integration {
 
 /// A stop button without a button: always in force and never what is pressed. Registered, it keeps
-/// all input from interrupting the engine.
+/// Escape and the buttons that were registered before it from interrupting the engine.
 class VELMORA_INTEGRATION_EXPORT NullStopButton : public virtual StopButtonInterface {
 public:
     NullStopButton();

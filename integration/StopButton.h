@@ -14,7 +14,8 @@ namespace integration {
 /// Makes a push button one whose press interrupts the busy engine.
 ///
 /// It takes part from the moment it is registered (`getEventManager().registerStopButton` of the
-/// manager) and is in force while the button is visible and enabled. Over the button the pointer
+/// manager) and is in force while the button is visible and enabled. The press stops the work; whether
+/// `clicked()` follows depends on when the button is let go, so do nothing in it. Over the button the pointer
 /// shows the ordinary arrow, whatever wait cursor is in force. It may outlive its button and is then
 /// never in force. GUI thread only.
 class VELMORA_INTEGRATION_EXPORT StopButton : public virtual StopButtonInterface {

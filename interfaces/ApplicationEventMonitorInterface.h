@@ -26,7 +26,7 @@ public:
     virtual bool isBusy() const = 0;
     /// Asks the busy engine to stop at the end of its current slice of work; nothing when it is not
     /// busy, and nothing while one of the engine's dialogs is open. Returns at once. Until the engine
-    /// has unwound, events are held back.
+    /// has unwound, events are swallowed; of the first a copy is delivered afterwards.
     virtual void interrupt() = 0;
     /// True exactly while the engine has been asked to stop; not while one of the engine's dialogs is
     /// open, whose events must arrive: a request from before takes effect once it is closed.
@@ -45,7 +45,10 @@ public:
 
     virtual ~ApplicationEventMonitorInterface() = default;
 
-    /// Slot `void(MouseEventInterface::MouseButton_e button, bool pressed)`.
+    /// Slot `void(MouseEventInterface::MouseButton_e button, bool pressed)`: any press, double click or
+    /// release in the application, before it is delivered, swallowed ones included; and once more when
+    /// the copy of an interrupting one is. An extra button is MouseButton_None. The start of the
+    /// monitor announces the three buttons as they are.
     template <typename Slot>
     Connection connectMouseButtonStateChanged(const Slot& slot)
     {
@@ -59,14 +62,15 @@ public:
         return connectTo(m_widgetChangeDuetoTimerEvent, slot, *this,
                          &ApplicationEventMonitorInterface::signalWidgetChangeDuetoTimerEventConnected);
     }
-    /// Slot `void(const EventReceiverInfo&)`: an event came from the window system.
+    /// Slot `void(const EventReceiverInfo&)`: an event came from the window system. Called before it is
+    /// delivered, also when it is swallowed then.
     template <typename Slot>
     Connection connectProcessingNewEvent(const Slot& slot)
     {
         return connectTo(m_processingNewEvent, slot, *this,
                          &ApplicationEventMonitorInterface::signalProcessingNewEventConnected);
     }
-    /// Slot `void()`: the engine stopped being busy.
+    /// Slot `void()`: the engine stopped being busy. Called from inside the engine: must not throw.
     template <typename Slot>
     Connection connectEngineIsNoLongerBusy(const Slot& slot)
     {

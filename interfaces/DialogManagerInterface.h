@@ -6,7 +6,7 @@ namespace velmora {
 namespace sdk {
 namespace integration {
 
-/// The engine's view of the dialogs that it asked the host for.
+/// The engine's view of the dialogs that it asked the host for. GUI thread only.
 class VELMORA_INTERFACE DialogManagerInterface {
 public:
     /// How many message boxes and file dialogs of the engine are open now.

@@ -10,7 +10,7 @@ namespace integration {
 
 class StopButtonInterface;
 
-/// The manager's side of input handling: which stop buttons are in force.
+/// The manager's side of input handling: which stop buttons are in force. GUI thread only.
 class VELMORA_INTERFACE EventManagerInterface {
 public:
     /// The button takes part in interrupting from now on. Registering the same pointer twice has no

@@ -22,7 +22,8 @@ class VELMORA_INTERFACE GLDrawAreaInterface : public virtual MouseEventObservabl
 public:
     /// Whether the area is shown, as the windowing toolkit sees it.
     virtual bool isVisible() const = 0;
-    /// Width and height in pixels; neither pointer may be null.
+    /// Width and height in pixels of the screen, which are those of OpenGL's viewport: where the windowing
+    /// toolkit scales what it shows, more than the widget's own. Neither pointer may be null.
     virtual void getSize(int* width, int* height) const = 0;
     /// The area's OpenGL context, which lives as long as the area.
     virtual GLContextInterface& getGLContext() = 0;

@@ -8,7 +8,8 @@ namespace integration {
 
 class KeyEventListenerInterface;
 
-/// A source of key events. Listeners are borrowed: whoever adds one removes it before it dies.
+/// A source of key events. Listeners are borrowed: whoever adds one removes it before it dies. GUI
+/// thread only.
 class VELMORA_INTERFACE KeyEventObservableInterface {
 public:
     /// Adding a listener twice has no further effect; null is ignored.

@@ -8,9 +8,9 @@ namespace integration {
 enum ManagerStartReturnCode_e {
     ManagerStartReturnCode_Ok = 0,
     ManagerStartReturnCode_NotInitialized = 1, ///< `start` before `init`
-    ManagerStartReturnCode_AlreadyStarted = 2,
-    ManagerStartReturnCode_BadArgument = 3, ///< `init` with a negative argc or a null argv
-    ManagerStartReturnCode_EngineFailed = 4 ///< the engine itself refused to start
+    ManagerStartReturnCode_AlreadyStarted = 2, ///< `init` or `start` while the engine runs
+    ManagerStartReturnCode_BadArgument = 3,    ///< `init` with a negative argc or a null argv
+    ManagerStartReturnCode_EngineFailed = 4    ///< the engine itself refused to start
 };
 
 /// How an engine state written by an older version is read.

@@ -39,10 +39,13 @@ public:
     /// The same, with the treatment of states that older versions wrote.
     virtual ManagerStartReturnCode_e init(int argc, char* const* argv, std::string homeDirectory,
                                           StateModernizationLevel_e level, std::string applicationName) = 0;
-    /// Starts the engine, registers the services' callbacks and begins to watch the application's
-    /// events. Needs `init` and an application object.
+    /// Starts the engine with its settings at their defaults, registers the services' callbacks and
+    /// begins to watch the application's events. Needs `init` and an application object. What a service
+    /// or a slot throws passes through, and the engine is not started then.
     virtual ManagerStartReturnCode_e start() = 0;
-    /// Ends what `start` began, in the reverse order. Without a `start` before it, does nothing.
+    /// Ends what `start` began, in the reverse order; drawing areas go before. While the engine is busy,
+    /// only asks it to stop and returns; the rest follows at the next idle time, to which the
+    /// application's event loop must get. Without a `start` before it, does nothing.
     virtual void stop() = 0;
     /// Whether the command line given to `init` held `-b`.
     virtual bool isInBatchMode() const = 0;

@@ -20,9 +20,10 @@ public:
 
     /// The button that caused the event; a move carries MouseButton_None.
     virtual MouseButton_e button() const = 0;
-    /// Horizontal position in pixels of the widget that produced the event, 0 at its left edge.
+    /// Horizontal position in pixels of the screen, 0 at the left edge of the widget that produced the event.
+    /// The widget's own pixels may be larger, where the windowing toolkit scales.
     virtual int x() const = 0;
-    /// Vertical position in pixels of the widget that produced the event, 0 at its top edge.
+    /// Vertical position, likewise, 0 at the top edge.
     virtual int y() const = 0;
     /// A copy on the heap; the caller owns it.
     virtual MouseEventInterface* clone() const = 0;

@@ -119,9 +119,7 @@ protected:
     MouseEventObservableInterface& operator=(const MouseEventObservableInterface&) = delete;
 
     /// @{
-    /// Calls the slots of the signal of that name. For the producer alone. A signal without slots is
-    /// not called: calling an empty one still takes its mutex and allocates, and a mouse move is too
-    /// frequent for that.
+    /// Calls the slots of the signal of that name. For the producer alone.
     void emitMouseMoved(MouseEventInterface& event) { emitTo(m_mouseMoved, event); }
     void emitButtonPressed(MouseEventInterface& event) { emitTo(m_buttonPressed, event); }
     void emitButtonDoublePressed(MouseEventInterface& event) { emitTo(m_buttonDoublePressed, event); }

@@ -13,7 +13,8 @@ public:
     enum Orientation { Orientation_Horizontal = 0, Orientation_Vertical = 1 };
 
     /// @{
-    /// Position in pixels of the widget under the pointer, 0 at its left and top edge.
+    /// Position in pixels of the screen, 0 at the left and top edge of the widget under the pointer. The
+    /// widget's own pixels may be larger, where the windowing toolkit scales.
     virtual int x() const = 0;
     virtual int y() const = 0;
     /// @}

@@ -8,7 +8,8 @@ namespace integration {
 
 class OnIdleListenerInterface;
 
-/// Announces idle time. Listeners are borrowed: whoever adds one removes it before it dies.
+/// Announces idle time. Listeners are borrowed: whoever adds one removes it before it dies. GUI
+/// thread only.
 class VELMORA_INTERFACE OnIdleObservableInterface {
 public:
     /// Adding a listener twice has no further effect; null is ignored.

@@ -8,7 +8,7 @@ namespace integration {
 
 class GLDrawAreaInterface;
 
-/// One page of the engine: a paper with frames, shown in at most one drawing area.
+/// One page of the engine: a paper with frames, shown in at most one drawing area. GUI thread only.
 class VELMORA_INTERFACE PageInterface {
 public:
     /// The area that shows the page, or null.

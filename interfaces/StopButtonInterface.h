@@ -7,7 +7,7 @@ namespace sdk {
 namespace integration {
 
 /// A button whose press interrupts the busy engine. Held as `boost::shared_ptr<const …>`, by which
-/// it is also registered and unregistered.
+/// it is also registered and unregistered. GUI thread only.
 class VELMORA_INTERFACE StopButtonInterface {
 public:
     /// Whether the stop button is in force. While one is, it is the only way to interrupt.

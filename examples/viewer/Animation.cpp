@@ -1,5 +1,6 @@
 #include "Animation.h"
 
+#include "ToolTip.h"
 #include "engine/VelUtil.h"
 #include "integration/Manager.h"
 #include "integration/StopButton.h"
@@ -8,6 +9,7 @@
 
 #include <QAction>
 #include <QIcon>
+#include <QMenu>
 #include <QToolBar>
 #include <QToolButton>
 #include <boost/make_shared.hpp>
@@ -21,22 +23,25 @@ namespace {
 constexpr int MillisecondsPerStep = 40;
 constexpr double DegreesPerStep = 2.0;
 
-QAction* addButton(QToolBar& toolBar, const char* icon, const QString& text, QObject* receiver, const char* slot)
+QIcon icon(const char* name)
 {
-    return toolBar.addAction(QIcon(QString::fromLatin1(":/icons/%1.png").arg(QLatin1String(icon))), text, receiver,
-                             slot);
+    return QIcon(QString::fromLatin1(":/icons/vcr-%1.png").arg(QLatin1String(name)));
 }
 
 } // namespace
 
-Animation::Animation(QToolBar& toolBar, QObject* parent) : QObject(parent)
+Animation::Animation(QMenu& menu, QToolBar& toolBar, QObject* parent)
+    : QObject(parent), m_stepBack(menu.addAction(icon("previous"), tr("Turn One Step &Back"), this, SLOT(stepBack()))),
+      m_play(menu.addAction(icon("play"), tr("&Turn the Surface"), this, SLOT(play()))),
+      m_pause(menu.addAction(icon("pause"), tr("Stop Turnin&g"), this, SLOT(pause()))),
+      m_stepForward(menu.addAction(icon("next"), tr("Turn One St&ep On"), this, SLOT(stepForward())))
 {
-    addButton(toolBar, "vcr-previous", tr("Turn one step back"), this, SLOT(stepBack()));
-    m_play = addButton(toolBar, "vcr-play", tr("Turn the surface"), this, SLOT(play()));
-    m_pause = addButton(toolBar, "vcr-pause", tr("Stop turning"), this, SLOT(pause()));
-    addButton(toolBar, "vcr-next", tr("Turn one step on"), this, SLOT(stepForward()));
+    setShortcut(*m_stepBack, QKeySequence(Qt::CTRL + Qt::Key_Left));
     for (QAction* const action : {m_play, m_pause}) // whichever of the two is enabled
-        action->setShortcut(QKeySequence(Qt::Key_Space));
+        setShortcut(*action, QKeySequence(Qt::Key_Space));
+    setShortcut(*m_stepForward, QKeySequence(Qt::CTRL + Qt::Key_Right));
+    for (QAction* const action : {m_stepBack, m_play, m_pause, m_stepForward})
+        toolBar.addAction(action);
     // While the surface turns the engine is nearly always busy, and a press that comes then counts
     // only on a stop button.
     QToolButton* const pauseButton = qobject_cast<QToolButton*>(toolBar.widgetForAction(m_pause));
@@ -54,6 +59,14 @@ Animation::~Animation()
     m_timer.stop();
     m_timer.removeListener(this);
     Manager::getInstance().getEventManager().unRegisterStopButton(m_stopButton);
+}
+
+void Animation::setEnabled(bool enabled)
+{
+    m_enabled = enabled;
+    if (!enabled)
+        m_timer.stop();
+    showState();
 }
 
 // A picture that is still being drawn is not disturbed: turning it now would begin it anew.
@@ -98,7 +111,9 @@ void Animation::stepBack()
 
 void Animation::showState()
 {
-    m_play->setEnabled(!m_timer.isRunning());
+    for (QAction* const step : {m_stepBack, m_stepForward})
+        step->setEnabled(m_enabled);
+    m_play->setEnabled(m_enabled && !m_timer.isRunning());
     m_pause->setEnabled(m_timer.isRunning());
 }
 

@@ -8,6 +8,7 @@
 #include <boost/shared_ptr.hpp>
 
 class QAction;
+class QMenu;
 class QToolBar;
 
 namespace velmora {
@@ -25,9 +26,13 @@ class Animation : public QObject, public velmora::sdk::util::TimerListenerInterf
     Q_OBJECT
 
 public:
-    /// Adds its buttons to the tool bar. Make it before other stop buttons, which then come first.
-    Animation(QToolBar& toolBar, QObject* parent);
+    /// Adds its commands to the menu and the tool bar. Make it before other stop buttons, which then
+    /// come first.
+    Animation(QMenu& menu, QToolBar& toolBar, QObject* parent);
     ~Animation() override;
+
+    /// Whether there is a surface to turn. Without one it stands still, and none can make it go.
+    void setEnabled(bool enabled);
 
     void timeout(velmora::sdk::util::TimerInterface& timer) override;
 
@@ -42,10 +47,13 @@ private:
     void showState();
 
     velmora::sdk::util::Timer m_timer;
+    QAction* m_stepBack;
     QAction* m_play;
     QAction* m_pause;
+    QAction* m_stepForward;
     boost::shared_ptr<const velmora::sdk::integration::StopButtonInterface> m_stopButton;
     boost::signals2::scoped_connection m_notBusy;
+    bool m_enabled = false;
     bool m_interrupts = false; ///< the pause came in the middle of a drawing
 };
 

@@ -1,5 +1,6 @@
 #include "FileOutput.h"
 
+#include "EndSignals.h"
 #include "EngineSession.h"
 #include "Options.h"
 #include "PagePrinter.h"
@@ -22,7 +23,9 @@ int fail(const char* message)
 
 int failWithLastMessage()
 {
-    return fail(VelUtilLastErrorMessage());
+    const char* const message = VelUtilLastErrorMessage();
+    const bool stopped = VelUtilWasInterrupted() || !*message;
+    return fail(stopped ? "Stopped before the picture was complete; nothing was written." : message);
 }
 
 QByteArray couldNotBeWritten(const QString& fileName)
@@ -34,7 +37,7 @@ namespace {
 
 bool loadFirst(const Options& options)
 {
-    return VelUtilDataLoad(options.files.first().toUtf8().constData()) != 0;
+    return VelUtilDataLoad(options.files.first().toUtf8().constData()) != 0 && !endWasAsked();
 }
 
 } // namespace
@@ -66,7 +69,7 @@ int printFile(EngineSession& session, const Options& options)
     UpdatePrinterFromKernel(printer);
     if (printPage(printer))
         return 0;
-    if (*VelUtilLastErrorMessage())
+    if (*VelUtilLastErrorMessage() || endWasAsked())
         return failWithLastMessage();
     return fail(couldNotBeWritten(options.output).constData());
 }

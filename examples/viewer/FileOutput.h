@@ -18,7 +18,7 @@ int printFile(EngineSession& session, const Options& options);
 
 /// Tells on standard error what went wrong and returns the exit code for it.
 int fail(const char* message);
-/// The same with the engine's last message.
+/// The same with the engine's last message, or that the work was stopped.
 int failWithLastMessage();
 /// The message about an output file.
 QByteArray couldNotBeWritten(const QString& fileName);

@@ -3,6 +3,9 @@
 #include "Animation.h"
 #include "OutputCommands.h"
 #include "RecentFiles.h"
+#include "ScreenPixels.h"
+#include "ShownPage.h"
+#include "ToolTip.h"
 #include "ViewTools.h"
 #include "WaitCursor.h"
 #include "WorkIndicator.h"
@@ -33,6 +36,7 @@ namespace {
 
 constexpr int LongestFileName = 4096;
 constexpr int NoteMilliseconds = 8000;
+constexpr double ZoomStep = 1.2; // as one notch of the wheel
 
 QIcon icon(const char* name)
 {
@@ -43,6 +47,13 @@ bool load(const QString& fileName)
 {
     const WaitCursor waitCursor;
     return VelUtilDataLoad(fileName.toUtf8().constData()) != 0;
+}
+
+/// Of the file opened last; empty when there is none.
+QString lastFolder(const QStringList& recentFiles)
+{
+    const QString folder = recentFiles.isEmpty() ? QString() : QFileInfo(recentFiles.first()).absolutePath();
+    return QFileInfo(folder).isDir() ? folder : QString();
 }
 
 QStringList localFiles(const QMimeData& data)
@@ -70,9 +81,9 @@ MainWindow::MainWindow() : m_area(new GLDrawArea(this)), m_tools(new ViewTools(*
     createFileMenu();
     createViewMenu();
     createHelpMenu();
-    new Animation(*m_toolBar, this);
     createStatusBar();
     m_tools->setTool(ViewTools::Rotate);
+    showData(QString());
     connect(m_tools, SIGNAL(selectionChanged()), this, SLOT(showSelection()));
     resize(1000, 760);
 }
@@ -85,33 +96,51 @@ void MainWindow::createFileMenu()
     m_recentFiles = new RecentFiles(*recent, this);
     connect(m_recentFiles, SIGNAL(chosen(QString)), this, SLOT(openFile(QString)));
     menu->addSeparator();
-    new OutputCommands(*menu, *this);
+    m_output = new OutputCommands(*menu, *this);
+    connect(m_output, SIGNAL(pageWasSetUp()), this, SLOT(showWhetherPageShows()));
     menu->addSeparator();
     menu->addAction(tr("&Quit"), this, SLOT(close()), QKeySequence(Qt::CTRL + Qt::Key_Q));
 }
 
 void MainWindow::createViewMenu()
 {
-    QMenu* const menu = menuBar()->addMenu(tr("&View"));
+    m_viewMenu = menuBar()->addMenu(tr("&View"));
     QActionGroup* const tools = new QActionGroup(this);
-    addTool(*menu, *tools, "cursors/rotate.png", tr("&Rotate"), tr("R"), ViewTools::Rotate)->setChecked(true);
-    addTool(*menu, *tools, "cursors/translate.png", tr("&Move"), tr("M"), ViewTools::Move);
-    addTool(*menu, *tools, "cursors/zoom-in.png", tr("&Zoom"), tr("Z"), ViewTools::Zoom);
-    addTool(*menu, *tools, "cursors/cross.png", tr("&Select"), tr("S"), ViewTools::Select);
+    m_rotate = addTool(*tools, "cursors/rotate.png", tr("&Rotate"), tr("R"), ViewTools::Rotate);
+    m_rotate->setChecked(true);
+    m_move = addTool(*tools, "cursors/translate.png", tr("&Move"), tr("M"), ViewTools::Move);
+    addTool(*tools, "cursors/zoom-in.png", tr("&Zoom"), tr("Z"), ViewTools::Zoom);
+    addTool(*tools, "cursors/cross.png", tr("&Select"), tr("S"), ViewTools::Select);
     connect(tools, SIGNAL(triggered(QAction*)), this, SLOT(setTool(QAction*)));
-    menu->addSeparator();
-    QAction* const fit =
-        menu->addAction(icon("icons/orientation-xyz.png"), tr("&Fit"), this, SLOT(fitView()), QKeySequence(tr("F")));
-    m_toolBar->addAction(fit);
-    menu->addAction(tr("&Deselect"), this, SLOT(deselect()), QKeySequence(Qt::Key_Escape));
+    m_viewMenu->addSeparator();
+    addViewCommands();
     m_toolBar->addSeparator();
+    m_viewMenu->addSeparator();
+    m_animation = new Animation(*m_viewMenu, *m_toolBar, this);
+    m_viewMenu->addSeparator();
 }
 
-QAction* MainWindow::addTool(QMenu& menu, QActionGroup& group, const char* iconName, const QString& text,
-                             const QString& key, int tool)
+void MainWindow::addViewCommands()
 {
-    QAction* const action = menu.addAction(icon(iconName), text);
-    action->setShortcut(QKeySequence(key));
+    QAction* const fit = m_viewMenu->addAction(icon("icons/orientation-xyz.png"), tr("&Fit"), this, SLOT(fitView()));
+    setShortcut(*fit, QKeySequence(tr("F")));
+    m_toolBar->addAction(fit);
+    QAction* const in = m_viewMenu->addAction(tr("Zoom I&n"), this, SLOT(zoomIn()));
+    in->setShortcuts(QList<QKeySequence>() << QKeySequence(Qt::Key_Plus) << QKeySequence::ZoomIn);
+    QAction* const out = m_viewMenu->addAction(tr("Zoom &Out"), this, SLOT(zoomOut()));
+    out->setShortcuts(QList<QKeySequence>() << QKeySequence(Qt::Key_Minus) << QKeySequence::ZoomOut);
+    m_viewMenu->addAction(tr("&Deselect"), this, SLOT(deselect()), QKeySequence(Qt::Key_Escape));
+    m_showPage = m_viewMenu->addAction(tr("Show &Page"));
+    m_showPage->setCheckable(true);
+    connect(m_showPage, SIGNAL(triggered(bool)), this, SLOT(showPage(bool)));
+    showWhetherPageShows();
+}
+
+QAction* MainWindow::addTool(QActionGroup& group, const char* iconName, const QString& text, const QString& key,
+                             int tool)
+{
+    QAction* const action = m_viewMenu->addAction(icon(iconName), text);
+    setShortcut(*action, QKeySequence(key));
     action->setCheckable(true);
     action->setData(tool);
     group.addAction(action);
@@ -128,29 +157,68 @@ void MainWindow::createHelpMenu()
 void MainWindow::createStatusBar()
 {
     m_description = new QLabel;
+    m_description->setTextFormat(Qt::PlainText); // it names the file
     m_selection = new QLabel;
     statusBar()->addWidget(m_description, 1);
     statusBar()->addPermanentWidget(m_selection);
-    statusBar()->addPermanentWidget(new WorkIndicator(this));
+    WorkIndicator* const work = new WorkIndicator(this);
+    statusBar()->addPermanentWidget(work);
+    m_viewMenu->addAction(&work->finishCommand());
 }
 
 void MainWindow::openFile(const QString& fileName)
 {
     if (!load(fileName)) {
-        VelUtilDialogLastMessageBox();
-        VelUtilLastErrorMessageClear();
-        if (!VelUtilWasInterrupted())
-            m_recentFiles->remove(fileName);
+        tellWhyNotOpened(fileName);
         return;
     }
-    showSelection();
     m_recentFiles->add(fileName);
+    m_output->setDataFile(fileName);
     const QString name = QFileInfo(fileName).fileName();
     setWindowTitle(tr("%1 - Viewer").arg(name));
-    m_description->setText(tr("%1: %2").arg(name, QString::fromUtf8(VelUtilDataDescription())));
+    showData(name);
+    statusBar()->clearMessage(); // it covers the description, and was about something before
     const QString notes = QString::fromUtf8(VelUtilLastLoadNotes());
     if (!notes.isEmpty())
         statusBar()->showMessage(notes.simplified(), NoteMilliseconds);
+}
+
+void MainWindow::tellWhyNotOpened(const QString& fileName)
+{
+    if (VelUtilWasInterrupted()) {
+        statusBar()->showMessage(tr("Stopped."), NoteMilliseconds);
+    } else {
+        VelUtilDialogLastMessageBox();
+        m_recentFiles->remove(fileName);
+    }
+    VelUtilLastErrorMessageClear();
+}
+
+// What there is, and what can be done with it. There can be data without a file of this window's: the
+// page outlives the window that it was opened in.
+void MainWindow::showData(const QString& name)
+{
+    const QString shown = QString::fromUtf8(VelUtilDataDescription());
+    if (shown.isEmpty())
+        m_description->setText(tr("Open a table or a grid with File > Open, or drop it here."));
+    else
+        m_description->setText(name.isEmpty() ? shown : tr("%1: %2").arg(name, shown));
+    m_output->setEnabled(!shown.isEmpty());
+    m_animation->setEnabled(VelUtilViewCanRotate() != 0);
+    offerRotating(shown.isEmpty() || VelUtilViewCanRotate());
+    showSelection();
+}
+
+// Lines do not turn; dragging is to do something all the same, until a surface comes again.
+void MainWindow::offerRotating(bool offered)
+{
+    m_rotate->setEnabled(offered);
+    if (offered && m_movesInsteadOfRotating) {
+        m_rotate->trigger();
+    } else if (!offered && m_rotate->isChecked()) {
+        m_move->trigger();
+        m_movesInsteadOfRotating = true;
+    }
 }
 
 void MainWindow::openLater(const QStringList& fileNames)
@@ -168,15 +236,17 @@ void MainWindow::openWaitingFiles()
 void MainWindow::chooseFile()
 {
     std::vector<char> name(LongestFileName);
+    const QByteArray folder = lastFolder(m_recentFiles->files()).toUtf8();
     const QByteArray title = tr("Open a Data File").toUtf8();
     const QByteArray filter = tr("Data files (*.csv *.txt *.dat *.tsv *.asc *.grd);;All files (*)").toUtf8();
-    if (VelEngSelectFile(SelectFileOption_ReadSingleFile, title.constData(), "", filter.constData(), name.data(),
-                         LongestFileName))
+    if (VelEngSelectFile(SelectFileOption_ReadSingleFile, title.constData(), folder.constData(), filter.constData(),
+                         name.data(), LongestFileName))
         openFile(QString::fromUtf8(name.data()));
 }
 
 void MainWindow::setTool(QAction* action)
 {
+    m_movesInsteadOfRotating = false;
     m_tools->setTool(static_cast<ViewTools::Tool>(action->data().toInt()));
 }
 
@@ -198,10 +268,37 @@ void MainWindow::fitView()
     VelUtilViewFit();
 }
 
+void MainWindow::zoomIn()
+{
+    zoom(ZoomStep);
+}
+
+void MainWindow::zoomOut()
+{
+    zoom(1 / ZoomStep);
+}
+
+void MainWindow::zoom(double factor)
+{
+    const QSize size = screenSize(*m_area);
+    VelUtilViewZoom(factor, size.width() / 2.0, size.height() / 2.0);
+}
+
+void MainWindow::showPage(bool shown)
+{
+    viewer::showPage(shown);
+}
+
+void MainWindow::showWhetherPageShows()
+{
+    m_showPage->setChecked(isPageShown());
+}
+
 void MainWindow::about()
 {
-    const QString text = tr("Viewer\n\nShows tables and grids through the integration library.\n\nOpenGL %1\nQt %2")
-                             .arg(QString::fromUtf8(VelEngOpenGLVersion()), QString::fromLatin1(qVersion()));
+    const QString text = tr("Viewer %1\n\nShows tables and grids through the integration library.\n\nOpenGL %2\nQt %3")
+                             .arg(QApplication::applicationVersion(), QString::fromUtf8(VelEngOpenGLVersion()),
+                                  QString::fromLatin1(qVersion()));
     VelEngMessageBoxShow(text.toUtf8().constData(), MessageBoxType_Information);
 }
 

@@ -16,6 +16,8 @@ class GLDrawArea;
 
 namespace viewer {
 
+class Animation;
+class OutputCommands;
 class RecentFiles;
 class ViewTools;
 
@@ -45,20 +47,35 @@ private Q_SLOTS:
     void deselect();
     void showSelection();
     void fitView();
+    void zoomIn();
+    void zoomOut();
+    void showPage(bool shown);
+    void showWhetherPageShows();
     void about();
 
 private:
     void createFileMenu();
     void createViewMenu();
+    void addViewCommands();
     void createHelpMenu();
     void createStatusBar();
-    QAction* addTool(QMenu& menu, QActionGroup& group, const char* icon, const QString& text, const QString& key,
-                     int tool);
+    void zoom(double factor);
+    void tellWhyNotOpened(const QString& fileName);
+    void showData(const QString& name);
+    void offerRotating(bool offered);
+    QAction* addTool(QActionGroup& group, const char* icon, const QString& text, const QString& key, int tool);
 
     velmora::sdk::integration::GLDrawArea* m_area;
     ViewTools* m_tools;
     RecentFiles* m_recentFiles = nullptr;
+    OutputCommands* m_output;
+    Animation* m_animation;
     QToolBar* m_toolBar;
+    QMenu* m_viewMenu;
+    QAction* m_rotate;
+    QAction* m_move;
+    QAction* m_showPage;
+    bool m_movesInsteadOfRotating = false; ///< nobody has chosen Move
     QLabel* m_description;
     QLabel* m_selection;
     QStringList m_waitingFiles;

@@ -1,5 +1,7 @@
 #include "NewFile.h"
 
+#include "EndSignals.h"
+
 #include <QFile>
 #include <QFileInfo>
 #include <cstdio>
@@ -56,7 +58,7 @@ bool NewFile::keep()
     if (!replaces())
         return true;
     const QByteArray written = QFile::encodeName(m_written);
-    if (!isStored(written))
+    if (endWasAsked() || !isStored(written))
         return false;
     if (QFile::exists(m_name))
         QFile::setPermissions(m_written, QFile::permissions(m_name));

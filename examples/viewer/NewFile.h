@@ -18,7 +18,8 @@ public:
     /// The name to write to.
     const QString& writtenName() const { return m_written; }
     bool replaces() const { return m_written != m_name; }
-    /// False when the file is not safely on the disk, which may be full, or cannot take its name.
+    /// False when the file is not safely on the disk, which may be full, or cannot take its name, or
+    /// when a signal has asked the process to end.
     bool keep();
 
 private:

@@ -2,6 +2,8 @@
 
 #include "EngineSession.h"
 
+#include <QFileInfo>
+
 namespace viewer {
 
 namespace {
@@ -13,6 +15,12 @@ public:
 
     bool atEnd() const { return m_words.isEmpty(); }
     QString take() { return m_words.takeFirst(); }
+    QStringList takeAll()
+    {
+        QStringList words = m_words;
+        m_words.clear();
+        return words;
+    }
 
     QString takeValueOf(const QString& option, Options& options)
     {
@@ -26,13 +34,19 @@ private:
     QStringList m_words;
 };
 
+bool isSide(int pixels)
+{
+    return pixels >= 1 && pixels <= Options::LargestSide;
+}
+
 QSize parseSize(const QString& text, Options& options)
 {
     const QStringList parts = text.split(QLatin1Char('x'));
     const QSize size = parts.size() == 2 ? QSize(parts[0].toInt(), parts[1].toInt()) : QSize();
-    if (options.error.isEmpty() && (size.width() < 1 || size.height() < 1))
-        options.error =
-            QString::fromLatin1("\"%1\" is not a size; write it as WxH in pixels, for example 800x600.").arg(text);
+    if (options.error.isEmpty() && !(isSide(size.width()) && isSide(size.height())))
+        options.error = QString::fromLatin1("\"%1\" is not a size; write it as WxH in pixels, 1 to %2 each, for "
+                                            "example 800x600.")
+                            .arg(text, QString::number(Options::LargestSide));
     return size;
 }
 
@@ -63,6 +77,15 @@ int parsePaper(const QString& text, Options& options)
     return index;
 }
 
+/// The papers in words; the first is the one that options begin with.
+QString paperChoice()
+{
+    QStringList names = EngineSession::paperNames();
+    const QString last = names.takeLast();
+    names.first() += QLatin1String(" (the default)");
+    return names.join(QLatin1String(", ")) + QLatin1String(" or ") + last;
+}
+
 bool parseTask(const QString& word, Words& rest, Options& options)
 {
     static const struct {
@@ -77,9 +100,11 @@ bool parseTask(const QString& word, Words& rest, Options& options)
     for (const auto& entry : tasks) {
         if (word != QLatin1String(entry.word))
             continue;
-        options.task = entry.task;
-        if (entry.writes)
+        if (entry.writes && options.writes())
+            options.error = QString::fromLatin1("Only one of --snapshot, --export and --print can be given.");
+        else if (entry.writes)
             options.output = rest.takeValueOf(word, options);
+        options.task = entry.task;
         return true;
     }
     return false;
@@ -108,10 +133,32 @@ void parseWord(const QString& word, Words& rest, Options& options)
 {
     if (parseTask(word, rest, options) || parseSetting(word, rest, options))
         return;
-    if (word.startsWith(QLatin1String("--")))
+    if (word == QLatin1String("--"))
+        options.files += rest.takeAll();
+    else if (word.startsWith(QLatin1Char('-')) && word.size() > 1)
         options.error = QString::fromLatin1("There is no option %1.").arg(word);
     else
         options.files.append(word);
+}
+
+/// What is wrong with the name to write to; a name without a suffix may be any, a device's for example.
+QString wrongSuffix(const Options& options)
+{
+    const bool page = options.task == Options::PrintPage;
+    const QString suffix = QFileInfo(options.output).suffix();
+    const QString right = QLatin1String(page ? "pdf" : "png");
+    if (suffix.isEmpty() || suffix.compare(right, Qt::CaseInsensitive) == 0)
+        return QString();
+    const char* const message = page ? "%1: pages are printed as PDF; give a name that ends in .pdf."
+                                     : "%1: images are written as PNG; give a name that ends in .png.";
+    return QString::fromLatin1(message).arg(options.output);
+}
+
+QString problemOfWriting(const Options& options)
+{
+    if (options.files.size() != 1)
+        return QString::fromLatin1("A picture is made of exactly one data file.");
+    return wrongSuffix(options);
 }
 
 } // namespace
@@ -122,34 +169,39 @@ Options parseOptions(const QStringList& arguments)
     Words words(arguments);
     while (!words.atEnd() && options.error.isEmpty())
         parseWord(words.take(), words, options);
-    const bool writes = options.task >= Options::TakeSnapshot;
-    if (options.error.isEmpty() && writes && options.files.size() != 1)
-        options.error = QString::fromLatin1("A picture is made of exactly one data file.");
+    if (options.error.isEmpty() && options.writes())
+        options.error = problemOfWriting(options);
     return options;
 }
 
 QString helpText()
 {
-    return QString::fromLatin1(
+    const QString text = QString::fromLatin1(
         "usage: viewer [OPTIONS] [FILE...]\n"
         "\n"
         "Shows delimited tables (lines) and ESRI ASCII grids (surfaces).\n"
         "\n"
         "  FILE                    opens the file; several files are opened one after the other\n"
         "  --snapshot OUT.png FILE draws the file, writes what the screen shows and exits\n"
-        "  --export OUT.png FILE   draws the file into an image of any size and exits\n"
+        "  --export OUT.png FILE   draws the file into an image and exits\n"
         "  --print OUT.pdf FILE    prints the file and exits\n"
-        "  --size WxH              size of the picture, or of the window, in pixels\n"
+        "  --size WxH              size of the picture, or of the window, in pixels: each side at most\n"
+        "                          %2, and a window or snapshot no larger than the screen\n"
         "  --supersample N         draws an export N times (1 to 8) larger and averages it\n"
         "  --strategy NAME         draws an export with hardware (the default) or software\n"
-        "  --paper NAME            prints on Letter (the default), Double, A4, A3, Custom1 or Custom2\n"
+        "  --paper NAME            prints on %1\n"
         "  --landscape             prints across the paper\n"
         "  --slow                  makes all drawing slow, to try out interrupting it\n"
         "  --version               prints the version\n"
         "  --help, -h              prints this text\n"
+        "  --                      what follows are files, also where it begins with -\n"
+        "\n"
+        "A command line has one of --snapshot, --export and --print. OUT ends in .png, or .pdf for --print,\n"
+        "or has no suffix. A signal that ends them (Ctrl+C) leaves an older OUT as it was.\n"
         "\n"
         "Exit code: 0 when all went well, 1 when a file could not be read or written, 2 for a wrong\n"
         "command line, 3 when the display or its OpenGL cannot be used or was lost.\n");
+    return text.arg(paperChoice(), QString::number(Options::LargestSide));
 }
 
 } // namespace viewer

@@ -11,10 +11,13 @@ struct Options {
     /// Those that make a picture of one file come last.
     enum Task { ShowWindow, PrintHelp, PrintVersion, TakeSnapshot, ExportImage, PrintPage };
 
+    /// Windows and images have no larger sides.
+    static constexpr int LargestSide = 32768;
+
     Task task = ShowWindow;
     QStringList files;
     QString output; ///< of a snapshot, an export or a print
-    QSize size;     ///< of the picture or the window; invalid when not given
+    QSize size;     ///< of the picture or the window, not above LargestSide; invalid when not given
     int supersample = 1;
     bool software = false; ///< draws an export with software
     int paper = 0;         ///< by the place of its name in EngineSession::paperNames()
@@ -22,6 +25,8 @@ struct Options {
     bool slow = false;
     QString error; ///< what is wrong with the command line; empty when nothing is
 
+    /// Whether the task makes a picture instead of a window.
+    bool writes() const { return task >= TakeSnapshot; }
     QSize pictureSize() const { return size.isValid() ? size : QSize(1000, 700); }
 };
 

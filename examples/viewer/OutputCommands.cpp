@@ -3,11 +3,17 @@
 #include "ExportDialog.h"
 #include "PagePrinter.h"
 #include "PageSetup.h"
+#include "ScreenPixels.h"
+#include "ShownPage.h"
 #include "WaitCursor.h"
 #include "engine/VelUtil.h"
+#include "integration/Manager.h"
 #include "integration/printing/PrintingUtil.h"
+#include "interfaces/ApplicationEventMonitorInterface.h"
 
+#include <QAction>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QGraphicsView>
 #include <QMainWindow>
 #include <QMenu>
@@ -29,14 +35,18 @@ constexpr int NoteMilliseconds = 8000;
 constexpr int RetryMilliseconds = 50;
 constexpr int PreviewDotsPerInch = 100; // about the screen's
 
-// The toolkit's own dialog: the engine's offers files that there are, not names for new ones.
-QString chooseImageFile(QWidget* parent)
+QString waitNote()
 {
-    QFileDialog dialog(parent, OutputCommands::tr("Export Image"), QString(), OutputCommands::tr("PNG images (*.png)"));
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix(QLatin1String("png"));
-    dialog.selectFile(QLatin1String("plot.png"));
-    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+    return OutputCommands::tr("Wait until the drawing is complete, or stop it.");
+}
+
+/// Gives the engine the printer's page. The engine then shows the page in the window; that is for the
+/// person to ask for.
+void takePageFrom(QPrinter& printer)
+{
+    const bool shown = isPageShown();
+    UpdateKernelFromPrinter(printer);
+    showPage(shown);
 }
 
 /// Keeps a preview empty and out of use. While its page is drawn, which gives the application its turn,
@@ -65,44 +75,75 @@ private:
 
 } // namespace
 
-OutputCommands::OutputCommands(QMenu& menu, QMainWindow& window) : QObject(&window), m_window(window)
+OutputCommands::OutputCommands(QMenu& menu, QMainWindow& window)
+    : QObject(&window), m_window(window), m_notes(window.statusBar())
 {
-    menu.addAction(tr("&Export Image..."), this, SLOT(exportImage()), QKeySequence(Qt::CTRL + Qt::Key_E));
+    m_export = menu.addAction(tr("&Export Image..."), this, SLOT(exportImage()), QKeySequence(Qt::CTRL + Qt::Key_E));
     menu.addSeparator();
     menu.addAction(tr("Page &Setup..."), this, SLOT(setUpPage()));
-    menu.addAction(tr("Print Pre&view..."), this, SLOT(preview()));
-    menu.addAction(tr("&Print..."), this, SLOT(print()), QKeySequence::Print);
+    m_preview = menu.addAction(tr("Print Pre&view..."), this, SLOT(preview()));
+    m_print = menu.addAction(tr("&Print..."), this, SLOT(print()), QKeySequence::Print);
+    m_notBusy =
+        Manager::getInstance().getApplicationEventMonitor().connectEngineIsNoLongerBusy([this] { workEnded(); });
 }
 
 OutputCommands::~OutputCommands() = default;
+
+void OutputCommands::setEnabled(bool enabled)
+{
+    for (QAction* const action : {m_export, m_preview, m_print})
+        action->setEnabled(enabled);
+}
 
 // A key can choose a command in the middle of a drawing, which could not go on beneath it.
 bool OutputCommands::isEngineFree()
 {
     const bool free = !VelUtilIsBusy();
     if (!free)
-        m_window.statusBar()->showMessage(tr("Wait until the drawing is complete, or stop it."), NoteMilliseconds);
+        m_notes->showMessage(waitNote(), NoteMilliseconds);
     return free;
+}
+
+void OutputCommands::workEnded()
+{
+    if (m_notes && m_notes->currentMessage() == waitNote())
+        m_notes->clearMessage();
 }
 
 void OutputCommands::tell(bool done, const QString& success)
 {
     const bool stopped = !done && VelUtilWasInterrupted();
     if (done || stopped)
-        m_window.statusBar()->showMessage(done ? success : tr("Stopped."), NoteMilliseconds);
+        m_notes->showMessage(done ? success : tr("Stopped."), NoteMilliseconds);
     else
         VelUtilDialogLastMessageBox();
     VelUtilLastErrorMessageClear();
+}
+
+// The toolkit's own dialog: the engine's offers files that there are, not names for new ones.
+QString OutputCommands::chooseImageFile()
+{
+    const QFileInfo data(m_dataFile.isEmpty() ? QString::fromLatin1("plot") : m_dataFile);
+    QFileDialog dialog(&m_window, tr("Export Image"), m_imageFolder.isEmpty() ? data.absolutePath() : m_imageFolder,
+                       tr("PNG images (*.png)"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(QLatin1String("png"));
+    dialog.selectFile(data.completeBaseName() + QLatin1String(".png"));
+    if (dialog.exec() != QDialog::Accepted)
+        return QString();
+    const QString name = dialog.selectedFiles().value(0);
+    m_imageFolder = QFileInfo(name).absolutePath();
+    return name;
 }
 
 void OutputCommands::exportImage()
 {
     if (!isEngineFree())
         return;
-    ExportDialog dialog(m_window.centralWidget()->size(), &m_window);
+    ExportDialog dialog(screenSize(*m_window.findChild<GLDrawArea*>()), &m_window);
     if (dialog.exec() != QDialog::Accepted)
         return;
-    const QString name = chooseImageFile(&m_window);
+    const QString name = chooseImageFile();
     if (name.isEmpty())
         return;
     const VelExportImageOptions options = dialog.options();
@@ -126,8 +167,10 @@ void OutputCommands::setUpPage()
     if (!isEngineFree())
         return;
     QPrinter& printer = printerWithPage();
-    if (askForPage(printer, m_window))
-        UpdateKernelFromPrinter(printer);
+    if (!askForPage(printer, m_window))
+        return;
+    UpdateKernelFromPrinter(printer);
+    Q_EMIT pageWasSetUp();
 }
 
 void OutputCommands::preview()
@@ -136,12 +179,16 @@ void OutputCommands::preview()
         return;
     QPrintPreviewDialog dialog(&printerWithPage(), &m_window);
     connect(&dialog, SIGNAL(paintRequested(QPrinter*)), this, SLOT(paintPreview(QPrinter*)));
+    m_previewFailed = false;
     dialog.exec();
+    if (m_previewFailed)
+        tell(false, QString());
 }
 
 void OutputCommands::paintPreview(QPrinter* printer)
 {
-    QPrintPreviewWidget* const preview = sender()->findChild<QPrintPreviewWidget*>();
+    QPrintPreviewDialog* const dialog = qobject_cast<QPrintPreviewDialog*>(sender());
+    QPrintPreviewWidget* const preview = dialog->findChild<QPrintPreviewWidget*>();
     // The preview's button that prints leads here as well, with the printer as it is and the preview
     // still open.
     const bool isForScreen = printer->paintEngine()->type() == QPaintEngine::Picture;
@@ -152,8 +199,11 @@ void OutputCommands::paintPreview(QPrinter* printer)
         QTimer::singleShot(RetryMilliseconds, this, SLOT(updateWaitingPreview()));
     } else {
         const PreviewAtRest atRest(*preview);
-        UpdateKernelFromPrinter(*printer);
-        printPage(*printer, PreviewDotsPerInch);
+        takePageFrom(*printer);
+        m_previewFailed = !printPage(*printer, PreviewDotsPerInch);
+        // Later: this may be before the dialog shows for the first time, which it would do all the same.
+        if (m_previewFailed)
+            QTimer::singleShot(0, dialog, SLOT(reject()));
     }
 }
 
@@ -187,7 +237,7 @@ void OutputCommands::print()
 
 void OutputCommands::printOn(QPrinter& printer)
 {
-    UpdateKernelFromPrinter(printer);
+    takePageFrom(printer);
     const bool done = [&] {
         const WaitCursor waitCursor;
         return printPage(printer);

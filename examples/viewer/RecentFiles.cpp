@@ -1,6 +1,7 @@
 #include "RecentFiles.h"
 
 #include <QAction>
+#include <QDir>
 #include <QFileInfo>
 #include <QMenu>
 #include <QSettings>
@@ -11,6 +12,27 @@ namespace {
 
 constexpr int MostFiles = 8;
 const char* const SettingsKey = "recentFiles";
+
+QString nameOf(const QString& path)
+{
+    return QFileInfo(path).fileName();
+}
+
+/// The names, and the folders of those that would be the same.
+QStringList menuTexts(const QStringList& paths)
+{
+    QStringList names;
+    for (const QString& path : paths)
+        names.append(nameOf(path));
+    QStringList texts;
+    for (const QString& path : paths) {
+        const bool isOneOfMany = names.count(nameOf(path)) > 1;
+        const QString folder = QDir::toNativeSeparators(QFileInfo(path).absolutePath());
+        QString text = isOneOfMany ? RecentFiles::tr("%1 - %2").arg(nameOf(path), folder) : nameOf(path);
+        texts.append(text.replace(QLatin1Char('&'), QLatin1String("&&"))); // one alone would underline
+    }
+    return texts;
+}
 
 } // namespace
 
@@ -50,10 +72,11 @@ void RecentFiles::fillMenu()
 {
     m_menu.clear();
     const QStringList list = files();
-    for (const QString& path : list) {
-        QAction* const action = m_menu.addAction(QFileInfo(path).fileName(), this, SLOT(open()));
-        action->setData(path);
-        action->setStatusTip(path);
+    const QStringList texts = menuTexts(list);
+    for (int i = 0; i < list.size(); ++i) {
+        QAction* const action = m_menu.addAction(texts[i], this, SLOT(open()));
+        action->setData(list[i]);
+        action->setStatusTip(list[i]);
     }
     m_menu.setEnabled(!list.isEmpty());
 }

@@ -1,16 +1,19 @@
 #include "RegionSelector.h"
 
+#include "ScreenPixels.h"
 #include "engine/VelEng.h"
 #include "engine/VelUtil.h"
 
 #include <QStyleOption>
-#include <QWidget>
+#include <QtGlobal>
 
 namespace viewer {
 
+using velmora::sdk::integration::GLDrawArea;
+
 namespace {
 
-constexpr int ReachOfClick = 4; // pixels: nobody hits a thin line exactly
+constexpr int ReachOfClick = 4; // pixels of the area: nobody hits a thin line exactly
 
 } // namespace
 
@@ -27,7 +30,7 @@ int HollowBandStyle::styleHint(StyleHint hint, const QStyleOption* option, const
 }
 
 // A window of its own: nothing but OpenGL can paint in the area.
-RegionSelector::RegionSelector(QWidget& area) : m_area(area), m_band(QRubberBand::Rectangle)
+RegionSelector::RegionSelector(GLDrawArea& area) : m_area(area), m_band(QRubberBand::Rectangle)
 {
     m_band.setStyle(&m_style);
 }
@@ -40,13 +43,20 @@ QRect RegionSelector::rectTo(const QPoint& position) const
 void RegionSelector::begin(const QPoint& position)
 {
     m_corner = position;
-    m_band.setGeometry(QRect(m_area.mapToGlobal(position), QSize(1, 1)));
+    placeBand(position);
     m_band.show();
 }
 
 void RegionSelector::extend(const QPoint& position)
 {
-    const QRect rect = rectTo(position) & m_area.rect();
+    placeBand(position);
+}
+
+// The band is a window: the toolkit places it in its own pixels.
+void RegionSelector::placeBand(const QPoint& position)
+{
+    const double scale = screenPixelsPerPixel(m_area);
+    const QRect rect = QRect(m_corner / scale, position / scale).normalized() & m_area.rect();
     m_band.setGeometry(QRect(m_area.mapToGlobal(rect.topLeft()), rect.size()));
 }
 
@@ -54,8 +64,9 @@ void RegionSelector::finish(const QPoint& position, bool add)
 {
     m_band.hide();
     QRect rect = rectTo(position);
-    if (rect.width() < ReachOfClick && rect.height() < ReachOfClick)
-        rect.adjust(-ReachOfClick, -ReachOfClick, ReachOfClick, ReachOfClick);
+    const int reach = qRound(ReachOfClick * screenPixelsPerPixel(m_area));
+    if (rect.width() < reach && rect.height() < reach)
+        rect.adjust(-reach, -reach, reach, reach);
     double left = 0.0, right = 0.0, bottom = 0.0, top = 0.0;
     VelUtilPickPositionToPaper(rect.left(), rect.bottom(), &left, &bottom);
     VelUtilPickPositionToPaper(rect.right(), rect.top(), &right, &top);

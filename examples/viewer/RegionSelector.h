@@ -4,7 +4,13 @@
 #include <QProxyStyle>
 #include <QRubberBand>
 
-class QWidget;
+namespace velmora {
+namespace sdk {
+namespace integration {
+class GLDrawArea;
+} // namespace integration
+} // namespace sdk
+} // namespace velmora
 
 namespace viewer {
 
@@ -18,9 +24,9 @@ public:
 /// Selects what a rubber band encloses, or what is at the place of a mere click.
 class RegionSelector {
 public:
-    explicit RegionSelector(QWidget& area);
+    explicit RegionSelector(velmora::sdk::integration::GLDrawArea& area);
 
-    // Positions in pixels of the area.
+    // Positions in the area, in pixels of the screen, as the mouse events have them.
     void begin(const QPoint& position);
     void extend(const QPoint& position);
     /// Selects; with `add` what was selected before stays so.
@@ -30,8 +36,9 @@ public:
 
 private:
     QRect rectTo(const QPoint& position) const;
+    void placeBand(const QPoint& position);
 
-    QWidget& m_area;
+    velmora::sdk::integration::GLDrawArea& m_area;
     HollowBandStyle m_style;
     QRubberBand m_band;
     QPoint m_corner;

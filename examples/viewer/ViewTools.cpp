@@ -1,5 +1,6 @@
 #include "ViewTools.h"
 
+#include "ScreenPixels.h"
 #include "engine/VelEng.h"
 #include "engine/VelUtil.h"
 #include "integration/glarea/GLDrawArea.h"
@@ -17,6 +18,7 @@ namespace {
 // By Tool.
 constexpr CursorStyle_e Cursors[] = {CursorStyle_Rotate, CursorStyle_Translate, CursorStyle_Zoom, CursorStyle_Cross};
 
+// Of the area's pixels, so that the same way of the hand does the same whatever their size.
 constexpr double DegreesPerPixel = 0.4;
 constexpr double ZoomPerPixel = 1.006;
 constexpr double ZoomPerWheelUnit = 1.0015; // 120 units are one notch: about 20 percent
@@ -88,15 +90,16 @@ void ViewTools::buttonDoublePressed(MouseEventInterface&, MouseEventObservableIn
 void ViewTools::drag(const QPoint& from, const QPoint& to)
 {
     const QPoint way = to - from;
+    const QPointF wayOfHand = QPointF(way) / screenPixelsPerPixel(m_area);
     switch (m_dragging) {
     case Rotate:
-        VelUtilViewRotate(way.x() * DegreesPerPixel, way.y() * DegreesPerPixel);
+        VelUtilViewRotate(wayOfHand.x() * DegreesPerPixel, wayOfHand.y() * DegreesPerPixel);
         break;
     case Move:
         VelUtilViewTranslate(way.x(), way.y());
         break;
     case Zoom:
-        VelUtilViewZoom(std::pow(ZoomPerPixel, -way.y()), m_pressed.x(), m_pressed.y());
+        VelUtilViewZoom(std::pow(ZoomPerPixel, -wayOfHand.y()), m_pressed.x(), m_pressed.y());
         break;
     case Select:
         m_selector.extend(to);
@@ -110,7 +113,8 @@ bool ViewTools::eventFilter(QObject* watched, QEvent* event)
     if (watched != &m_area || event->type() != QEvent::Wheel)
         return false;
     const QWheelEvent& wheel = static_cast<const QWheelEvent&>(*event);
-    VelUtilViewZoom(std::pow(ZoomPerWheelUnit, wheel.delta()), wheel.pos().x(), wheel.pos().y());
+    const QPointF position = QPointF(wheel.pos()) * screenPixelsPerPixel(m_area);
+    VelUtilViewZoom(std::pow(ZoomPerWheelUnit, wheel.delta()), position.x(), position.y());
     return true;
 }
 

@@ -1,5 +1,6 @@
 #include "WorkIndicator.h"
 
+#include "ToolTip.h"
 #include "engine/VelEng.h"
 #include "engine/VelUtil.h"
 #include "integration/Manager.h"
@@ -10,6 +11,7 @@
 #include "interfaces/KeyEventObservableInterface.h"
 #include "interfaces/OnIdleObservableInterface.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -64,23 +66,29 @@ QPushButton* addButton(QBoxLayout& layout, const QString& text, const QString& t
 } // namespace
 
 WorkIndicator::WorkIndicator(QWidget* parent)
-    : QWidget(parent), m_text(new QLabel), m_idle(new QLabel), m_bar(new QProgressBar)
+    : QWidget(parent), m_text(new QLabel), m_idle(new QLabel), m_bar(new QProgressBar),
+      m_finishCommand(new QAction(tr("F&inish Drawing"), this))
 {
     QHBoxLayout* const row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
+    m_text->setTextFormat(Qt::PlainText); // it names files
     row->addWidget(m_text);
     row->addWidget(m_bar);
     m_bar->setRange(0, BarSteps);
     m_bar->setFixedWidth(140);
     m_bar->hide();
-    m_stop = addButton(*row, tr("Stop"), tr("Stop what is going on (Escape)"));
-    m_finish = addButton(*row, tr("Finish"), tr("Draw what is missing"));
+    m_stop = addButton(*row, tr("Stop"), withShortcut(tr("Stop what is going on"), QKeySequence(Qt::Key_Escape)));
+    m_finishCommand->setToolTip(tr("Draw what is missing"));
+    setShortcut(*m_finishCommand, QKeySequence(Qt::Key_F5));
+    m_finish = addButton(*row, tr("Finish"), m_finishCommand->toolTip());
+    offerToFinish(false);
     row->addWidget(m_idle);
     // As high as ever it gets: a status bar that grows with the button would resize the plot, which
     // would have to be drawn anew.
     setFixedHeight(m_stop->sizeHint().height());
     connect(m_stop, SIGNAL(clicked()), this, SLOT(stop()));
     connect(m_finish, SIGNAL(clicked()), this, SLOT(finish()));
+    connect(m_finishCommand, SIGNAL(triggered()), this, SLOT(finish()));
 
     m_stopButton = boost::make_shared<StopButton>(m_stop);
     m_dialogInTheWay = boost::make_shared<DialogInTheWay>();
@@ -123,7 +131,7 @@ void WorkIndicator::stop()
 
 void WorkIndicator::finish()
 {
-    m_finish->hide();
+    offerToFinish(false);
     m_text->clear();
     VelUtilPageFinish();
 }
@@ -144,7 +152,13 @@ void WorkIndicator::showProgress(const QString& what, double fraction)
     m_bar->setValue(static_cast<int>(fraction * BarSteps));
     m_bar->show();
     m_stop->show();
-    m_finish->hide();
+    offerToFinish(false);
+}
+
+void WorkIndicator::offerToFinish(bool offered)
+{
+    m_finish->setVisible(offered);
+    m_finishCommand->setEnabled(offered);
 }
 
 void WorkIndicator::workEnded()
@@ -154,7 +168,7 @@ void WorkIndicator::workEnded()
     m_stop->hide();
     const bool incomplete = VelUtilPageIsInterrupted() != 0;
     m_text->setText(incomplete ? tr("The plot is incomplete.") : QString());
-    m_finish->setVisible(incomplete);
+    offerToFinish(incomplete);
     // Idle time is announced after an event, and the end of work is none.
     QTimer::singleShot(0, this, SLOT(update()));
 }

@@ -8,6 +8,7 @@
 #include <QWidget>
 #include <boost/shared_ptr.hpp>
 
+class QAction;
 class QLabel;
 class QProgressBar;
 class QPushButton;
@@ -34,6 +35,9 @@ public:
     explicit WorkIndicator(QWidget* parent);
     ~WorkIndicator() override;
 
+    /// The command that does what the button to finish does, for a menu; enabled while that shows.
+    QAction& finishCommand() const { return *m_finishCommand; }
+
     void keyPressed(velmora::sdk::integration::KeyEventInterface& event,
                     velmora::sdk::integration::KeyEventObservableInterface& source) override;
     void keyReleased(velmora::sdk::integration::KeyEventInterface& event,
@@ -48,12 +52,14 @@ private:
     static void progressed(const char* what, double fraction, long clientData);
     void showProgress(const QString& what, double fraction);
     void workEnded();
+    void offerToFinish(bool offered);
 
     QLabel* m_text;
     QLabel* m_idle;
     QProgressBar* m_bar;
     QPushButton* m_stop;
     QPushButton* m_finish;
+    QAction* m_finishCommand;
     QElapsedTimer m_working;
     boost::shared_ptr<const velmora::sdk::integration::StopButtonInterface> m_stopButton;
     boost::shared_ptr<const velmora::sdk::integration::StopButtonInterface> m_dialogInTheWay;

@@ -1,4 +1,5 @@
 #include "Display.h"
+#include "EndSignals.h"
 #include "EngineSession.h"
 #include "FileOutput.h"
 #include "MainWindow.h"
@@ -8,13 +9,12 @@
 #include "integration/glarea/GLDrawArea.h"
 
 #include <QApplication>
+#include <QDesktopWidget>
 #include <cstdio>
 
 namespace {
 
 enum ExitCode { AllWell = 0, Failed = 1, WrongUsage = 2, NoDisplay = 3 };
-
-const char* const Version = "1.0.0";
 
 int tell(ExitCode code, const QString& problem)
 {
@@ -27,7 +27,7 @@ int showWindow(const viewer::Options& options)
     viewer::MainWindow window;
     viewer::requireOpenGL(window.drawArea());
     if (options.size.isValid())
-        window.resize(options.size);
+        window.resize(options.size.boundedTo(QApplication::desktop()->size()));
     window.show();
     window.openLater(options.files);
     return QApplication::exec();
@@ -35,20 +35,28 @@ int showWindow(const viewer::Options& options)
 
 int carryOut(viewer::EngineSession& session, const viewer::Options& options)
 {
+    if (!options.writes())
+        return showWindow(options);
+    const viewer::EndSignals endSignals;
     switch (options.task) {
     case viewer::Options::TakeSnapshot:
         return viewer::takeSnapshot(options);
     case viewer::Options::ExportImage:
         return viewer::exportFile(options);
-    case viewer::Options::PrintPage:
-        return viewer::printFile(session, options);
     default:
-        return showWindow(options);
+        return viewer::printFile(session, options);
     }
 }
 
-int run(const viewer::Options& options, int argc, char** argv)
+// The toolkit and the engine have options of their own, by which they would take files that follow --;
+// they get the program's name only.
+int run(const viewer::Options& options, char** argv)
 {
+    int argc = 1;
+    QApplication application(argc, argv);
+    application.setOrganizationName(QLatin1String("Velmora"));
+    application.setApplicationName(QLatin1String("Viewer"));
+    application.setApplicationVersion(QLatin1String(VIEWER_VERSION));
     viewer::EngineSession session(argc, argv);
     if (!session.error().isEmpty())
         return tell(Failed, session.error());
@@ -84,14 +92,13 @@ int main(int argc, char** argv)
         const bool help = options.task == viewer::Options::PrintHelp;
         std::printf("%s", help ? viewer::helpText().toUtf8().constData() : "");
         if (!help)
-            std::printf("viewer %s\n", Version);
+            std::printf("viewer %s\n", VIEWER_VERSION);
         return AllWell;
     }
     const QString problem = viewer::displayProblem();
     if (!problem.isEmpty())
         return tell(NoDisplay, problem);
-    QApplication application(argc, argv);
-    application.setOrganizationName(QLatin1String("Velmora"));
-    application.setApplicationName(QLatin1String("Viewer"));
-    return run(options, argc, argv);
+    const int code = run(options, argv);
+    viewer::endAsAsked();
+    return code;
 }

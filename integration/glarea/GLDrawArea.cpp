@@ -4,6 +4,7 @@
 #include "exception/ExceptionBase.h"
 #include "integration/glarea/GoodVisualChooserQGLContext.h"
 #include "integration/intern/EventRecords.h"
+#include "integration/toolkit/DisplayScale.h"
 #include "integration/toolkit/Exposure.h"
 #include "integrationmanager/GLDrawAreaPageTracker.h"
 #include "integrationmanager/GLDrawAreaStateObservable.h"
@@ -113,10 +114,13 @@ bool GLDrawArea::isVisible() const
     return QWidget::isVisible();
 }
 
+// Not width() and height() where the toolkit scales: a viewport of that size would leave a part of the
+// area empty.
 void GLDrawArea::getSize(int* width, int* height) const
 {
-    *width = QWidget::width();
-    *height = QWidget::height();
+    const QSize size = toolkit::screenSize(*this);
+    *width = size.width();
+    *height = size.height();
 }
 
 GLContextInterface& GLDrawArea::getGLContext()
@@ -190,28 +194,28 @@ void GLDrawArea::keyReleaseEvent(QKeyEvent* event)
 
 void GLDrawArea::mouseMoveEvent(QMouseEvent* event)
 {
-    intern::MouseEvent record = intern::recordOf(*event, *this);
+    intern::MouseEvent record = intern::recordOf(*event, *this, *this);
     m_mouseObservable->notifyOfMouseMoved(record, *this);
     emitMouseMoved(record);
 }
 
 void GLDrawArea::mousePressEvent(QMouseEvent* event)
 {
-    intern::MouseEvent record = intern::recordOf(*event, *this);
+    intern::MouseEvent record = intern::recordOf(*event, *this, *this);
     m_mouseObservable->notifyOfButtonPressed(record, *this);
     emitButtonPressed(record);
 }
 
 void GLDrawArea::mouseReleaseEvent(QMouseEvent* event)
 {
-    intern::MouseEvent record = intern::recordOf(*event, *this);
+    intern::MouseEvent record = intern::recordOf(*event, *this, *this);
     m_mouseObservable->notifyOfButtonReleased(record, *this);
     emitButtonReleased(record);
 }
 
 void GLDrawArea::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    intern::MouseEvent record = intern::recordOf(*event, *this);
+    intern::MouseEvent record = intern::recordOf(*event, *this, *this);
     m_mouseObservable->notifyOfButtonDoublePressed(record, *this);
     emitButtonDoublePressed(record);
 }
@@ -240,6 +244,10 @@ void GLDrawArea::paintEvent(QPaintEvent* event)
         QGLWidget::paintEvent(event);
         setAutoBufferSwap(false);
     }
+    // On another screen the same widget may have another size in pixels, and no resize event tells of it.
+    const double scale = toolkit::screenPixelsPerPixel(*this);
+    m_sizeChanged = m_sizeChanged || scale != m_scale;
+    m_scale = scale;
     m_stateObservable->notifyOfExposure(m_sizeChanged);
     emitDrawAreaExposed(m_sizeChanged);
     m_sizeChanged = false;

@@ -29,6 +29,10 @@ class MouseEventObservable;
 /// never reach the toolkit's default handlers, paint and resize events only while the area shows no
 /// page. Events are valid only while a listener is called; one that keeps an event keeps a clone.
 ///
+/// The engine's pixels are those of the screen: sizes and positions that it is told are in them. Where the
+/// toolkit scales its windows (Qt 5's QT_SCALE_FACTOR and the like), the widget's own are larger, and a
+/// host that hands the engine a position of the widget multiplies it by what `getSize` tells over `size()`.
+///
 /// GUI thread only. The constructor throws velmora::ExceptionBase "Failed to create GLDrawArea."
 /// when the toolkit gets no OpenGL context; what reading the configuration throws passes through.
 class VELMORA_INTEGRATION_EXPORT GLDrawArea : public QGLWidget, public virtual GLDrawAreaInterface {
@@ -41,6 +45,7 @@ public:
     ~GLDrawArea() override;
 
     bool isVisible() const override;
+    /// In pixels of the screen, see the class.
     void getSize(int* width, int* height) const override;
     GLContextInterface& getGLContext() override;
     bool isValidWidget() const override;
@@ -95,6 +100,7 @@ private:
     GLContext m_glContext;
     bool m_valid;
     bool m_sizeChanged;
+    double m_scale = 0; ///< at the last paint; 0 before the first
     std::unique_ptr<intern::GLDrawAreaPageTracker> m_pageTracker;
     std::unique_ptr<intern::GLDrawAreaStateObservable> m_stateObservable;
     std::unique_ptr<intern::MouseEventObservable> m_mouseObservable;

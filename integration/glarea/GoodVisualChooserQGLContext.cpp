@@ -46,7 +46,7 @@ QGLFormat configuredFormat()
     return format;
 }
 
-void* chooseAdvanced()
+toolkit::OwnedVisual chooseAdvanced()
 {
     VisualRequest request;
     request.depthSize = valueOrDefault(screenRendering("DepthBufferSize"), DefaultDepthSize);
@@ -81,7 +81,8 @@ void* GoodVisualChooserQGLContext::chooseVisual()
     if (toolkitMustChoose())
         return VisualChoosingContext::chooseVisual();
     const bool advanced = openGLConfig("UseAdvancedVisualChooser") != 0;
-    OwnedVisual chosen(advanced ? chooseAdvanced() : VisualChoosingContext::chooseVisual());
+    toolkit::OwnedVisual chosen =
+        advanced ? chooseAdvanced() : toolkit::OwnedVisual(VisualChoosingContext::chooseVisual());
     if (chosen)
         rememberChoice(VisualList::idOf(chosen.get()));
     return chosen.release();

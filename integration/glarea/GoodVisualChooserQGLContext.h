@@ -9,11 +9,12 @@ namespace integration {
 
 /// The OpenGL context of a drawing area. It asks for what the "ScreenRendering" settings say and,
 /// with "UseAdvancedVisualChooser" on, picks the X visual itself: the one with the configured
-/// "VisualID", else the best TrueColor visual by its own ranking. The chosen ID is written back to
-/// "VisualID", so that contexts created later in the same run take it without ranking again.
+/// "VisualID", else the best TrueColor visual by its own ranking. Whoever chose, the ID is written
+/// back to "VisualID": with the switch on, the contexts created later in the same run take that
+/// visual without ranking again; with it off, the toolkit chooses anew for each.
 ///
 /// GUI thread only. Without X11, without any TrueColor visual, or with a configured ID that matches
-/// none, the toolkit chooses and nothing is written.
+/// none, the toolkit chooses and nothing is written. Exceptions of the toolbox pass through.
 class VELMORA_INTEGRATION_EXPORT GoodVisualChooserQGLContext : public toolkit::VisualChoosingContext {
 public:
     GoodVisualChooserQGLContext();

@@ -8,12 +8,6 @@ MouseEvent::MouseEvent(MouseEventObservableInterface* source, MouseButton_e butt
     : m_source(source), m_button(button), m_x(x), m_y(y), m_modifiers(modifiers)
 {}
 
-// Written out because the virtual bases hold nothing that could be copied.
-MouseEvent::MouseEvent(const MouseEvent& other)
-    : EventInterface(), MouseEventInterface(), m_source(other.m_source), m_button(other.m_button), m_x(other.m_x),
-      m_y(other.m_y), m_modifiers(other.m_modifiers)
-{}
-
 MouseEvent::~MouseEvent() = default;
 
 int MouseEvent::keyboardModifiers() const

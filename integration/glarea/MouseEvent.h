@@ -13,10 +13,10 @@ namespace intern {
 /// The mouse event record that producers build on the stack; it lives while listeners are notified.
 class MouseEvent : public virtual MouseEventInterface {
 public:
-    /// `source` produced the event and is not owned; `x` and `y` are in its pixels; `modifiers` is
+    /// `source` produced the event and is not owned; `x` and `y` are in screen pixels of it; `modifiers` is
     /// the generic modifier mask.
     MouseEvent(MouseEventObservableInterface* source, MouseButton_e button, int x, int y, int modifiers);
-    MouseEvent(const MouseEvent& other);
+    MouseEvent(const MouseEvent& other) = default;
     MouseEvent& operator=(const MouseEvent&) = delete;
     ~MouseEvent() override;
 
@@ -29,6 +29,7 @@ public:
     int y() const override;
     MouseEventInterface* clone() const override;
 
+    /// As given to the constructor, so it may be null; not owned, and not kept alive by a clone.
     MouseEventObservableInterface* source() const;
 
 private:

@@ -12,10 +12,6 @@ namespace velmora::sdk::integration {
 
 namespace {
 
-struct FreeByXlib {
-    void operator()(XVisualInfo* visuals) const { XFree(visuals); }
-};
-
 // Asks for one GLX attribute after the other, of one visual after the other. A query that fails
 // leaves the answer of the one before it; deliberate: there is no reset between queries and no look
 // at their return codes.
@@ -72,14 +68,9 @@ void readAttributes(VisualCandidate& candidate, AttributeReader& read)
 
 struct VisualList::Impl {
     Display* display = nullptr;
-    std::unique_ptr<XVisualInfo, FreeByXlib> visuals;
+    std::unique_ptr<XVisualInfo, toolkit::FreeByXlib> visuals;
     int count = 0;
 };
-
-void FreeVisual::operator()(void* visualInfo) const
-{
-    XFree(visualInfo);
-}
 
 VisualList::VisualList() : m_impl(std::make_unique<Impl>())
 {
@@ -125,12 +116,12 @@ unsigned long VisualList::best(const VisualRequest& request) const
     return static_cast<unsigned long>(ranked.back().visualId);
 }
 
-void* VisualList::find(unsigned long visualId)
+toolkit::OwnedVisual VisualList::find(unsigned long visualId)
 {
     XVisualInfo wanted = {};
     wanted.visualid = visualId;
     int count = 0;
-    return XGetVisualInfo(toolkit::xDisplay(), VisualIDMask, &wanted, &count);
+    return toolkit::OwnedVisual(XGetVisualInfo(toolkit::xDisplay(), VisualIDMask, &wanted, &count));
 }
 
 unsigned long VisualList::idOf(const void* visualInfo)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "integration/toolkit/XDisplay.h"
+
 #include <memory>
 #include <vector>
 
@@ -16,15 +18,8 @@ struct VisualRequest {
     int accumSize = 0;
 };
 
-/// Owns one visual, an `XVisualInfo*` that Xlib allocated.
-struct FreeVisual {
-    void operator()(void* visualInfo) const;
-};
-using OwnedVisual = std::unique_ptr<void, FreeVisual>;
-
 /// The TrueColor visuals of the toolkit's X display, as they were when the list was made. Empty
-/// without X11. A single visual is an `XVisualInfo*` behind a plain pointer, which keeps Xlib's
-/// macros out of this header.
+/// without X11.
 class VisualList {
 public:
     VisualList();
@@ -38,8 +33,9 @@ public:
     /// The ID of the visual that ranks highest; the list must not be empty.
     unsigned long best(const VisualRequest& request) const;
 
-    /// The visual with this ID, whatever its class, or null. The caller frees it with `XFree`.
-    static void* find(unsigned long visualId);
+    /// The visual with this ID, whatever its class, or null. Only with X11.
+    static toolkit::OwnedVisual find(unsigned long visualId);
+    /// The ID of an `XVisualInfo*`, which must not be null.
     static unsigned long idOf(const void* visualInfo);
 
 private:

@@ -29,7 +29,8 @@ class EventReceiverDestroyedListener;
 /// call stack. docs/interrupting-event.md shows the way of such an event.
 ///
 /// Owned by the Manager, which stops it before destroying it. GUI thread only. Exceptions of
-/// listeners pass through to the toolkit.
+/// listeners pass through to the toolkit, but those thrown in the turn of a busy engine, which end its
+/// work, and those of EngineIsNoLongerBusy slots, which the engine gets.
 class ApplicationEventMonitor : public ApplicationEventMonitorAbstract {
 public:
     /// What can be done with each kind of event that matters to the engine.
@@ -60,7 +61,14 @@ public:
     class EventNotifier : public virtual EventHandlerInterface {
     public:
         /// Tells the listeners and signals of `monitor`, which owns it.
-        explicit EventNotifier(ApplicationEventMonitor& monitor) : m_monitor(monitor) {}
+        explicit EventNotifier(ApplicationEventMonitor& monitor);
+
+        /// Says whom the next event is for, which tells how large the pixels of its position are.
+        EventNotifier& to(const QObject& receiver)
+        {
+            m_receiver = &receiver;
+            return *this;
+        }
 
         void handleTimerEventCausingWidgetChange(const QTimerEvent& event) override;
         void handleMouseWheelEvent(const QWheelEvent& event) override;
@@ -75,11 +83,11 @@ public:
 
     private:
         ApplicationEventMonitor& m_monitor;
+        const QObject* m_receiver; ///< of the last event; it may be gone since
     };
 
-    /// The filter on the application object. Its destructor frees neither a copy that still waits
-    /// nor anything else of an interruption but the watch over the receiver: deliberate, the monitor
-    /// goes at process exit, when the copy's receiver may be gone already.
+    /// The filter on the application object. Its destructor does not free a copy that still waits:
+    /// deliberate, the monitor goes at process exit, when the copy's receiver may be gone already.
     class EventFilter : public QObject {
     public:
         /// Of `monitor`, which owns it.
@@ -160,6 +168,8 @@ public:
     /// true.
     bool stop() override;
 
+    /// The last event type that the analyzer knows.
+    static constexpr QEvent::Type LastAnalyzedType = QEvent::Shortcut;
     /// Calls the operation of the handler that is for this kind of event.
     static void eventAnalyzer(const QEvent& event, QObject& receiver, EventHandlerInterface& handler);
 

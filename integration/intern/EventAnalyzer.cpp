@@ -51,8 +51,7 @@ struct Row {
 };
 
 // One place for each event type, so that an event that nobody asked about costs one look.
-constexpr int typesAnalyzed = QEvent::Shortcut + 1;
-using Table = std::array<Row, typesAnalyzed>;
+using Table = std::array<Row, ApplicationEventMonitor::LastAnalyzedType + 1>;
 
 constexpr Table makeTable()
 {

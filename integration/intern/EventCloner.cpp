@@ -1,5 +1,7 @@
 #include "integration/intern/EventCloner.h"
 
+#include "integration/toolkit/DisplayScale.h"
+
 #include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
@@ -69,9 +71,7 @@ void Filter::EventCloner::handleCloseEvent(const QCloseEvent&)
 
 void Filter::EventCloner::cloneMouseEvent(const QMouseEvent& event)
 {
-    m_clonedEvent = std::make_unique<QMouseEvent>(event.type(), event.pos(), event.globalPos(), event.button(),
-                                                  event.buttons(), event.modifiers())
-                        .release();
+    m_clonedEvent = toolkit::copyOf(event).release();
 }
 
 void Filter::EventCloner::cloneKeyEvent(const QKeyEvent& event)

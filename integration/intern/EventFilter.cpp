@@ -29,12 +29,12 @@ bool isOfMouseButton(const QEvent& event)
            type == QEvent::MouseButtonDblClick;
 }
 
-// What the analyzer certainly passes over, without calling it: all types from the first that a
-// program may define, and timers of other objects than widgets, are most of what comes by.
+// What the analyzer certainly passes over, without calling it: all types above the last of its table,
+// and timers of other objects than widgets, are most of what comes by.
 bool isNobodysBusiness(const QEvent& event, const QObject& receiver)
 {
     const QEvent::Type type = event.type();
-    return type > QEvent::Shortcut || (type == QEvent::Timer && !receiver.isWidgetType());
+    return type > ApplicationEventMonitor::LastAnalyzedType || (type == QEvent::Timer && !receiver.isWidgetType());
 }
 
 } // namespace
@@ -54,7 +54,7 @@ bool Filter::eventFilter(QObject* receiver, QEvent* event)
     if (event->spontaneous())
         announceNewEvent(receiver);
     if (!isNobodysBusiness(*event, *receiver) && !m_monitor.shouldInterrupt())
-        eventAnalyzer(*event, *receiver, m_monitor.m_eventNotifier);
+        eventAnalyzer(*event, *receiver, m_monitor.m_eventNotifier.to(*receiver));
     if (isDispatchingInterruptedEvent(*event))
         return false;
     broadcastIfOnIdle(*event);
@@ -94,11 +94,13 @@ bool isNetworkSource(const QObject& object)
 // is kept. Reporting over the network goes on, which needs its objects to be put together.
 bool Filter::isSwallowedByInterruption(QObject* receiver, QEvent* event)
 {
-    if (!m_hasInterruptedEvent)
+    const bool isFirst = !m_hasInterruptedEvent;
+    if (isFirst)
         saveInterruptedEventForDispatchingWhenUnwound(receiver, event);
     // A window stays open for now.
     event->setAccepted(event->type() != QEvent::Close);
-    m_housekeeping.remember(receiver, *event);
+    if (!(isFirst && m_interruptedEvent)) // whose copy comes anyway
+        m_housekeeping.remember(receiver, *event);
     const bool ofNetwork = isNetworkSource(*receiver) || (receiver->parent() && isNetworkSource(*receiver->parent()));
     return !(ofNetwork && event->type() == QEvent::ChildAdded);
 }

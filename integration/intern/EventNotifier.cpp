@@ -10,10 +10,11 @@ namespace velmora::sdk::integration::intern {
 
 namespace {
 
-MouseWheelEvent recordOf(const QWheelEvent& event)
+MouseWheelEvent recordOf(const QWheelEvent& event, const QObject& receiver)
 {
     const Qt::MouseButtons held = event.buttons();
-    return MouseWheelEvent(event.pos().x(), event.pos().y(), event.delta(), (held & Qt::LeftButton) != 0,
+    const QPoint position = toolkit::screenPosition(event, receiver);
+    return MouseWheelEvent(position.x(), position.y(), event.delta(), (held & Qt::LeftButton) != 0,
                            (held & Qt::MidButton) != 0, (held & Qt::RightButton) != 0,
                            event.orientation() == Qt::Vertical ? MouseWheelEventInterface::Orientation_Vertical
                                                                : MouseWheelEventInterface::Orientation_Horizontal,
@@ -24,6 +25,8 @@ MouseWheelEvent recordOf(const QWheelEvent& event)
 
 using Notifier = ApplicationEventMonitor::EventNotifier;
 
+Notifier::EventNotifier(ApplicationEventMonitor& monitor) : m_monitor(monitor), m_receiver(&monitor.m_eventFilter) {}
+
 void Notifier::handleTimerEventCausingWidgetChange(const QTimerEvent&)
 {
     m_monitor.emitWidgetChangeDuetoTimerEvent();
@@ -32,31 +35,31 @@ void Notifier::handleTimerEventCausingWidgetChange(const QTimerEvent&)
 // Through the signal alone: the engine itself takes no wheel.
 void Notifier::handleMouseWheelEvent(const QWheelEvent& event)
 {
-    MouseWheelEvent record = recordOf(event);
+    MouseWheelEvent record = recordOf(event, *m_receiver);
     m_monitor.emitWheelRotated(record);
 }
 
 void Notifier::handleMouseMoveEvent(const QMouseEvent& event)
 {
-    MouseEvent record = recordOf(event, m_monitor);
+    MouseEvent record = recordOf(event, m_monitor, *m_receiver);
     m_monitor.notifyOfMouseMoved(record);
 }
 
 void Notifier::handleMouseButtonPress(const QMouseEvent& event)
 {
-    MouseEvent record = recordOf(event, m_monitor);
+    MouseEvent record = recordOf(event, m_monitor, *m_receiver);
     m_monitor.notifyOfButtonPressed(record);
 }
 
 void Notifier::handleMouseButtonRelease(const QMouseEvent& event)
 {
-    MouseEvent record = recordOf(event, m_monitor);
+    MouseEvent record = recordOf(event, m_monitor, *m_receiver);
     m_monitor.notifyOfButtonReleased(record);
 }
 
 void Notifier::handleMouseButtonDblClick(const QMouseEvent& event)
 {
-    MouseEvent record = recordOf(event, m_monitor);
+    MouseEvent record = recordOf(event, m_monitor, *m_receiver);
     m_monitor.notifyOfButtonDoublePressed(record);
 }
 

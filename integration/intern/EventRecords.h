@@ -2,6 +2,7 @@
 
 #include "integration/glarea/MouseEvent.h"
 #include "integration/intern/ApplicationEventMonitor.h"
+#include "integration/toolkit/DisplayScale.h"
 #include "integrationmanager/KeyEvent.h"
 
 #include <QKeyEvent>
@@ -9,12 +10,13 @@
 
 namespace velmora::sdk::integration::intern {
 
-// The toolkit's events as the engine's records, said to come from `source`. Positions are pixels of
-// the receiver, y downwards.
+// The toolkit's events as the engine's records, said to come from `source`. Positions are in pixels
+// of the screen from the corner of the receiver, y downwards: the toolkit's own where it does not scale.
 
-inline MouseEvent recordOf(const QMouseEvent& event, MouseEventObservableInterface& source)
+inline MouseEvent recordOf(const QMouseEvent& event, MouseEventObservableInterface& source, const QObject& receiver)
 {
-    return MouseEvent(&source, ApplicationEventMonitor::mouseButton(event), event.pos().x(), event.pos().y(),
+    const QPoint position = toolkit::screenPosition(event, receiver);
+    return MouseEvent(&source, ApplicationEventMonitor::mouseButton(event), position.x(), position.y(),
                       ApplicationEventMonitor::genericModifiersForEvent(event));
 }
 

@@ -7,15 +7,15 @@
 
 namespace velmora::sdk::integration::intern {
 
-/// The toolkit's own errands that were swallowed during an interruption: repainting, laying out and
-/// deleting later. The toolkit remembers that such an event is on its way and posts no second one, so
-/// without being asked for again they would never be run.
+/// What the toolkit tells a receiver only once, if it was swallowed during an interruption: requests to
+/// repaint, to lay out and to delete later, of which it posts no second one while the first is on its
+/// way; a new size; the pointer's coming and going; and the release of a button, which would stay down.
 class Housekeeping {
 public:
-    /// Remembers the errand, if the event is one.
+    /// Remembers the event, if it is one of these.
     void remember(QObject* receiver, const QEvent& event);
-    /// Asks for all that is remembered again, of the receivers that are still alive.
-    void askAgain();
+    /// Makes up for all that is remembered, in its order, at the receivers that are still alive.
+    void catchUp();
 
 private:
     std::vector<std::pair<QPointer<QObject>, QEvent::Type>> m_errands;

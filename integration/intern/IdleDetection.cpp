@@ -67,7 +67,7 @@ void Filter::engineNotBusyCallback(long clientData)
 {
     EventFilter& filter = *reinterpret_cast<EventFilter*>(clientData);
     filter.restartIdleDetectionTimerIfItWasKilledWhileBusy();
-    filter.m_housekeeping.askAgain();
+    filter.m_housekeeping.catchUp();
     // What waits is sent before the next event, and without a timer that could be long in coming.
     if (filter.m_hasInterruptedEvent)
         QCoreApplication::postEvent(&filter, new QEvent(QEvent::User)); // the queue owns it

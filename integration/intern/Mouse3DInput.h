@@ -14,7 +14,9 @@ class QWidget;
 /// This build opens no device: it keeps the callbacks and never calls them. A driver would call them
 /// on the GUI thread, motion repeatedly, the end of motion once when the device comes to rest, and
 /// would answer true to `isProcessingThreedMouseEvents` in between.
-namespace velmora::sdk::threedmouse {
+namespace velmora {
+namespace sdk {
+namespace threedmouse {
 
 /// Hears of each sample of a motion.
 using MotionCallback = std::function<void(const integration::MouseEventObservableInterface::MotionData&)>;
@@ -33,4 +35,6 @@ VELMORA_INTEGRATION_EXPORT void startListeningForEvents(const std::string& devic
 /// Whether a motion is in progress, which holds idle announcements back. Always false here.
 VELMORA_INTEGRATION_EXPORT bool isProcessingThreedMouseEvents();
 
-} // namespace velmora::sdk::threedmouse
+} // namespace threedmouse
+} // namespace sdk
+} // namespace velmora

@@ -10,7 +10,7 @@ class OffscreenImageInterface;
 
 namespace velmora::sdk::integration::intern {
 
-/// What the choice of an image asks about the process it runs in.
+/// What the choice of an image asks about the process it runs in. Neither function may be null.
 struct ImageSurroundings {
     bool (*hasPixelBuffers)();
     bool (*isGuiClient)();
@@ -19,9 +19,9 @@ struct ImageSurroundings {
 /// The answers of the toolkit.
 ImageSurroundings toolkitSurroundings();
 
-/// The image for a strategy: strategy 1 takes a pixel buffer, else a hidden widget; every other
+/// The image for a strategy, of a size in pixels: strategy 1 takes a pixel buffer, else a hidden widget; every other
 /// value takes software. There is deliberately no way from one to the other. Throws
-/// velmora::ExceptionBase when there is no image to be had.
+/// velmora::ExceptionBase when there is no image to be had; exceptions of the toolbox pass through.
 std::unique_ptr<OffscreenImageInterface> chooseOffscreenImage(int width, int height, ImageRenderingStrategy_e strategy,
                                                               const ImageSurroundings& surroundings);
 

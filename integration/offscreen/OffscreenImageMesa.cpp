@@ -15,6 +15,9 @@ namespace velmora::sdk::integration::intern {
 
 namespace {
 
+// What a depth that is not set counts as, as in the choice of a visual: the most that OSMesa has.
+constexpr int DefaultDepthSize = 32;
+
 std::string sizeText(int width, int height)
 {
     return std::to_string(width) + "x" + std::to_string(height);
@@ -42,7 +45,7 @@ OSMesaContext createContext()
     int depthBits = readStyleInteger(section, "DepthBufferSize");
     const int accumBits = readStyleInteger(section, "MaxAccumBufferSize");
     if (depthBits == 0)
-        depthBits = 32;
+        depthBits = DefaultDepthSize;
     return OSMesaCreateContextExt(GL_RGBA, depthBits, 0, accumBits, nullptr);
 }
 

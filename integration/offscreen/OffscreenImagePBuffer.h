@@ -19,6 +19,7 @@ class OffscreenImagePBuffer : public virtual OffscreenImageInterface, public vir
 public:
     /// Size in pixels. Does not throw when there is no buffer to be had: see isValid().
     OffscreenImagePBuffer(int width, int height);
+    /// Leaves no OpenGL context current, whosever it was; deliberate.
     ~OffscreenImagePBuffer() override;
     OffscreenImagePBuffer(const OffscreenImagePBuffer&) = delete;
     OffscreenImagePBuffer& operator=(const OffscreenImagePBuffer&) = delete;

@@ -4,7 +4,9 @@
 
 class QPrinter;
 
-namespace velmora::sdk::integration {
+namespace velmora {
+namespace sdk {
+namespace integration {
 
 // Paper size and orientation between a printer and the engine's page settings. "Kernel" is the
 // engine. GUI thread only, after the engine has been started. Exceptions of the toolbox pass
@@ -26,4 +28,6 @@ VELMORA_INTEGRATION_EXPORT void UpdatePrinterFromKernel(QPrinter& printer);
 /// of the B series counts with its size in JIS, whatever the size of the toolkit's page.
 VELMORA_INTEGRATION_EXPORT void UpdateKernelFromPrinter(QPrinter& printer);
 
-} // namespace velmora::sdk::integration
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

@@ -3,7 +3,10 @@
 #include "integration/Export.h"
 #include "integrationmanager/CursorShapeServiceAbstract.h"
 
-namespace velmora::sdk::integration::services {
+namespace velmora {
+namespace sdk {
+namespace integration {
+namespace services {
 
 /// Sets the mouse cursor that the engine asks for. Holds nothing of its own. GUI thread only.
 class VELMORA_INTEGRATION_EXPORT CursorShapeService : public CursorShapeServiceAbstract {
@@ -15,8 +18,11 @@ public:
     /// calls are not counted: whoever pushes twice pops twice.
     void activateWaitCursor(bool on) override;
     /// Sets the cursor over the page's drawing area; the arrow for a style without a cursor of its
-    /// own. Does nothing when the page is not shown in a GLDrawArea.
+    /// own. Does nothing when the page is not shown in a GLDrawArea. `page` must not be null.
     void setBaseCursorStyle(PageInterface* page, CursorStyle_e style) override;
 };
 
-} // namespace velmora::sdk::integration::services
+} // namespace services
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

@@ -3,6 +3,7 @@
 #include "engine/VelEng.h"
 #include "integration/intern/ModifierMask.h"
 #include "integration/services/TextArgument.h"
+#include "integration/toolkit/DisplayScale.h"
 
 #include <QApplication>
 #include <QDesktopWidget>
@@ -66,13 +67,16 @@ int ManagerMiscService::translateNonPrintableKeyboardCode(int qtKey) const
     return ControlCharacters[static_cast<std::size_t>(qtKey - Qt::Key_Escape)];
 }
 
+// Dots are pixels of the screen, as everything that the engine measures; the toolkit tells how many of its
+// own pixels are an inch, which is not the same where it scales.
 void ManagerMiscService::getDotPitchPerCm(double* x, double* y) const
 {
     const QDesktopWidget* const desktop = desktopFor("ManagerMiscService::getDotPitchPerCm");
     if (!desktop)
         return;
-    *x = desktop->logicalDpiX() / CentimetresPerInch;
-    *y = desktop->logicalDpiY() / CentimetresPerInch;
+    const double dotsPerPixel = toolkit::screenPixelsPerPixel(*desktop);
+    *x = desktop->logicalDpiX() * dotsPerPixel / CentimetresPerInch;
+    *y = desktop->logicalDpiY() * dotsPerPixel / CentimetresPerInch;
 }
 
 void ManagerMiscService::getScreenSizeInPixels(int* width, int* height) const
@@ -80,11 +84,11 @@ void ManagerMiscService::getScreenSizeInPixels(int* width, int* height) const
     const QDesktopWidget* const desktop = desktopFor("ManagerMiscService::getScreenSizeInPixels");
     if (!desktop)
         return;
-    const QRect geometry = desktop->geometry();
+    const QSize size = toolkit::screenSize(*desktop);
     if (width)
-        *width = geometry.width();
+        *width = size.width();
     if (height)
-        *height = geometry.height();
+        *height = size.height();
 }
 
 int ManagerMiscService::keyboardModifiers() const

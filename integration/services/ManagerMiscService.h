@@ -3,7 +3,10 @@
 #include "integration/Export.h"
 #include "integrationmanager/ManagerMiscServiceAbstract.h"
 
-namespace velmora::sdk::integration::services {
+namespace velmora {
+namespace sdk {
+namespace integration {
+namespace services {
 
 /// Answers the engine's small questions about the screen, the keyboard, the mouse and OpenGL from
 /// the state of the application object. Holds nothing of its own. GUI thread only.
@@ -15,10 +18,12 @@ public:
     /// Maps a Qt::Key value to the engine's control character; 31 for every key that has none,
     /// Tab, Insert, Home and End among them.
     int translateNonPrintableKeyboardCode(int qtKey) const override;
-    /// Logical dots per centimetre of the desktop. Neither pointer may be null. Without a desktop
+    /// Logical dots per centimetre of the desktop's first screen, a dot being a pixel of the screen also where
+    /// the toolkit scales. Neither pointer may be null. Without a desktop
     /// the engine's assertion is raised and nothing is written.
     void getDotPitchPerCm(double* x, double* y) const override;
-    /// Pixels of the whole desktop, all screens together; a null pointer is skipped. Without a
+    /// Screen pixels of the whole desktop, all screens together, also where the toolkit scales (and then
+    /// perhaps one off); a null pointer is skipped. Without a
     /// desktop the engine's assertion is raised and nothing is written.
     void getScreenSizeInPixels(int* width, int* height) const override;
     /// EventInterface::ModifierMask_e bits of the keys held now, other modifiers left out.
@@ -32,4 +37,7 @@ public:
     operator long() const override;
 };
 
-} // namespace velmora::sdk::integration::services
+} // namespace services
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

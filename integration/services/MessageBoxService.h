@@ -7,7 +7,10 @@
 
 class QWidget;
 
-namespace velmora::sdk::integration::services {
+namespace velmora {
+namespace sdk {
+namespace integration {
+namespace services {
 
 /// Shows the engine's messages in the toolkit's own message boxes. GUI thread only.
 ///
@@ -33,4 +36,7 @@ private:
     std::unique_ptr<SwallowerSlot> m_slot;
 };
 
-} // namespace velmora::sdk::integration::services
+} // namespace services
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

@@ -5,7 +5,10 @@
 
 #include <QImage>
 
-namespace velmora::sdk::integration::services {
+namespace velmora {
+namespace sdk {
+namespace integration {
+namespace services {
 
 /// Gives the engine images to export into, and reads them back for it as colour planes. GUI thread
 /// only, from within the engine's own work.
@@ -24,7 +27,8 @@ public:
     /// the image could not be read.
     bool imageGetRGBRow(OffscreenImageInterface* image, int row, unsigned char* red, unsigned char* green,
                         unsigned char* blue) override;
-    /// Destroys an image; null is allowed.
+    /// Destroys an image; null is allowed. A pixel buffer leaves no OpenGL context current, whosever
+    /// it was.
     void imageDestroy(OffscreenImageInterface* image) override;
 
 private:
@@ -32,4 +36,7 @@ private:
     bool m_imageCached = false;
 };
 
-} // namespace velmora::sdk::integration::services
+} // namespace services
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

@@ -3,7 +3,10 @@
 #include "integration/Export.h"
 #include "integrationmanager/SelectFileServiceAbstract.h"
 
-namespace velmora::sdk::integration::services {
+namespace velmora {
+namespace sdk {
+namespace integration {
+namespace services {
 
 /// Asks the person for a file name with the toolkit's file dialog. Holds nothing of its own. GUI
 /// thread only.
@@ -22,4 +25,7 @@ public:
                            std::string& result) override;
 };
 
-} // namespace velmora::sdk::integration::services
+} // namespace services
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

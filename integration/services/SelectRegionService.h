@@ -3,7 +3,10 @@
 #include "integration/Export.h"
 #include "integrationmanager/SelectRegionServiceAbstract.h"
 
-namespace velmora::sdk::integration::services {
+namespace velmora {
+namespace sdk {
+namespace integration {
+namespace services {
 
 /// Selects what a rubber band encloses. The manager does not create this service: a host that
 /// offers rubber bands makes one and adds it to the manager's service repository. Holds nothing of
@@ -14,10 +17,14 @@ public:
     ~SelectRegionService() override;
 
     /// Selects every pickable object in the rectangle, under the application lock. The corners are
-    /// handed on as they come, in the engine's frame units. Without `addToSelection` what was
+    /// handed on as they come, in the engine's frame units (those of the reference platform: paper inches
+    /// from the lower left corner). Without `addToSelection` what was
     /// selected before is given up, even when the rectangle holds nothing. Errors of the engine
     /// are shown and cleared.
     void selectItems(double x1, double y1, double x2, double y2, bool addToSelection) override;
 };
 
-} // namespace velmora::sdk::integration::services
+} // namespace services
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

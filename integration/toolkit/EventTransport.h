@@ -1,6 +1,10 @@
 #pragma once
 
 #include <QObject>
+#include <memory>
+
+class QEvent;
+class QWidget;
 
 namespace velmora::sdk::integration::toolkit {
 
@@ -9,7 +13,8 @@ namespace velmora::sdk::integration::toolkit {
 /// event of the application, hence inline.
 ///
 /// Qt 4 delivers to widgets at once. Since Qt 5 what comes from the window system reaches the QWindow
-/// behind a top-level widget first.
+/// behind a top-level widget first. A host's own QWindow (a Qt Quick window, for example) is taken for
+/// transport too: what it receives is neither announced to the engine nor held back.
 inline bool isOnlyTransport(const QObject* receiver)
 {
 #if QT_VERSION >= 0x050000
@@ -19,5 +24,9 @@ inline bool isOnlyTransport(const QObject* receiver)
     return false;
 #endif
 }
+
+/// The event that tells the widget that the pointer, where it is now, has come over it. Qt 5 has a class
+/// of its own for it.
+std::unique_ptr<QEvent> enterEvent(const QWidget& widget);
 
 } // namespace velmora::sdk::integration::toolkit

@@ -33,12 +33,17 @@ public:
     /// a buffer object that it left bound for them, do not matter and are as they were afterwards.
     QImage readBack();
 
+    /// Whether the toolkit survives it when the buffer is destroyed now. The context that is current
+    /// stays current.
+    bool canBeDestroyed();
+
 private:
     bool m_usable = false;
-    /// The framebuffer object behind the buffer, where there is one, and whether it must be resolved
-    /// before it can be read.
+#if QT_VERSION >= 0x050000
+    /// The framebuffer object behind the buffer, and whether it must be resolved before it can be read.
     unsigned m_framebuffer = 0;
     bool m_multisampled = false;
+#endif
 };
 
 /// A buffer that is usable, or null. A size that canDrawOffscreen(). The context that is current stays

@@ -5,7 +5,6 @@
 // After Qt, whose enumerators some of Xlib's macros would replace.
 #include <GL/glx.h>
 #include <initializer_list>
-#include <memory>
 #include <vector>
 
 namespace velmora::sdk::integration::toolkit {
@@ -15,10 +14,6 @@ VisualChoosingContext::VisualChoosingContext(const QGLFormat& format) : QGLConte
 #if QT_VERSION >= 0x050000
 
 namespace {
-
-struct FreeByXlib {
-    void operator()(XVisualInfo* visual) const { XFree(visual); }
-};
 
 int configOf(XVisualInfo* visual, int attribute)
 {
@@ -126,9 +121,9 @@ bool VisualChoosingContext::toolkitMustChoose() const
 
 bool VisualChoosingContext::chooseContext(const QGLContext* shareContext)
 {
-    const std::unique_ptr<XVisualInfo, FreeByXlib> chosen(static_cast<XVisualInfo*>(chooseVisual()));
+    const OwnedVisual chosen(chooseVisual());
     if (chosen)
-        setFormat(formatLike(chosen.get(), format()));
+        setFormat(formatLike(static_cast<XVisualInfo*>(chosen.get()), format()));
     return QGLContext::chooseContext(shareContext);
 }
 

@@ -2,6 +2,9 @@
 
 #include <QX11Info>
 
+// After Qt, whose enumerators some of Xlib's macros would replace.
+#include <X11/Xlib.h>
+
 namespace velmora::sdk::integration::toolkit {
 
 Display* xDisplay()
@@ -16,6 +19,11 @@ Display* xDisplay()
 int xScreen()
 {
     return QX11Info::appScreen();
+}
+
+void FreeByXlib::operator()(void* memory) const
+{
+    XFree(memory);
 }
 
 } // namespace velmora::sdk::integration::toolkit

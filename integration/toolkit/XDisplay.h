@@ -1,5 +1,7 @@
 #pragma once
 
+#include <memory>
+
 // Declared as Xlib does, so that its macros stay out of this header.
 typedef struct _XDisplay Display; // NOLINT(bugprone-reserved-identifier)
 
@@ -10,5 +12,13 @@ Display* xDisplay();
 
 /// The screen of the application.
 int xScreen();
+
+/// Frees what Xlib allocated.
+struct FreeByXlib {
+    void operator()(void* memory) const;
+};
+
+/// One visual, an `XVisualInfo*` behind a plain pointer: Xlib's macros stay out of headers.
+using OwnedVisual = std::unique_ptr<void, FreeByXlib>;
 
 } // namespace velmora::sdk::integration::toolkit

@@ -11,7 +11,7 @@ class PageInterface;
 
 namespace services {
 
-/// Sets the mouse cursor that the engine asks for.
+/// Sets the mouse cursor that the engine asks for. GUI thread only.
 class VELMORA_INTERFACE CursorShapeServiceInterface {
 public:
     /// Pushes the wait cursor for the whole application, or pops one cursor.

@@ -9,14 +9,16 @@ namespace sdk {
 namespace integration {
 namespace services {
 
-/// Answers the engine's small questions about screen, keyboard, mouse and OpenGL.
+/// Answers the engine's small questions about screen, keyboard, mouse and OpenGL. GUI thread
+/// only.
 class VELMORA_INTERFACE ManagerMiscServiceInterface {
 public:
     /// The engine's control character for a toolkit key code; 31 for every key without one.
     virtual int translateNonPrintableKeyboardCode(int qtKey) const = 0;
-    /// Dots per centimetre; neither pointer may be null.
+    /// Dots per centimetre, a dot being a pixel of the screen, whatever the windowing toolkit takes for its
+    /// pixel; neither pointer may be null.
     virtual void getDotPitchPerCm(double* x, double* y) const = 0;
-    /// Size of the whole desktop in pixels; a null pointer is skipped.
+    /// Size of the whole desktop in pixels of the screen, likewise; a null pointer is skipped.
     virtual void getScreenSizeInPixels(int* width, int* height) const = 0;
     /// EventInterface::ModifierMask_e bits.
     virtual int keyboardModifiers() const = 0;

@@ -8,7 +8,7 @@ namespace sdk {
 namespace integration {
 namespace services {
 
-/// Shows the engine's messages.
+/// Shows the engine's messages. GUI thread only.
 class VELMORA_INTERFACE MessageBoxServiceInterface {
 public:
     /// Shows a modal box with the UTF-8 text and returns a MessageBoxReply_e value.

@@ -12,6 +12,7 @@ class OffscreenImageInterface;
 namespace services {
 
 /// Gives the engine off-screen images. One image at a time: destroy one before reading another.
+/// GUI thread only.
 class VELMORA_INTERFACE OffscreenImageServiceInterface {
 public:
     /// A new image of the given size in pixels; the caller owns it until `imageDestroy`. Throws

@@ -10,7 +10,7 @@ namespace sdk {
 namespace integration {
 namespace services {
 
-/// Asks the person for a file name.
+/// Asks the person for a file name. GUI thread only.
 class VELMORA_INTERFACE SelectFileServiceInterface {
 public:
     /// True when a file was chosen; its name is then in `result`, which otherwise stays as it was.

@@ -7,7 +7,7 @@ namespace sdk {
 namespace integration {
 namespace services {
 
-/// Root of every service that the engine calls back.
+/// Root of every service that the engine calls back. GUI thread only.
 class VELMORA_INTERFACE ServiceInterface {
 public:
     virtual ~ServiceInterface() = default;

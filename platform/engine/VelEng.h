@@ -8,17 +8,22 @@
 #include "engine/VelExport.h"
 #include "interfaces/EngineEnumerations.h"
 
-namespace velmora::sdk::integration {
+namespace velmora {
+namespace sdk {
+namespace integration {
 class GLDrawAreaInterface;
 class OffscreenImageInterface;
 class PageInterface;
-} // namespace velmora::sdk::integration
+} // namespace integration
+} // namespace sdk
+} // namespace velmora
 
 extern "C" {
 
 // ---- life
 
-/// Starts the engine: style defaults, one empty page. 0 when it runs already.
+/// Starts the engine: style defaults, one empty page. 0 when it runs already. This engine has no files
+/// of its own and names no host, so both arguments may be anything, also null.
 VELMORA_PLATFORM_EXPORT int VelEngStart(const char* homeDirectory, const char* applicationName);
 /// Stops it: pages, data and style are given up. Callbacks stay registered. Areas must be detached.
 VELMORA_PLATFORM_EXPORT void VelEngStop();

@@ -5,6 +5,9 @@
 /// them belong to the GUI thread and need a started engine unless they say otherwise. Texts are
 /// UTF-8. A function that returns int answers 1 for success and 0 for failure; after a failure
 /// VelUtilLastErrorMessage() says what was wrong and what helps.
+///
+/// What is marked "reference platform only" the binding does not call: a host that uses it is written
+/// for this engine, and for another one replaces it by what that one has.
 
 #include "engine/VelExport.h"
 
@@ -29,13 +32,14 @@ VELMORA_PLATFORM_EXPORT const char* VelUtilLastErrorMessage();
 VELMORA_PLATFORM_EXPORT void VelUtilLastErrorMessageClear();
 /// Shows the last error, if any, through the message box service; true when there was one to show.
 VELMORA_PLATFORM_EXPORT bool VelUtilDialogLastMessageBox();
-/// 1 when the last load, image export or page rendering ended because it was asked to stop.
+/// 1 when the last load, image export or page rendering ended because it was asked to stop. Reference
+/// platform only.
 VELMORA_PLATFORM_EXPORT int VelUtilWasInterrupted();
-/// What the last successful load has to tell, one note a line ("column 6 "weather" holds text and
-/// was skipped"), or "".
+/// What the last successful load has to tell, one note a line (The column "weather" holds text and is
+/// left out.), or "". Reference platform only.
 VELMORA_PLATFORM_EXPORT const char* VelUtilLastLoadNotes();
 
-// ---- data and pages; they apply to the active page
+// ---- data and pages; they apply to the active page. Reference platform only
 
 /// Loads a delimited table or an ESRI ASCII grid into the active page, in a frame of its own that
 /// fills the paper, in place of what the page showed. After a failure the page shows what it
@@ -58,8 +62,11 @@ VELMORA_PLATFORM_EXPORT void VelUtilPageRedraw();
 /// interrupted or failed. Not from inside a paint event.
 VELMORA_PLATFORM_EXPORT int VelUtilWorkFinish();
 
-// ---- the view of the active page; distances in pixels of its drawing area, y downwards
+// ---- the view of the active page; distances in pixels of its drawing area, y downwards. Reference
+//      platform only
 
+/// 1 when the page shows a surface, which can be turned, 0 for lines and an empty page.
+VELMORA_PLATFORM_EXPORT int VelUtilViewCanRotate();
 /// Turns a surface: degrees about the vertical, degrees of tilt. Nothing for a page of lines.
 VELMORA_PLATFORM_EXPORT void VelUtilViewRotate(double aboutVertical, double tilt);
 /// Moves a surface, or the range of the axes of a plot of lines.
@@ -85,13 +92,13 @@ VELMORA_PLATFORM_EXPORT void VelUtilPickDeselectAll();
 /// corner of the paper, corners in any order). "SelectZones", "SelectGeoms" and "SelectText" (0 or
 /// 1) say which kinds of object count, "ConsiderStyle" that hidden ones do not.
 VELMORA_PLATFORM_EXPORT int VelUtilPickAddAllInRectX(VelArgList* arguments);
-/// How many objects are selected.
+/// How many objects are selected. Reference platform only.
 VELMORA_PLATFORM_EXPORT int VelUtilPickGetCount();
 /// Turns a position in pixels of the active page's drawing area into paper inches from the lower
-/// left corner of the paper.
+/// left corner of the paper. Reference platform only.
 VELMORA_PLATFORM_EXPORT void VelUtilPickPositionToPaper(double xPixel, double yPixel, double* xPaper, double* yPaper);
 
-// ---- pictures of the active page
+// ---- pictures of the active page. Reference platform only
 //
 // They are drawn through the off-screen image service of the binding, in parts when one image cannot
 // hold them, and are not limited in size by what an image can hold. The engine is busy meanwhile,
@@ -108,7 +115,8 @@ struct VelExportImageOptions {
     int strategy;    ///< an ImageRenderingStrategy_e value
     /// How many pixels make an inch of text and line width, noted in the file too. 0: text and lines
     /// belong to the picture, so that a larger one is the same picture enlarged. A current frame of
-    /// 1000 pixels width (and 500 or more of height) then looks like a window of that size.
+    /// 1000 pixels width (and 500 or more of height) then looks like a window of that size on a screen of
+    /// 96 dots per inch.
     double dotsPerInch;
 };
 

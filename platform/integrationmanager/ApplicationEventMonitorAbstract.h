@@ -9,7 +9,9 @@
 #include <boost/shared_ptr.hpp>
 #include <memory>
 
-namespace velmora::sdk::integration {
+namespace velmora {
+namespace sdk {
+namespace integration {
 
 class KeyEventInterface;
 class ManagerInterface;
@@ -102,4 +104,6 @@ private:
 };
 
 } // namespace intern
-} // namespace velmora::sdk::integration
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

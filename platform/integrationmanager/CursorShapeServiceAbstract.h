@@ -4,7 +4,10 @@
 #include "interfaces/services/CursorShapeServiceInterface.h"
 #include "interfaces/services/ServiceInterface.h"
 
-namespace velmora::sdk::integration::services {
+namespace velmora {
+namespace sdk {
+namespace integration {
+namespace services {
 
 /// Lets the engine reach a cursor shape service.
 class VELMORA_PLATFORM_EXPORT CursorShapeServiceAbstract : public virtual CursorShapeServiceInterface,
@@ -20,4 +23,7 @@ protected:
     CursorShapeServiceAbstract& operator=(const CursorShapeServiceAbstract&) = delete;
 };
 
-} // namespace velmora::sdk::integration::services
+} // namespace services
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

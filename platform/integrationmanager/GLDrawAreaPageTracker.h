@@ -4,7 +4,9 @@
 
 #include <memory>
 
-namespace velmora::sdk::integration {
+namespace velmora {
+namespace sdk {
+namespace integration {
 
 class GLDrawAreaInterface;
 class PageManagerInterface;
@@ -36,4 +38,6 @@ private:
 };
 
 } // namespace intern
-} // namespace velmora::sdk::integration
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

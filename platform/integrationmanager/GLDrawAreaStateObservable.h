@@ -4,7 +4,9 @@
 
 #include <memory>
 
-namespace velmora::sdk::integration {
+namespace velmora {
+namespace sdk {
+namespace integration {
 
 class GLDrawAreaInterface;
 class GLDrawAreaListenerInterface;
@@ -38,4 +40,6 @@ private:
 };
 
 } // namespace intern
-} // namespace velmora::sdk::integration
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

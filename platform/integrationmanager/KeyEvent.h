@@ -3,7 +3,9 @@
 #include "engine/VelExport.h"
 #include "interfaces/KeyEventInterface.h"
 
-namespace velmora::sdk::integration {
+namespace velmora {
+namespace sdk {
+namespace integration {
 
 class KeyEventObservableInterface;
 
@@ -30,4 +32,6 @@ private:
 };
 
 } // namespace intern
-} // namespace velmora::sdk::integration
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

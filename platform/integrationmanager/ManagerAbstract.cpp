@@ -65,8 +65,7 @@ struct ManagerAbstract::Impl : public OnIdleListenerInterface {
 
     explicit Impl(ManagerAbstract& manager) : owner(manager), events(manager) {}
 
-    ManagerStartReturnCode_e initialize(int argc, char* const* argv, std::string home, StateModernizationLevel_e level,
-                                        std::string application);
+    ManagerStartReturnCode_e initialize(int argc, char* const* argv, std::string home, std::string application);
     void bringUp();
     void takeDown();
     void stopWhenIdle();
@@ -79,8 +78,6 @@ struct ManagerAbstract::Impl : public OnIdleListenerInterface {
     bool batchMode = false;
     std::string homeDirectory;
     std::string applicationName;
-    /// Kept for the engine's reader of saved states, which the reference engine does without.
-    StateModernizationLevel_e modernizationLevel = StateModernizationLevel_LatestFull;
 
     // The sub-managers live as long as the manager, so that references to them stay good from one
     // start to the next.
@@ -91,7 +88,7 @@ struct ManagerAbstract::Impl : public OnIdleListenerInterface {
 };
 
 ManagerStartReturnCode_e ManagerAbstract::Impl::initialize(int argc, char* const* argv, std::string home,
-                                                           StateModernizationLevel_e level, std::string application)
+                                                           std::string application)
 {
     if (argc < 0 || argv == nullptr)
         return ManagerStartReturnCode_BadArgument;
@@ -100,7 +97,6 @@ ManagerStartReturnCode_e ManagerAbstract::Impl::initialize(int argc, char* const
     batchMode = asksForBatchMode(argc, argv);
     homeDirectory = std::move(home);
     applicationName = std::move(application);
-    modernizationLevel = level;
     initialized = true;
     return ManagerStartReturnCode_Ok;
 }
@@ -186,14 +182,13 @@ std::string ManagerAbstract::returnCodeString(ManagerStartReturnCode_e code)
 ManagerStartReturnCode_e ManagerAbstract::init(int argc, char* const* argv, std::string homeDirectory,
                                                std::string applicationName)
 {
-    return m_impl->initialize(argc, argv, std::move(homeDirectory), StateModernizationLevel_LatestFull,
-                              std::move(applicationName));
+    return m_impl->initialize(argc, argv, std::move(homeDirectory), std::move(applicationName));
 }
 
 ManagerStartReturnCode_e ManagerAbstract::init(int argc, char* const* argv, std::string homeDirectory,
-                                               StateModernizationLevel_e level, std::string applicationName)
+                                               StateModernizationLevel_e, std::string applicationName)
 {
-    return m_impl->initialize(argc, argv, std::move(homeDirectory), level, std::move(applicationName));
+    return m_impl->initialize(argc, argv, std::move(homeDirectory), std::move(applicationName));
 }
 
 ManagerStartReturnCode_e ManagerAbstract::start()

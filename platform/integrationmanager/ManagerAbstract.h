@@ -5,7 +5,9 @@
 
 #include <memory>
 
-namespace velmora::sdk::integration {
+namespace velmora {
+namespace sdk {
+namespace integration {
 
 class ApplicationEventMonitorInterface;
 
@@ -18,8 +20,10 @@ public:
     DialogManagerInterface& getDialogManager() override;
     ServiceRepositoryInterface& getServiceRepository() override;
     std::string returnCodeString(ManagerStartReturnCode_e code) override;
+    /// Directory and name are handed to VelEngStart.
     ManagerStartReturnCode_e init(int argc, char* const* argv, std::string homeDirectory,
                                   std::string applicationName) override;
+    /// The level has no effect: the reference engine reads no saved states.
     ManagerStartReturnCode_e init(int argc, char* const* argv, std::string homeDirectory,
                                   StateModernizationLevel_e level, std::string applicationName) override;
     ManagerStartReturnCode_e start() override;
@@ -51,4 +55,6 @@ private:
     std::unique_ptr<Impl> m_impl;
 };
 
-} // namespace velmora::sdk::integration
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

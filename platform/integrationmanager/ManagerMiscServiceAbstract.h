@@ -4,7 +4,10 @@
 #include "interfaces/services/ManagerMiscServiceInterface.h"
 #include "interfaces/services/ServiceInterface.h"
 
-namespace velmora::sdk::integration::services {
+namespace velmora {
+namespace sdk {
+namespace integration {
+namespace services {
 
 /// Lets the engine reach a misc service.
 class VELMORA_PLATFORM_EXPORT ManagerMiscServiceAbstract : public virtual ManagerMiscServiceInterface,
@@ -20,4 +23,7 @@ protected:
     ManagerMiscServiceAbstract& operator=(const ManagerMiscServiceAbstract&) = delete;
 };
 
-} // namespace velmora::sdk::integration::services
+} // namespace services
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

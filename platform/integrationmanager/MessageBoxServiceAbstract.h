@@ -4,7 +4,10 @@
 #include "interfaces/services/MessageBoxServiceInterface.h"
 #include "interfaces/services/ServiceInterface.h"
 
-namespace velmora::sdk::integration::services {
+namespace velmora {
+namespace sdk {
+namespace integration {
+namespace services {
 
 /// Lets the engine reach a message box service.
 class VELMORA_PLATFORM_EXPORT MessageBoxServiceAbstract : public virtual MessageBoxServiceInterface,
@@ -20,4 +23,7 @@ protected:
     MessageBoxServiceAbstract& operator=(const MessageBoxServiceAbstract&) = delete;
 };
 
-} // namespace velmora::sdk::integration::services
+} // namespace services
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

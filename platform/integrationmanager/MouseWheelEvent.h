@@ -3,7 +3,10 @@
 #include "engine/VelExport.h"
 #include "interfaces/MouseWheelEventInterface.h"
 
-namespace velmora::sdk::integration::intern {
+namespace velmora {
+namespace sdk {
+namespace integration {
+namespace intern {
 
 /// The wheel event record that producers build on the stack.
 class VELMORA_PLATFORM_EXPORT MouseWheelEvent : public virtual MouseWheelEventInterface {
@@ -35,4 +38,7 @@ private:
     int m_modifiers;
 };
 
-} // namespace velmora::sdk::integration::intern
+} // namespace intern
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

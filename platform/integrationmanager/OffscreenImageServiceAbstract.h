@@ -4,7 +4,10 @@
 #include "interfaces/services/OffscreenImageServiceInterface.h"
 #include "interfaces/services/ServiceInterface.h"
 
-namespace velmora::sdk::integration::services {
+namespace velmora {
+namespace sdk {
+namespace integration {
+namespace services {
 
 /// Lets the engine reach an off-screen image service.
 class VELMORA_PLATFORM_EXPORT OffscreenImageServiceAbstract : public virtual OffscreenImageServiceInterface,
@@ -20,4 +23,7 @@ protected:
     OffscreenImageServiceAbstract& operator=(const OffscreenImageServiceAbstract&) = delete;
 };
 
-} // namespace velmora::sdk::integration::services
+} // namespace services
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

@@ -4,7 +4,10 @@
 #include "interfaces/services/SelectFileServiceInterface.h"
 #include "interfaces/services/ServiceInterface.h"
 
-namespace velmora::sdk::integration::services {
+namespace velmora {
+namespace sdk {
+namespace integration {
+namespace services {
 
 /// Lets the engine reach a file selection service.
 class VELMORA_PLATFORM_EXPORT SelectFileServiceAbstract : public virtual SelectFileServiceInterface,
@@ -20,4 +23,7 @@ protected:
     SelectFileServiceAbstract& operator=(const SelectFileServiceAbstract&) = delete;
 };
 
-} // namespace velmora::sdk::integration::services
+} // namespace services
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

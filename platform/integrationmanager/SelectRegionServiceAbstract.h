@@ -4,7 +4,10 @@
 #include "interfaces/services/SelectRegionServiceInterface.h"
 #include "interfaces/services/ServiceInterface.h"
 
-namespace velmora::sdk::integration::services {
+namespace velmora {
+namespace sdk {
+namespace integration {
+namespace services {
 
 /// Lets the engine reach a region selection service.
 class VELMORA_PLATFORM_EXPORT SelectRegionServiceAbstract : public virtual SelectRegionServiceInterface,
@@ -20,4 +23,7 @@ protected:
     SelectRegionServiceAbstract& operator=(const SelectRegionServiceAbstract&) = delete;
 };
 
-} // namespace velmora::sdk::integration::services
+} // namespace services
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

@@ -5,7 +5,8 @@
 #include <string>
 #include <vector>
 
-namespace velmora::testing {
+namespace velmora {
+namespace testing {
 
 /// Lets a test see and steer the reference platform from outside. Never part of an installation.
 /// GUI thread only; everything is process-wide. `reset()` undoes all steering and empties the log.
@@ -53,4 +54,5 @@ public:
     static void addResetHook(void (*hook)());
 };
 
-} // namespace velmora::testing
+} // namespace testing
+} // namespace velmora

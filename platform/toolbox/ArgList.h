@@ -4,7 +4,8 @@
 
 struct VelArgList;
 
-namespace velmora::toolbox {
+namespace velmora {
+namespace toolbox {
 
 /// Named arguments for an engine call, kept in the order they were appended. Owns the engine's
 /// list behind it.
@@ -38,4 +39,5 @@ private:
     VelArgList* m_list;
 };
 
-} // namespace velmora::toolbox
+} // namespace toolbox
+} // namespace velmora

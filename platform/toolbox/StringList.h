@@ -5,7 +5,8 @@
 #include <string>
 #include <vector>
 
-namespace velmora::toolbox {
+namespace velmora {
+namespace toolbox {
 
 /// A list of UTF-8 words, for style paths of a length known only at run time.
 class VELMORA_PLATFORM_EXPORT StringList {
@@ -27,4 +28,5 @@ private:
     std::vector<std::string> m_words;
 };
 
-} // namespace velmora::toolbox
+} // namespace toolbox
+} // namespace velmora

@@ -5,7 +5,8 @@
 #include <string>
 #include <vector>
 
-namespace velmora::toolbox {
+namespace velmora {
+namespace toolbox {
 
 class ArgList;
 class StringList;
@@ -61,4 +62,5 @@ private:
     std::vector<std::string> m_words;
 };
 
-} // namespace velmora::toolbox
+} // namespace toolbox
+} // namespace velmora

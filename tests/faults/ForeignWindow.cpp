@@ -87,6 +87,20 @@ ForeignWindow::ForeignWindow(const QString& display, const char* title) : m_disp
         throw std::runtime_error(std::string("There is no window called ") + title);
 }
 
+QSize ForeignWindow::size() const
+{
+    const Connection display(m_display);
+    XWindowAttributes attributes = {};
+    XGetWindowAttributes(display, m_window, &attributes);
+    return QSize(attributes.width, attributes.height);
+}
+
+QSize ForeignWindow::screenSize() const
+{
+    const Connection display(m_display);
+    return QSize(DisplayWidth(static_cast<Display*>(display), 0), DisplayHeight(static_cast<Display*>(display), 0));
+}
+
 void ForeignWindow::close() const
 {
     const Connection display(m_display);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QSize>
 #include <QString>
 
 namespace velmora::test {
@@ -10,6 +11,8 @@ public:
     /// Waits for a window whose title contains the text; throws std::runtime_error when none comes.
     ForeignWindow(const QString& display, const char* title);
 
+    QSize size() const;
+    QSize screenSize() const;
     /// Asks the program to close it, as window managers do.
     void close() const;
     /// Cuts the program's connection to the display, as window managers do with one that hangs.

@@ -52,7 +52,7 @@ protected:
 
     QStringList files() const { return QDir(disk).entryList(QDir::Files | QDir::Hidden); }
 
-    XServer server;
+    XServer server{QStringList(), QLatin1String("1280x1024x24")}; // holds the snapshot
     const QString disk = folder.file("disk");
     const QString data = folder.writeGrid();
 };

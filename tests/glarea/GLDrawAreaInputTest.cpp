@@ -4,6 +4,7 @@
 #include "interfaces/MouseEventInterface.h"
 #include "interfaces/MouseEventListenerInterface.h"
 #include "tests/glarea/DrawAreaFixture.h"
+#include "tests/support/DisplayScale.h"
 #include "tests/support/Wait.h"
 #include "tests/support/XInput.h"
 
@@ -68,6 +69,14 @@ private:
     GLDrawArea& m_area;
 };
 
+/// An entry of the recorder's log, for a position of the area.
+std::string entry(const char* what, const GLDrawArea& area, const QPoint& position, int modifiers = 0)
+{
+    const QPoint onScreen = inScreenPixels(area, position);
+    return std::string(what) + " at " + std::to_string(onScreen.x()) + "," + std::to_string(onScreen.y()) + " with " +
+           std::to_string(modifiers);
+}
+
 } // namespace
 
 TEST_F(DrawArea, EveryFocusInIsAnnounced)
@@ -118,7 +127,7 @@ TEST_F(DrawArea, ListenersHearBeforeTheSignals)
     QMouseEvent move(QEvent::MouseMove, QPoint(1, 2), Qt::NoButton, Qt::NoButton,
                      Qt::ShiftModifier | Qt::AltModifier | Qt::MetaModifier);
     QCoreApplication::sendEvent(&area, &move);
-    EXPECT_EQ(recorder.log, (std::vector<std::string>{"moved 0 at 1,2 with 5", "signal"}));
+    EXPECT_EQ(recorder.log, (std::vector<std::string>{entry("moved 0", area, QPoint(1, 2), 5), "signal"}));
     ASSERT_TRUE(showAndWait(area));
     EXPECT_GT(exposures, 0u);
     area.onDestroyed();
@@ -142,9 +151,9 @@ TEST_F(DrawArea, MouseInputReachesListenersAndSignals)
     });
 
     click(area, QPoint(40, 30));
-    EXPECT_TRUE(waitUntil([&] { return recorder.has("released 1 at 40,30 with 0"); }));
-    EXPECT_TRUE(recorder.has("pressed 1 at 40,30 with 0"));
-    EXPECT_TRUE(recorder.has("moved 0 at 40,30 with 0"));
+    EXPECT_TRUE(waitUntil([&] { return recorder.has(entry("released 1", area, QPoint(40, 30))); }));
+    EXPECT_TRUE(recorder.has(entry("pressed 1", area, QPoint(40, 30))));
+    EXPECT_TRUE(recorder.has(entry("moved 0", area, QPoint(40, 30))));
     EXPECT_GE(moves, 1);
     EXPECT_EQ(signalled, (std::vector<int>{1, 11}));
 
@@ -157,7 +166,7 @@ TEST_F(DrawArea, MouseInputReachesListenersAndSignals)
     doubleClick(area, QPoint(10, 100));
     EXPECT_TRUE(waitUntil([&] { return signalled.size() == 4; }));
     EXPECT_EQ(signalled, (std::vector<int>{1, 11, 21, 11}));
-    EXPECT_TRUE(recorder.has("double 1 at 10,100 with 0"));
+    EXPECT_TRUE(recorder.has(entry("double 1", area, QPoint(10, 100))));
 }
 
 TEST_F(DrawArea, KeysReachItsListenersAndNotItsParent)

@@ -2,9 +2,12 @@
 
 #include "testing/EngineProbe.h"
 #include "tests/glarea/DrawAreaFixture.h"
+#include "tests/support/DisplayScale.h"
+#include "tests/support/QtWarnings.h"
 #include "tests/support/Wait.h"
 
 #include <QGLContext>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <memory>
 #include <string>
@@ -77,8 +80,29 @@ TEST_F(DrawArea, APaintAfterAResizeReportsTheSizeChange)
     int width = 0;
     int height = 0;
     area.getSize(&width, &height);
-    EXPECT_EQ(width, 120);
-    EXPECT_EQ(height, 90);
+    EXPECT_EQ(QSize(width, height), inScreenPixels(area, QSize(120, 90)));
+    EXPECT_TRUE(comesToShow(area, Green));
+}
+
+namespace {
+
+/// Painted by the toolkit's own handler.
+class GreenWithoutThePage : public GLDrawArea {
+protected:
+    void paintGL() override
+    {
+        glClearColor(0, 1, 0, 1);
+        glClear(GL_COLOR_BUFFER_BIT);
+    }
+};
+
+} // namespace
+
+TEST_F(DrawArea, WithoutAPageWhatTheToolkitPaintsComesToTheScreen)
+{
+    EngineProbe::setPageTrackerState(0);
+    GreenWithoutThePage area;
+    ASSERT_TRUE(showAndWait(area));
     EXPECT_TRUE(comesToShow(area, Green));
 }
 
@@ -107,6 +131,16 @@ TEST_F(DrawArea, WithoutAPageTheToolkitPaintsAndResizesAndTheExposureFollows)
     EXPECT_GE(area.resizes, 1);
     EXPECT_GE(exposures, 1);
     EXPECT_FALSE(area.autoBufferSwap());
+}
+
+TEST_F(DrawArea, SwappingBeforeTheWindowIsExposedWarnsOfNothing)
+{
+    GLDrawArea area;
+    area.winId(); // there is a window now, on no screen yet
+    ASSERT_TRUE(area.getGLContext().setCurrentGL());
+    const QtWarnings warnings;
+    area.getGLContext().swapBuffers();
+    EXPECT_THAT(warnings.messages(), ::testing::IsEmpty());
 }
 
 TEST_F(DrawArea, ClearingTheContextLeavesItCurrent)

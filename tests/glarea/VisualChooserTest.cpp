@@ -1,5 +1,6 @@
 #include "integration/glarea/GoodVisualChooserQGLContext.h"
 
+#include "exception/ExceptionBase.h"
 #include "integration/StyleSettings.h"
 #include "integration/glarea/GLDrawArea.h"
 #include "integration/glarea/VisualList.h"
@@ -11,10 +12,10 @@
 
 #include <algorithm>
 #include <dlfcn.h>
+#include <functional>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <memory>
-#include <tuple>
 
 // After Qt, whose enumerators some of Xlib's macros would replace.
 #include <GL/glx.h>
@@ -25,16 +26,28 @@ using namespace velmora::sdk::integration;
 namespace {
 
 int failingAttribute = 0;
+// Samples decide only between visuals of 24 bits; no real visual has both them and accumulation bits.
+bool everySizeDecides = false;
 
 } // namespace
 
-// In place of GLX's own, which it calls: fails for one attribute, as a driver may.
-extern "C" int glXGetConfig(Display* display, XVisualInfo* visual, int attribute, int* value)
+// In place of GLX's own, which it calls, for the library too: fails for one attribute, as a driver may.
+extern "C" __attribute__((visibility("default"))) int glXGetConfig(Display* display, XVisualInfo* visual, int attribute,
+                                                                   int* value)
 {
     using Function = int (*)(Display*, XVisualInfo*, int, int*);
     static const auto original = reinterpret_cast<Function>(dlsym(RTLD_NEXT, "glXGetConfig"));
-    return attribute == failingAttribute ? GLX_BAD_ATTRIBUTE : original(display, visual, attribute, value);
+    if (attribute == failingAttribute)
+        return GLX_BAD_ATTRIBUTE;
+    const int result = original(display, visual, attribute, value);
+    if (everySizeDecides && attribute == GLX_LEVEL)
+        *value = visual->depth > 24 ? 1 : 0;
+    if (everySizeDecides && attribute == GLX_ACCUM_RED_SIZE)
+        *value = visual->visualid % 2 == 0 ? 16 : 0;
+    return result;
 }
+
+using toolkit::OwnedVisual;
 using velmora::testing::EngineProbe;
 using velmora::toolbox::StyleValue;
 
@@ -74,54 +87,19 @@ protected:
     void TearDown() override { SetUp(); }
 };
 
-// The rule once more, as one sort key a visual: of two visuals the one with the greater key is
-// preferred. It holds for the requests below, for which "as near as possible" is a total order.
-int nearness(int requested, int size)
-{
-    return size <= requested ? size : requested - size;
-}
-
-auto keyOf(const VisualCandidate& v)
-{
-    const auto color = [](int size) { return size == 8 ? 1000 : size; };
-    const auto main =
-        std::make_tuple(v.level == 0, v.level, v.rgba, v.screen == 0, v.doubleBuffer, v.caveatRank != 2, v.depth,
-                        v.depthSize != 0, color(v.redSize), color(v.greenSize), color(v.blueSize), -v.alphaSize);
-    const auto rest = std::make_tuple(
-        nearness(v.requestedDepthSize, v.depthSize), v.requestedSamples == 0 ? -v.sampleBuffers : v.sampleBuffers,
-        nearness(v.requestedSamples, v.samples), !v.stereo, -v.stencilSize,
-        nearness(v.requestedAccumSize, v.accumRedSize), nearness(v.requestedAccumSize, v.accumGreenSize),
-        nearness(v.requestedAccumSize, v.accumBlueSize), nearness(v.requestedAccumSize, v.accumAlphaSize),
-        -v.auxBuffers);
-    return std::make_pair(main, rest);
-}
-
 } // namespace
 
-TEST_F(VisualChooser, TheChoiceIsTheBestOfAllRealVisualsByTheRuleComputedAnotherWay)
+TEST_F(VisualChooser, NothingConfiguredMeans32DepthBits4SamplesAnd16AccumulationBits)
 {
-    const VisualRequest requests[] = {{32, 4, 16}, {24, 4, 16}, {16, 0, 16}, {24, 8, 8}};
+    everySizeDecides = true;
     const VisualList visuals;
-    ASSERT_FALSE(visuals.isEmpty());
-    for (const VisualRequest& request : requests) {
-        const std::vector<VisualCandidate> candidates = visuals.candidates(request);
-        ASSERT_GT(candidates.size(), 100u);
-        const auto best = std::max_element(candidates.begin(), candidates.end(),
-                                           [](const auto& a, const auto& b) { return keyOf(a) < keyOf(b); });
-        const auto chosen = std::find_if(candidates.begin(), candidates.end(), [&](const auto& v) {
-            return static_cast<unsigned long>(v.visualId) == visuals.best(request);
-        });
-        ASSERT_NE(chosen, candidates.end());
-        EXPECT_EQ(keyOf(*chosen), keyOf(*best));
-    }
-}
-
-TEST_F(VisualChooser, TheComparatorAgreesWithTheKeyForEveryPairOfRealVisuals)
-{
-    const std::vector<VisualCandidate> candidates = VisualList().candidates({24, 4, 16});
-    for (const VisualCandidate& a : candidates)
-        for (const VisualCandidate& b : candidates)
-            ASSERT_EQ(CompareVisual(&a, &b), keyOf(a) > keyOf(b) ? 1 : 0) << a.visualId << " " << b.visualId;
+    const unsigned long best = visuals.best({32, 4, 16});
+    for (const VisualRequest& other : {VisualRequest{16, 4, 16}, VisualRequest{32, 0, 16}, VisualRequest{32, 4, 0}})
+        EXPECT_NE(visuals.best(other), best);
+    const OwnedVisual chosen = choose();
+    everySizeDecides = false;
+    ASSERT_NE(chosen, nullptr);
+    EXPECT_EQ(VisualList::idOf(chosen.get()), best);
 }
 
 TEST_F(VisualChooser, AQueryThatFailsLeavesTheAnswerOfTheOneBefore)
@@ -184,7 +162,7 @@ TEST_F(VisualChooser, WithTheAdvancedChooserOffTheToolkitsChoiceIsWrittenBack)
     setConfig("UseAdvancedVisualChooser", 0);
     const int id = idChosenForAnArea();
     ASSERT_NE(id, 0);
-    EXPECT_NE(OwnedVisual(VisualList::find(static_cast<unsigned long>(id))), nullptr);
+    EXPECT_NE(VisualList::find(static_cast<unsigned long>(id)), nullptr);
 }
 
 TEST_F(VisualChooser, TheToolkitsChoiceIsMadeAnewEachTime)
@@ -238,6 +216,15 @@ TEST_F(VisualChooser, FailedReadsOfTheSizesMeanTheDefaults)
     const OwnedVisual failing = choose();
     ASSERT_NE(failing, nullptr);
     EXPECT_EQ(VisualList::idOf(failing.get()), VisualList::idOf(byDefault.get()));
+}
+
+TEST_F(VisualChooser, ExceptionsOfTheToolboxPassThrough)
+{
+    EngineProbe::throwAt("ArgList");
+    EXPECT_THROW(GoodVisualChooserQGLContext(), velmora::ExceptionBase);
+    EngineProbe::throwAt("AppLock"); // while the choice is written back
+    EXPECT_THROW(choose(), velmora::ExceptionBase);
+    EXPECT_EQ(config("VisualID"), 0);
 }
 
 TEST_F(VisualChooser, TheChoiceIsWrittenUnderALockThatRecordsIt)
@@ -296,6 +283,8 @@ TEST_F(VisualChooser, TheConstructorAppliesConfiguredSizesAboveZeroOnly)
     EXPECT_TRUE(configured.requestedFormat().doubleBuffer());
     EXPECT_TRUE(configured.requestedFormat().rgba());
     EXPECT_TRUE(configured.requestedFormat().sampleBuffers());
+    setScreenRendering("MaxAccumBufferSize", 8);
+    EXPECT_EQ(GoodVisualChooserQGLContext().requestedFormat().accumBufferSize(), 8);
 }
 
 // What the window really got, from the X server; on Qt 5 the sizes are asked for, not the ID.
@@ -310,8 +299,8 @@ TEST_F(VisualChooser, TheWindowHasAVisualWithTheChosenSizes)
     Display* const display = toolkit::xDisplay();
     XWindowAttributes attributes;
     ASSERT_NE(XGetWindowAttributes(display, area.winId(), &attributes), 0);
-    const OwnedVisual chosen(VisualList::find(static_cast<unsigned long>(chosenId)));
-    const OwnedVisual actual(VisualList::find(XVisualIDFromVisual(attributes.visual)));
+    const OwnedVisual chosen = VisualList::find(static_cast<unsigned long>(chosenId));
+    const OwnedVisual actual = VisualList::find(XVisualIDFromVisual(attributes.visual));
     ASSERT_NE(actual, nullptr);
     const auto value = [&](const OwnedVisual& visual, int attribute) {
         int result = -1;

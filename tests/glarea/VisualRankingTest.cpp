@@ -96,6 +96,15 @@ TEST_F(VisualRanking, WithStereoModeOneTheNonStereoVisualWinsBeforeDoubleBufferi
     expectWins(plainSingle, stereoDouble);
 }
 
+TEST_F(VisualRanking, WithAnyOtherStereoModeDoubleBufferingDecidesFirst)
+{
+    for (const int mode : {0, 2}) {
+        const VisualCandidate plainSingle = with([=](auto& v) { v.stereoMode = mode, v.doubleBuffer = false; });
+        const VisualCandidate stereoDouble = with([=](auto& v) { v.stereoMode = mode, v.stereo = true; });
+        expectWins(stereoDouble, plainSingle);
+    }
+}
+
 TEST_F(VisualRanking, DoubleBufferModeDecidesWhichBufferingWins)
 {
     const auto buffered = [](int mode, bool doubleBuffer) {
@@ -209,6 +218,33 @@ TEST_F(VisualRanking, AccumulationIsAsNearAsPossibleToWhatIsAskedFor)
 TEST_F(VisualRanking, FewerAuxiliaryBuffersWin)
 {
     expectWins(ordinary(), with([](auto& v) { v.auxBuffers = 4; }));
+}
+
+TEST_F(VisualRanking, OfTwoCriteriaThatDisagreeTheEarlierOneDecides)
+{
+    const Change best = [](auto& v) {
+        v.sampleBuffers = 1, v.samples = 4;
+        v.accumRedSize = v.accumGreenSize = v.accumBlueSize = v.accumAlphaSize = 16;
+    };
+    const std::vector<Change> flaws = {
+        [](auto& v) { v.level = 1; },         [](auto& v) { v.rgba = false; },
+        [](auto& v) { v.screen = 1; },        [](auto& v) { v.doubleBuffer = false; },
+        [](auto& v) { v.caveatRank = 2; },    [](auto& v) { v.depth = 16; },
+        [](auto& v) { v.depthSize = 0; },     [](auto& v) { v.redSize = 5; },
+        [](auto& v) { v.greenSize = 5; },     [](auto& v) { v.blueSize = 5; },
+        [](auto& v) { v.alphaSize = 8; },     [](auto& v) { v.depthSize = 16; },
+        [](auto& v) { v.sampleBuffers = 0; }, [](auto& v) { v.samples = 2; },
+        [](auto& v) { v.stereo = true; },     [](auto& v) { v.stencilSize = 8; },
+        [](auto& v) { v.accumRedSize = 0; },  [](auto& v) { v.accumGreenSize = 0; },
+        [](auto& v) { v.accumBlueSize = 0; }, [](auto& v) { v.accumAlphaSize = 0; },
+        [](auto& v) { v.auxBuffers = 4; },
+    };
+    for (std::size_t earlier = 0; earlier < flaws.size(); ++earlier)
+        for (std::size_t later = earlier + 1; later < flaws.size(); ++later) {
+            SCOPED_TRACE(::testing::Message() << earlier << " and " << later);
+            expectWins(with([&](auto& v) { best(v), flaws[later](v); }),
+                       with([&](auto& v) { best(v), flaws[earlier](v); }));
+        }
 }
 
 TEST_F(VisualRanking, AllRequestsAreTakenFromTheFirstArgument)

@@ -1,7 +1,10 @@
 #include "integration/Manager.h"
 #include "exception/ExceptionBase.h"
+#include "integration/glarea/GLDrawArea.h"
 #include "interfaces/ApplicationEventMonitorInterface.h"
+#include "interfaces/PageManagerInterface.h"
 #include "interfaces/ServiceRepositoryInterface.h"
+#include "interfaces/services/ServiceInterface.h"
 #include "testing/EngineProbe.h"
 
 #include <QApplication>
@@ -20,6 +23,10 @@ using namespace velmora::sdk::integration;
 using velmora::testing::EngineProbe;
 
 namespace {
+
+int g_argc = 1;
+char g_name[] = "host";
+char* g_argv[] = {g_name, nullptr};
 
 std::vector<std::string> registered()
 {
@@ -146,12 +153,9 @@ namespace {
 
 int theProcessExitsCleanlyThoughNobodyStoppedTheEngine()
 {
-    static int argc = 1;
-    static char name[] = "host";
-    static char* argv[] = {name, nullptr};
-    const QApplication application(argc, argv);
+    const QApplication application(g_argc, g_argv);
     Manager& manager = Manager::getInstance();
-    manager.init(argc, argv, "", "host");
+    manager.init(g_argc, g_argv, "", "host");
     return manager.start() == ManagerStartReturnCode_Ok ? 0 : 1;
 }
 
@@ -241,17 +245,14 @@ namespace {
 
 int anApplicationStartsAndStopsTheEngineAndTheSignalsTellOfIt()
 {
-    static int argc = 1;
-    static char name[] = "host";
-    static char* argv[] = {name, nullptr};
-    QApplication application(argc, argv);
+    QApplication application(g_argc, g_argv);
     Manager& manager = Manager::getInstance();
     std::string heard;
     manager.connectEngineStarted([&] { heard += "started "; });
     manager.connectEngineShutdownInitiated([&] { heard += "initiated "; });
     manager.connectEngineShutdownFinished([&] { heard += "finished"; });
     const bool early = manager.start() == ManagerStartReturnCode_NotInitialized;
-    const bool ready = manager.init(argc, argv, "", "host") == ManagerStartReturnCode_Ok;
+    const bool ready = manager.init(g_argc, g_argv, "", "host") == ManagerStartReturnCode_Ok;
     const bool runs = manager.start() == ManagerStartReturnCode_Ok;
     const bool twice = manager.start() == ManagerStartReturnCode_AlreadyStarted;
     manager.stop();
@@ -269,14 +270,52 @@ TEST(ManagerDeathTest, AnApplicationStartsAndStopsTheEngineAndTheSignalsTellOfIt
 
 namespace {
 
+struct CountingService : public services::ServiceInterface {
+    void registerCallbacks() override { ++registrations; }
+    void makeCurrent() override {}
+    int registrations = 0;
+};
+
+bool canShowAPage(Manager& manager, GLDrawArea& area)
+{
+    try {
+        manager.getPageManager().attachDrawArea(area);
+        return true;
+    } catch (const velmora::ExceptionBase&) {
+        return false;
+    }
+}
+
+int fromStartToStopThereAreServicesAndPages()
+{
+    QApplication application(g_argc, g_argv);
+    static CountingService service; // before the manager, which it has to outlive
+    Manager& manager = Manager::getInstance();
+    manager.getServiceRepository().addService(service);
+    manager.init(g_argc, g_argv, "", "host");
+    GLDrawArea area;
+    const bool before = service.registrations == 0 && !canShowAPage(manager, area);
+    manager.start();
+    const bool between = service.registrations == 1 && canShowAPage(manager, area);
+    manager.stop();
+    const bool after = !manager.getPageManager().pageOf(area) && !canShowAPage(manager, area);
+    return before && between && after ? 0 : 1;
+}
+
+} // namespace
+
+TEST(ManagerDeathTest, FromStartToStopThereAreServicesAndPages)
+{
+    EXPECT_EXIT(std::exit(fromStartToStopThereAreServicesAndPages()), ::testing::ExitedWithCode(0), "");
+}
+
+namespace {
+
 int theProcessExitsCleanlyAfterTheApplicationObjectIsGone()
 {
-    static int argc = 1;
-    static char name[] = "host";
-    static char* argv[] = {name, nullptr};
-    auto application = std::make_unique<QApplication>(argc, argv);
+    auto application = std::make_unique<QApplication>(g_argc, g_argv);
     Manager& manager = Manager::getInstance();
-    manager.init(argc, argv, "", "host");
+    manager.init(g_argc, g_argv, "", "host");
     manager.start();
     manager.stop();
     application.reset();
@@ -288,6 +327,30 @@ int theProcessExitsCleanlyAfterTheApplicationObjectIsGone()
 TEST(ManagerDeathTest, TheProcessExitsCleanlyAfterTheApplicationObjectIsGone)
 {
     EXPECT_EXIT(std::exit(theProcessExitsCleanlyAfterTheApplicationObjectIsGone()), ::testing::ExitedWithCode(0), "");
+}
+
+namespace {
+
+int theEngineIsEndedAfterItsApplicationObjectAndStartedForAnother()
+{
+    auto application = std::make_unique<QApplication>(g_argc, g_argv);
+    Manager& manager = Manager::getInstance();
+    manager.init(g_argc, g_argv, "", "host");
+    const bool ran = manager.start() == ManagerStartReturnCode_Ok;
+    application.reset();
+    manager.stop();
+    application = std::make_unique<QApplication>(g_argc, g_argv);
+    const bool runsAgain = manager.start() == ManagerStartReturnCode_Ok;
+    manager.stop();
+    return ran && runsAgain ? 0 : 1;
+}
+
+} // namespace
+
+TEST(ManagerDeathTest, TheEngineIsEndedAfterItsApplicationObjectAndStartedForAnother)
+{
+    EXPECT_EXIT(std::exit(theEngineIsEndedAfterItsApplicationObjectAndStartedForAnother()),
+                ::testing::ExitedWithCode(0), "");
 }
 
 namespace {

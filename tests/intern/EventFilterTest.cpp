@@ -3,6 +3,7 @@
 #include "tests/intern/MonitorFixture.h"
 
 #include "integration/toolkit/EventTransport.h"
+#include "testing/EngineProbe.h"
 #include "tests/support/Wait.h"
 
 #include <QApplication>
@@ -14,6 +15,7 @@ using namespace velmora::test;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using velmora::sdk::integration::toolkit::isOnlyTransport;
+using velmora::testing::EngineProbe;
 
 namespace {
 
@@ -33,6 +35,21 @@ TEST_F(EventFilter, BeforeStartAndAfterStopNothingIsWatched)
     journal.clear();
     QCoreApplication::sendEvent(&widget, &key);
     EXPECT_THAT(journal, ElementsAre("widget: KeyRelease " + A));
+}
+
+TEST_F(EventFilter, TheEndOfTheEnginesWorkIsToldFromStartToStop)
+{
+    const auto work = [] {
+        EngineProbe::setBusy(true);
+        EngineProbe::setBusy(false);
+    };
+    watch();
+    work();
+    EXPECT_THAT(journal, ElementsAre("not busy"));
+    monitor.stop();
+    journal.clear();
+    work();
+    EXPECT_THAT(journal, IsEmpty());
 }
 
 TEST_F(EventFilter, StartAfterStopWatchesAgain)

@@ -29,7 +29,7 @@ protected:
 
 } // namespace
 
-TEST_F(InterruptSuspenderTest, NoInputInterruptsInsideItsScope)
+TEST_F(InterruptSuspenderTest, TheEngineIsNotInterruptibleInsideItsScope)
 {
     EXPECT_TRUE(isInterruptible());
     {

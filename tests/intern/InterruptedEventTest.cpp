@@ -2,7 +2,9 @@
 #include "tests/intern/InterruptedEventFixture.h"
 #include "tests/support/Wait.h"
 
+#include <QHBoxLayout>
 #include <QPointer>
+#include <QPushButton>
 #include <QShortcutEvent>
 #include <QWheelEvent>
 #include <memory>
@@ -215,6 +217,40 @@ TEST_F(InterruptedEvent, TheToolkitsErrandsThatWereSwallowedAreAskedForAgain)
     EXPECT_TRUE(waitUntil([&] { return doomed.isNull(); }));
     EXPECT_EQ(errands.updates, 1);
     EXPECT_EQ(errands.layouts, 1);
+}
+
+TEST_F(InterruptedEvent, AWindowResizedWhileEventsAreHeldBackLaysItsContentsOutAfterwards)
+{
+    QWidget window;
+    QWidget* const contents = new QWidget(&window);       // the window's
+    QHBoxLayout* const layout = new QHBoxLayout(&window); // the window's
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(contents);
+    window.resize(200, 150);
+    EXPECT_TRUE(showAndWait(window));
+    EXPECT_TRUE(waitUntil([&] { return contents->width() == 200; }));
+    beginInterruption();
+    window.resize(500, 150);
+    processPending();
+    EXPECT_EQ(contents->width(), 200);
+    unwind();
+    Probe::Filter::engineNotBusyCallback(reinterpret_cast<long>(&Probe::filter(monitor)));
+    EXPECT_TRUE(waitUntil([&] { return contents->width() == 500; }));
+}
+
+TEST_F(InterruptedEvent, AButtonWhoseReleaseIsKeptIsClickedByItsCopy)
+{
+    QPushButton button;
+    button.setCheckable(true);
+    button.setDown(true);
+    beginInterruption();
+    QMouseEvent release(QEvent::MouseButtonRelease, button.rect().center(), Qt::LeftButton, Qt::NoButton,
+                        Qt::NoModifier);
+    QCoreApplication::sendEvent(&button, &release);
+    unwind();
+    Probe::Filter::engineNotBusyCallback(reinterpret_cast<long>(&Probe::filter(monitor)));
+    EXPECT_TRUE(waitUntil([&] { return !button.isDown(); }));
+    EXPECT_TRUE(button.isChecked());
 }
 
 TEST_F(InterruptedEvent, ACopyThatStillWaitsOutlivesTheMonitor)

@@ -58,13 +58,14 @@ TEST_F(InterruptedEvent, AParkedEventWhoseReceiverIsGoneIsDropped)
 
 TEST_F(InterruptedEvent, AnEventParkedInsideAnotherLosesNeither)
 {
-    widget.onEvent = [&](QEvent&) {
+    widget.onEvent = [&](QEvent& event) {
         widget.onEvent = nullptr;
         // Interrupted once more during the handling of the copy, without a turn of the application.
         beginInterruption();
         sendKey(widget, Qt::Key_B);
         unwind();
         sendTrigger(widget);
+        EXPECT_EQ(Probe::dispatching(monitor), &event) << "it is still being sent";
     };
     QKeyEvent key = keyEvent(QEvent::KeyRelease, Qt::Key_A);
     interruptWith(key, widget);
@@ -114,12 +115,31 @@ TEST_F(InterruptedEvent, AnExceptionDuringItsDeliveryPassesAndLeavesNothingParke
     EXPECT_EQ(Probe::dispatching(monitor), nullptr);
 }
 
+TEST_F(InterruptedEvent, OfTwoCopiesOneInsideTheOtherWhoseHandlersThrowTheOuterOneCountsAsBeingSent)
+{
+    const QEvent* outer = nullptr;
+    other.onEvent = [](QEvent&) { throw std::runtime_error("inner"); };
+    widget.onEvent = [&](QEvent& event) {
+        outer = &event;
+        QCloseEvent inner;
+        interruptWith(inner, other);
+        EXPECT_THROW(sendTrigger(widget), std::runtime_error);
+        throw std::runtime_error("outer");
+    };
+    QCloseEvent close;
+    interruptWith(close, widget);
+    EXPECT_THROW(sendTrigger(other), std::runtime_error);
+    ASSERT_NE(outer, nullptr);
+    EXPECT_EQ(Probe::dispatching(monitor), outer);
+    EXPECT_EQ(Probe::parked(monitor), nullptr);
+}
+
 TEST_F(InterruptedEvent, AnEventDeliveredEarlyAndIgnoredReachesItsParentOnce)
 {
     Receiver<QWidget> parent{"parent", journal};
     Receiver<QWidget>* const child = new Receiver<QWidget>{"child", journal};
     child->setParent(&parent);
-    child->onEvent = [](QEvent& event) { event.ignore(); };
+    child->onEvent = parent.onEvent = [](QEvent& event) { event.ignore(); };
     widget.onEvent = [this](QEvent& event) {
         if (event.type() == QEvent::KeyRelease)
             monitor.processWhileBusy_Internal();
@@ -130,4 +150,39 @@ TEST_F(InterruptedEvent, AnEventDeliveredEarlyAndIgnoredReachesItsParentOnce)
     const Journal all = received();
     EXPECT_EQ(std::count(all.begin(), all.end(), "child: KeyRelease " + B), 1);
     EXPECT_EQ(std::count(all.begin(), all.end(), "parent: KeyRelease " + B), 1);
+}
+
+TEST_F(InterruptedEvent, AClosingDeliveredEarlyAndRefusedStaysRefused)
+{
+    widget.onEvent = [this](QEvent&) { monitor.processWhileBusy_Internal(); };
+    other.onEvent = [](QEvent& event) { event.ignore(); };
+    QKeyEvent key = keyEvent(QEvent::KeyRelease, Qt::Key_A);
+    interruptWith(key, widget);
+    QCloseEvent close;
+    QCoreApplication::sendEvent(&other, &close);
+    EXPECT_THAT(received(), ElementsAre("widget: KeyRelease " + A, "other: Close"));
+    EXPECT_FALSE(close.isAccepted());
+}
+
+TEST_F(InterruptedEvent, ACopyWhoseHandlerThrewIsForgottenWithTheNextOne)
+{
+    widget.onEvent = [](QEvent&) { throw std::runtime_error("refused"); };
+    QCloseEvent close;
+    interruptWith(close, widget);
+    EXPECT_THROW(sendTrigger(other), std::runtime_error);
+    const QEvent* counted = nullptr;
+    const QEvent* next = nullptr;
+    widget.onEvent = [&](QEvent& event) {
+        widget.onEvent = nullptr;
+        next = &event;
+        QCloseEvent inner;
+        interruptWith(inner, widget);
+        sendTrigger(widget);
+        counted = Probe::dispatching(monitor);
+    };
+    interruptWith(close, widget);
+    sendTrigger(other);
+    ASSERT_NE(next, nullptr);
+    EXPECT_EQ(counted, next);
+    EXPECT_EQ(Probe::dispatching(monitor), nullptr);
 }

@@ -26,6 +26,7 @@ struct Contexts {
     int alive = 0;
 };
 Contexts contexts;
+const QGLContext* currentAtTheDestruction = nullptr; // the toolkit's
 
 template <typename Function>
 Function behind(Function, const char* name)
@@ -49,6 +50,7 @@ extern "C" OSMesaContext OSMesaCreateContextExt(GLenum format, GLint depthBits, 
 extern "C" void OSMesaDestroyContext(OSMesaContext context)
 {
     contexts.alive -= context ? 1 : 0;
+    currentAtTheDestruction = QGLContext::currentContext();
     behind(&::OSMesaDestroyContext, "OSMesaDestroyContext")(context);
 }
 
@@ -178,6 +180,18 @@ TEST(OffscreenImageMesa, TheContextIsRgbaWithoutStencilAndSharesWithNone)
     EXPECT_EQ(contexts.stencilBits, 0);
     EXPECT_EQ(contexts.accumBits, 0);
     EXPECT_FALSE(contexts.shared);
+}
+
+TEST(OffscreenImageMesa, TheToolkitsContextIsOutOfTheWayWhileTheContextIsDestroyedAndThenCurrentAgain)
+{
+    QGLWidget widget;
+    {
+        const OffscreenImageMesa image(10, 10);
+        widget.makeCurrent();
+        currentAtTheDestruction = widget.context();
+    }
+    EXPECT_EQ(currentAtTheDestruction, nullptr);
+    EXPECT_EQ(QGLContext::currentContext(), widget.context());
 }
 
 TEST(OffscreenImageMesa, EveryContextIsDestroyedWithItsImageAndARefusedSizeLeavesNone)

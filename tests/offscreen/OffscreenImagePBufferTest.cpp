@@ -13,6 +13,7 @@
 #include <QGLWidget>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <utility>
 
 namespace velmora::test {
 namespace {
@@ -142,6 +143,18 @@ TEST(OffscreenImagePBuffer, BeingDestroyedWhileCurrentLeavesNothingOfItCurrent)
     EXPECT_NE(glGetString(GL_VERSION), nullptr);
 }
 
+TEST(OffscreenImagePBuffer, BeingDestroyedLeavesNoContextCurrentWhosoeverItWas)
+{
+    QGLWidget widget;
+    {
+        const OffscreenImagePBuffer image(32, 32);
+        ASSERT_TRUE(image.isValid());
+        widget.makeCurrent();
+        ASSERT_EQ(QGLContext::currentContext(), widget.context());
+    }
+    EXPECT_EQ(QGLContext::currentContext(), nullptr);
+}
+
 class WhatTheDrawingLeavesBehind : public ::testing::TestWithParam<int> {
 protected:
     /// The picture of an image whose drawing ends with `leave`.
@@ -191,6 +204,47 @@ TEST_P(WhatTheDrawingLeavesBehind, PixelTransferModesDoNotChangeTheColours)
         glPixelTransferi(GL_MAP_COLOR, GL_TRUE);
     });
     EXPECT_EQ(differingFraction(picture, tiles(51, 37), 0), 0.0);
+}
+
+TEST_P(WhatTheDrawingLeavesBehind, IsThereAgainAfterThePictureIsRead)
+{
+    const ImageSetting setting("MaxMultiSamples", GetParam());
+    OffscreenImagePBuffer image(51, 37);
+    renderImage(ImageKind::PixelBuffer, image, [](const GLTable& gl, int, int) {
+        gl.enable(GL_SCISSOR_TEST);
+        gl.pixelStorei(GL_PACK_ALIGNMENT, 8);
+        gl.pixelStorei(GL_PACK_SKIP_ROWS, 2);
+        glPixelTransferf(GL_RED_SCALE, 0.5f);
+        glPixelTransferf(GL_BLUE_BIAS, 0.25f);
+        glPixelTransferi(GL_MAP_COLOR, GL_TRUE);
+    });
+    EXPECT_FALSE(image.toImage().isNull());
+    ASSERT_TRUE(image.getGLContext().setCurrentGL());
+    EXPECT_TRUE(glIsEnabled(GL_SCISSOR_TEST));
+    const std::pair<GLenum, float> left[] = {
+        {GL_PACK_ALIGNMENT, 8},
+        {GL_PACK_SKIP_ROWS, 2},
+        {GL_RED_SCALE, 0.5f},
+        {GL_BLUE_BIAS, 0.25f},
+        {GL_MAP_COLOR, 1},
+        {GL_ATTRIB_STACK_DEPTH, 0},
+        {GL_CLIENT_ATTRIB_STACK_DEPTH, 0},
+    };
+    for (const auto& [name, expected] : left) {
+        float value = -1;
+        glGetFloatv(name, &value);
+        EXPECT_EQ(value, expected) << name;
+    }
+}
+
+TEST_P(WhatTheDrawingLeavesBehind, AScissorThatIsOffStaysOff)
+{
+    const ImageSetting setting("MaxMultiSamples", GetParam());
+    OffscreenImagePBuffer image(51, 37);
+    renderImage(ImageKind::PixelBuffer, image, [](const GLTable&, int, int) {});
+    EXPECT_FALSE(image.toImage().isNull());
+    ASSERT_TRUE(image.getGLContext().setCurrentGL());
+    EXPECT_FALSE(glIsEnabled(GL_SCISSOR_TEST));
 }
 
 TEST_P(WhatTheDrawingLeavesBehind, ABufferForPixelsDoesNotSwallowThePictureAndStaysBound)

@@ -2,8 +2,11 @@
 
 #include <QColor>
 #include <algorithm>
+#include <fstream>
 #include <gtest/gtest.h>
+#include <iterator>
 #include <numeric>
+#include <string>
 #include <vector>
 
 namespace velmora::sdk::integration::intern {
@@ -28,6 +31,25 @@ std::vector<std::uint32_t> manyPixels(int count)
         pixel = state = state * 1664525u + 1013904223u;
     return pixels;
 }
+
+#ifdef __x86_64__
+
+/// As the kernel tells it.
+bool processorHas(const std::string& feature)
+{
+    std::ifstream facts("/proc/cpuinfo");
+    const std::istream_iterator<std::string> none;
+    return std::find(std::istream_iterator<std::string>(facts), none, feature) != none;
+}
+
+TEST(PixelRows, TheFormForAProcessorThatDoesEightAtOnceIsTakenWhereItIsOne)
+{
+    ASSERT_TRUE(processorHas("sse2"));
+    EXPECT_EQ(&pixelRows(), processorHas("avx2") ? avx2PixelRows() : &portablePixelRows());
+    EXPECT_EQ(avx2PixelRows() != nullptr, processorHas("avx2"));
+}
+
+#endif
 
 TEST(PixelRows, SplittingGivesRedGreenAndBlueAndDropsAlpha)
 {

@@ -1,5 +1,7 @@
 #include "tests/support/Pixels.h"
 
+#include "tests/support/DisplayScale.h"
+
 #include <QPoint>
 #include <QWidget>
 #include <QX11Info>
@@ -15,10 +17,11 @@ QImage grabFromScreen(const QWidget& widget)
 {
     Display* const display = QX11Info::display();
     XSync(display, False);
-    const QPoint origin = widget.mapToGlobal(QPoint(0, 0));
+    const QPoint origin = placeOnScreen(widget, QPoint(0, 0));
+    const QSize size = inScreenPixels(widget, widget.size());
     XImage* const shot =
-        XGetImage(display, DefaultRootWindow(display), origin.x(), origin.y(), static_cast<unsigned>(widget.width()),
-                  static_cast<unsigned>(widget.height()), AllPlanes, ZPixmap);
+        XGetImage(display, DefaultRootWindow(display), origin.x(), origin.y(), static_cast<unsigned>(size.width()),
+                  static_cast<unsigned>(size.height()), AllPlanes, ZPixmap);
     if (!shot)
         return QImage();
     QImage image(shot->width, shot->height, QImage::Format_RGB32);

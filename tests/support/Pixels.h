@@ -6,7 +6,7 @@ class QWidget;
 
 namespace velmora::test {
 
-/// What the X server shows of the widget now, whatever drew it.
+/// What the X server shows of the widget now, whatever drew it, in pixels of the screen.
 QImage grabFromScreen(const QWidget& widget);
 
 /// The fraction (0 to 1) of the pixels of two pictures of the same size that differ by more than

@@ -1,5 +1,7 @@
 #include "tests/support/XInput.h"
 
+#include "tests/support/DisplayScale.h"
+
 #include <QCoreApplication>
 #include <QPoint>
 #include <QWidget>
@@ -35,8 +37,8 @@ void movePointerToScreen(int x, int y)
 
 void movePointer(const QWidget& widget, const QPoint& position)
 {
-    const QPoint global = widget.mapToGlobal(position);
-    movePointerToScreen(global.x(), global.y());
+    const QPoint place = placeOnScreen(widget, position);
+    movePointerToScreen(place.x(), place.y());
 }
 
 void pressButton(int button)

@@ -1,5 +1,6 @@
 // What the viewer answers to its command line, as another program sees it.
 
+#include "tests/faults/ForeignWindow.h"
 #include "tests/viewer/PictureColours.h"
 #include "tests/viewer/ViewerProcess.h"
 
@@ -42,23 +43,85 @@ TEST_F(CommandLine, HelpTellsTheOptionsAndEndsWell)
         const Ended help = run(words(option));
         EXPECT_EQ(help.exitCode, 0);
         EXPECT_TRUE(help.output.startsWith(QLatin1String("usage: viewer"))) << help.output.toStdString();
-        for (const char* const told : {"--snapshot", "--size", "--slow", "--version"})
+        for (const char* const told : {"--snapshot", "--size", "32768", "--slow", "--version", " -- ", ".png"})
             EXPECT_TRUE(help.output.contains(QLatin1String(told))) << told;
         EXPECT_EQ(help.error.toStdString(), "");
     }
 }
 
-TEST_F(CommandLine, TheVersionIsOneLine)
+TEST_F(CommandLine, HelpNamesEveryPaperAndTheOneThatIsTakenWithoutAnOption)
+{
+    const std::string help = run(words("--help")).output.toStdString();
+    EXPECT_NE(help.find(" Letter (the default), Double, A4, A3, Custom1 or Custom2\n"), std::string::npos) << help;
+}
+
+TEST_F(CommandLine, TheVersionIsThatOfTheLibraryOnOneLine)
 {
     const Ended version = run(words("--version"));
     EXPECT_EQ(version.exitCode, 0);
-    EXPECT_TRUE(QRegExp(QLatin1String("viewer \\d+\\.\\d+\\.\\d+\n")).exactMatch(version.output))
-        << version.output.toStdString();
+    EXPECT_EQ(version.output.toStdString(), "viewer " LIBRARY_VERSION "\n");
 }
 
 TEST_F(CommandLine, AnOptionThatThereIsNotIsRefusedByName)
 {
-    expectWrongUsage(run(words("--fast")), "--fast");
+    expectWrongUsage(run(words("--fast")), "There is no option --fast.");
+}
+
+TEST_F(CommandLine, AWordThatBeginsWithADashIsAnOption)
+{
+    for (const char* const word : {"-v", "-b", "-x.csv", "-platform", "---"})
+        expectWrongUsage(run(words(word)), (std::string("There is no option ") + word + ".").c_str());
+}
+
+// One by which the engine, and one by which the toolkit would have its way, if they got to see it.
+TEST_F(CommandLine, AFileWhoseNameBeginsWithADashIsGivenBehindTwoDashesOrByItsFolder)
+{
+    folder.write("-b", "x,y\n0,1\n1,3\n2,2\n");
+    folder.write("-testability", "x,y\n0,1\n1,3\n2,2\n");
+    for (const char* const file : {"-- -b", "./-b", "-- -testability"}) {
+        const Ended written = run(words("--strategy software --export out.png") + words(file));
+        EXPECT_EQ(written.exitCode, 0) << file;
+        EXPECT_EQ(written.error.toStdString(), "") << file;
+        EXPECT_TRUE(QFile::remove(folder.file("out.png"))) << file;
+    }
+}
+
+TEST_F(CommandLine, BehindTwoDashesThereAreFilesOnly)
+{
+    expectWrongUsage(run(words("--export out.png -- --print a.csv")), "exactly one data file");
+    expectUnreadable(run(words("--export out.png -- --help")), "--help", folder.file("out.png"));
+}
+
+TEST_F(CommandLine, OneDashIsNoOption)
+{
+    expectUnreadable(run(words("--export out.png -")), "-", folder.file("out.png"));
+}
+
+TEST_F(CommandLine, OnlyOnePictureCanBeMade)
+{
+    for (const char* const both : {"--export a.png --print a.pdf a.csv", "--print a.pdf --snapshot a.png a.csv",
+                                   "--export a.png --export b.png a.csv"})
+        expectWrongUsage(run(words(both)), "Only one of --snapshot, --export and --print can be given.");
+}
+
+TEST_F(CommandLine, ASuffixOfAnotherFormatIsRefused)
+{
+    expectWrongUsage(run(words("--export x.jpg a.csv")),
+                     "x.jpg: images are written as PNG; give a name that ends in .png.");
+    expectWrongUsage(run(words("--snapshot b.png/x.pdf a.csv")),
+                     "b.png/x.pdf: images are written as PNG; give a name that ends in .png.");
+    expectWrongUsage(run(words("--print x.png a.csv")),
+                     "x.png: pages are printed as PDF; give a name that ends in .pdf.");
+}
+
+TEST_F(CommandLine, TheSuffixMayBeInCapitalsOrMissing)
+{
+    const QString data = folder.writeTable();
+    for (const char* const task : {"--snapshot x.PNG", "--snapshot x", "--print x.Pdf", "--print x"}) {
+        const Ended written = run(words(task) << data);
+        EXPECT_EQ(written.exitCode, 0) << task << ": " << written.error.toStdString();
+        EXPECT_TRUE(QFile::remove(folder.file(words(task)[1].toUtf8().constData()))) << task;
+    }
 }
 
 TEST_F(CommandLine, AnOptionWithoutItsValueIsRefused)
@@ -71,6 +134,41 @@ TEST_F(CommandLine, ASizeThatIsNoneIsRefused)
 {
     for (const char* const size : {"large", "800", "800x", "x600", "0x600", "800x-1", "800x600x4", "1e3x20"})
         expectWrongUsage(run(words("--size") << QLatin1String(size)), size);
+}
+
+TEST_F(CommandLine, ASizeThatIsTooLargeIsRefusedWithTheRange)
+{
+    for (const char* const size : {"100000x100000", "%2x1", "32769x1", "1x32769", "4294967297x1"})
+        expectWrongUsage(run(words("--size") << QLatin1String(size)), "1 to 32768");
+}
+
+TEST_F(CommandLine, AnImageMayBeAsLargeAsTheRangeAllows)
+{
+    const Ended written = run(words("--strategy software --size 32768x8 --export out.png") << folder.writeTable());
+    EXPECT_EQ(written.exitCode, 0) << written.error.toStdString();
+    EXPECT_EQ(QImage(folder.file("out.png")).size(), QSize(32768, 8));
+}
+
+TEST_F(CommandLine, ASnapshotThatTheScreenCannotHoldIsRefusedWithItsSize)
+{
+    const Ended snapshot = run(words("--size 5000x300 --snapshot out.png") << folder.writeTable());
+    EXPECT_EQ(snapshot.exitCode, 1);
+    EXPECT_TRUE(snapshot.error.contains("cannot be larger than")) << snapshot.error.toStdString();
+    EXPECT_TRUE(snapshot.error.contains("--export")) << snapshot.error.toStdString();
+    EXPECT_FALSE(QFile::exists(folder.file("out.png")));
+}
+
+TEST_F(CommandLine, AWindowIsNoLargerThanTheScreen)
+{
+    QProcess viewer;
+    start(viewer, words("--size 30000x30000") << folder.writeTable());
+    const ForeignWindow window(QString::fromLocal8Bit(qgetenv("DISPLAY")), "lines.csv - Viewer");
+    const QSize beyond = window.size() - window.screenSize(); // a pixel of a toolkit that scales is more than one
+    EXPECT_LE(qMax(qAbs(beyond.width()), qAbs(beyond.height())), 2);
+    window.close();
+    const Ended ended = waitForEnd(viewer);
+    EXPECT_EQ(ended.exitCode, 0);
+    EXPECT_EQ(ended.error.toStdString(), "");
 }
 
 TEST_F(CommandLine, ASnapshotIsOfExactlyOneFile)
@@ -100,6 +198,18 @@ TEST_F(CommandLine, ASnapshotOfAGridIsASurfaceOfTheAskedSize)
     EXPECT_EQ(image.width(), 640);
     EXPECT_EQ(image.height(), 480);
     expectSurface(image);
+}
+
+TEST_F(CommandLine, ASnapshotOfAnOddSizeIsPaintedUpToItsEdges)
+{
+    const QString picture = folder.file("out.png");
+    const Ended snapshot = run(QStringList() << "--snapshot" << picture << "--size"
+                                             << "401x303" << folder.writeGrid());
+    EXPECT_EQ(snapshot.exitCode, 0) << snapshot.error.toStdString();
+    const QImage image(picture);
+    ASSERT_EQ(image.size(), QSize(401, 303));
+    for (const QPoint& corner : {QPoint(400, 0), QPoint(0, 302), QPoint(400, 302)})
+        EXPECT_EQ(image.pixel(corner), image.pixel(0, 0)) << corner.x() << "," << corner.y();
 }
 
 TEST_F(CommandLine, ASnapshotOfATableShowsItsLines)

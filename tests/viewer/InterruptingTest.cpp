@@ -10,6 +10,7 @@
 #include "tests/viewer/Onlooker.h"
 #include "tests/viewer/PictureColours.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QMessageBox>
 #include <QProgressBar>
@@ -51,6 +52,17 @@ protected:
         EXPECT_FALSE(progressBar()->isVisible());
         EXPECT_TRUE(statusBarSays(Incomplete));
         EXPECT_TRUE(button("Finish")->isVisible());
+        EXPECT_TRUE(action("F&inish Drawing")->isEnabled());
+    }
+
+    void expectFinished()
+    {
+        EXPECT_TRUE(waitUntil([] { return VelUtilPageIsComplete() == 1; }, 60000));
+        EXPECT_TRUE(settle());
+        expectSurface(shown());
+        EXPECT_FALSE(button("Finish")->isVisible());
+        EXPECT_FALSE(action("F&inish Drawing")->isEnabled());
+        EXPECT_FALSE(statusBarSays(Incomplete));
     }
 };
 
@@ -93,11 +105,16 @@ TEST_F(SlowDrawing, IsStoppedByEscapeAndFinishedByTheButton)
     EXPECT_FALSE(statusBarSays("Idle"));
     const QPushButton& finish = *button("Finish");
     click(finish, finish.rect().center());
-    EXPECT_TRUE(waitUntil([] { return VelUtilPageIsComplete() == 1; }, 60000));
-    EXPECT_TRUE(settle());
-    expectSurface(shown());
-    EXPECT_FALSE(button("Finish")->isVisible());
-    EXPECT_FALSE(statusBarSays(Incomplete));
+    expectFinished();
+}
+
+TEST_F(SlowDrawing, IsFinishedByTheKeyToo)
+{
+    EXPECT_FALSE(action("F&inish Drawing")->isEnabled());
+    openAndMeanwhile([] { typeKey(XK_Escape); });
+    expectInterrupted();
+    type(XK_F5);
+    expectFinished();
 }
 
 TEST_F(SlowDrawing, IsStoppedByAClickOnStop)

@@ -2,6 +2,7 @@
 
 #include "engine/VelUtil.h"
 #include "testing/EngineProbe.h"
+#include "tests/support/DisplayScale.h"
 #include "tests/support/Pixels.h"
 #include "tests/support/Wait.h"
 #include "tests/support/XInput.h"
@@ -77,6 +78,11 @@ QImage OpenViewer::picture()
 {
     EXPECT_TRUE(settle());
     return shown();
+}
+
+QImage OpenViewer::part(const QImage& picture, const QRect& rect)
+{
+    return picture.copy(inScreenPixels(area(), rect));
 }
 
 void OpenViewer::press(const QPoint& position, int button)

@@ -31,6 +31,9 @@ protected:
     /// The same without the waiting.
     QImage shown() const;
 
+    /// A part of a picture of the area, as large as it is in the area.
+    QImage part(const QImage& picture, const QRect& rect);
+
     QWidget& area() { return window->drawArea(); }
     QPoint centre() { return area().rect().center(); }
 

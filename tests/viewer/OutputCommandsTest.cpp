@@ -13,6 +13,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
+#include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QLabel>
@@ -59,6 +60,20 @@ protected:
         action("&Export Image...")->trigger();
         EXPECT_TRUE(choices.hasActed());
         EXPECT_TRUE(file.hasActed());
+    }
+
+    /// The file that the export offers to write.
+    std::string offeredName()
+    {
+        Answer<viewer::ExportDialog> choices([](viewer::ExportDialog& dialog) { accept(dialog); });
+        QString name;
+        Answer<QFileDialog> file([&](QFileDialog& dialog) {
+            name = dialog.directory().filePath(dialog.findChild<QLineEdit*>()->text());
+            dialog.reject();
+        });
+        action("&Export Image...")->trigger();
+        EXPECT_TRUE(file.hasActed());
+        return name.toStdString();
     }
 
     /// Exports slowly and acts once a person can see that.
@@ -138,6 +153,18 @@ TEST_F(OutputCommand, ExportIsStoppedByAClickBesideItsProgressBarAndLeavesNoFile
     });
     EXPECT_FALSE(progressBar()->isVisible());
     EXPECT_FALSE(button("Stop")->isVisible());
+}
+
+TEST_F(OutputCommand, ExportOffersANameAfterTheDataBesideThem)
+{
+    EXPECT_EQ(offeredName(), folder.file("hill.png").toStdString());
+    QDir(folder.path()).mkdir("pictures");
+    exportTo(folder.file("pictures/mine.png"), 64, 48, "Software");
+    EXPECT_EQ(offeredName(), folder.file("pictures/hill.png").toStdString()) << "where the last one went";
+    const QString renamed = folder.file("dotted.name.csv");
+    ASSERT_TRUE(QFile::rename(folder.writeTable(), renamed));
+    open(renamed);
+    EXPECT_EQ(offeredName(), folder.file("pictures/dotted.name.png").toStdString());
 }
 
 TEST_F(OutputCommand, ACancelledExportWritesNothing)

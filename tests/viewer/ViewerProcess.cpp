@@ -1,7 +1,5 @@
 #include "tests/viewer/ViewerProcess.h"
 
-#include <QProcess>
-
 namespace velmora::test {
 
 namespace {
@@ -10,13 +8,17 @@ constexpr int LongestRunMilliseconds = 120000;
 
 } // namespace
 
-Ended ViewerProcess::run(const QStringList& arguments) const
+void ViewerProcess::start(QProcess& process, const QStringList& arguments) const
 {
-    QProcess process;
     QStringList environment = QProcess::systemEnvironment();
     environment << QLatin1String("XDG_CONFIG_HOME=") + folder.path();
     process.setEnvironment(environment);
+    process.setWorkingDirectory(folder.path());
     process.start(QLatin1String(VIEWER_PROGRAM), arguments);
+}
+
+Ended ViewerProcess::waitForEnd(QProcess& process)
+{
     Ended result;
     if (!process.waitForFinished(LongestRunMilliseconds)) {
         process.kill();
@@ -27,6 +29,13 @@ Ended ViewerProcess::run(const QStringList& arguments) const
     result.output = QString::fromUtf8(process.readAllStandardOutput());
     result.error = QString::fromUtf8(process.readAllStandardError());
     return result;
+}
+
+Ended ViewerProcess::run(const QStringList& arguments) const
+{
+    QProcess process;
+    start(process, arguments);
+    return waitForEnd(process);
 }
 
 } // namespace velmora::test

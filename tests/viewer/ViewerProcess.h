@@ -2,6 +2,7 @@
 
 #include "tests/viewer/TempFolder.h"
 
+#include <QProcess>
 #include <QStringList>
 #include <gtest/gtest.h>
 
@@ -17,6 +18,9 @@ struct Ended {
 /// The built viewer as a process, with a folder of its own for files and settings.
 class ViewerProcess : public ::testing::Test {
 protected:
+    /// Relative names are of the folder.
+    void start(QProcess& process, const QStringList& arguments) const;
+    static Ended waitForEnd(QProcess& process);
     Ended run(const QStringList& arguments) const;
 
     TempFolder folder;

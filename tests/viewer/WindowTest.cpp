@@ -4,6 +4,7 @@
 
 #include "engine/VelUtil.h"
 #include "tests/services/ModalDriver.h"
+#include "tests/support/DisplayScale.h"
 #include "tests/support/Pixels.h"
 #include "tests/support/Wait.h"
 #include "tests/support/XInput.h"
@@ -63,8 +64,8 @@ protected:
     /// It turns no more, and nothing of the picture is missing.
     void expectStanding()
     {
-        EXPECT_TRUE(waitUntil([&] { return action("Turn the surface")->isEnabled(); }));
-        EXPECT_FALSE(action("Stop turning")->isEnabled());
+        EXPECT_TRUE(waitUntil([&] { return action("&Turn the Surface")->isEnabled(); }));
+        EXPECT_FALSE(action("Stop Turnin&g")->isEnabled());
         EXPECT_TRUE(waitUntil([] { return VelUtilPageIsComplete() == 1; }));
         const QImage stopped = picture();
         EXPECT_FALSE(waitUntil([&] { return differ(stopped, shown()); }, 200));
@@ -168,7 +169,7 @@ TEST_F(Surface, DraggingWithTheMiddleButtonMovesItWhole)
     drag(QPoint(0, 40), 2);
     const QImage moved = picture();
     EXPECT_TRUE(differ(first, moved));
-    EXPECT_FALSE(differ(first.copy(200, 100, 300, 200), moved.copy(200, 140, 300, 200)));
+    EXPECT_FALSE(differ(part(first, QRect(200, 100, 300, 200)), part(moved, QRect(200, 140, 300, 200))));
 }
 
 TEST_F(Surface, DraggingWithTheRightButtonZooms)
@@ -217,54 +218,55 @@ TEST_F(Surface, KeysChooseWhatDraggingDoes)
     type(XK_m);
     EXPECT_TRUE(action("&Move")->isChecked());
     drag(way);
-    EXPECT_FALSE(differ(first.copy(200, 150, 300, 200), picture().copy(200, 100, 300, 200)));
+    EXPECT_FALSE(differ(part(first, QRect(200, 150, 300, 200)), part(picture(), QRect(200, 100, 300, 200))));
     type(XK_f);
     type(XK_r);
     EXPECT_TRUE(action("&Rotate")->isChecked());
     drag(way);
     const QImage turned = picture();
     EXPECT_TRUE(differ(first, turned));
-    EXPECT_TRUE(differ(first.copy(200, 150, 300, 200), turned.copy(200, 100, 300, 200)));
+    EXPECT_TRUE(differ(part(first, QRect(200, 150, 300, 200)), part(turned, QRect(200, 100, 300, 200))));
 }
 
 TEST_F(Surface, ResizingDrawsItAnewAtTheNewSize)
 {
+    const QSize before = area().size();
     window->resize(500, 420);
-    EXPECT_TRUE(waitUntil([&] { return area().width() < first.width(); }));
+    EXPECT_TRUE(waitUntil([&] { return area().width() < before.width(); }));
     const QImage smaller = picture();
-    EXPECT_EQ(smaller.size(), area().size());
+    EXPECT_EQ(smaller.size(), inScreenPixels(area(), area().size()));
     expectSurface(smaller);
     EXPECT_LT(plotPixels(smaller), plotPixels(first) * 3 / 4);
     window->resize(700, 560);
-    EXPECT_TRUE(waitUntil([&] { return area().width() == first.width(); }));
+    EXPECT_TRUE(waitUntil([&] { return area().size() == before; }));
     EXPECT_FALSE(differ(first, picture()));
 }
 
 TEST_F(Surface, SteppingTurnsItThereAndBack)
 {
-    clickTool("Turn one step on");
+    clickTool("Turn One St&ep On");
     EXPECT_TRUE(differ(first, picture()));
-    clickTool("Turn one step back");
+    clickTool("Turn One Step &Back");
     EXPECT_FALSE(differ(first, picture()));
 }
 
 TEST_F(Surface, PlayingTurnsItUntilThePause)
 {
-    clickTool("Turn the surface");
-    EXPECT_FALSE(action("Turn the surface")->isEnabled());
+    clickTool("&Turn the Surface");
+    EXPECT_FALSE(action("&Turn the Surface")->isEnabled());
     EXPECT_TRUE(waitUntil([&] { return differ(first, shown()); }));
     const QImage second = shown();
     EXPECT_TRUE(waitUntil([&] { return differ(second, shown()); })) << "it goes on turning";
-    clickTool("Stop turning");
+    clickTool("Stop Turnin&g");
     expectStanding();
 }
 
 TEST_F(Surface, ThePauseIsHeardInTheMiddleOfADrawing)
 {
     session->makeDrawingSlow();
-    clickTool("Turn the surface");
-    Onlooker onlooker([] { return VelUtilIsBusy() != 0; }, [this] { click(*tool("Stop turning"), QPoint(8, 8)); });
-    EXPECT_TRUE(waitUntil([&] { return onlooker.hasActed() && action("Turn the surface")->isEnabled(); }));
+    clickTool("&Turn the Surface");
+    Onlooker onlooker([] { return VelUtilIsBusy() != 0; }, [this] { click(*tool("Stop Turnin&g"), QPoint(8, 8)); });
+    EXPECT_TRUE(waitUntil([&] { return onlooker.hasActed() && action("&Turn the Surface")->isEnabled(); }));
     expectStanding();
 }
 
@@ -281,8 +283,9 @@ TEST_F(Surface, TheStatusBarSaysWhenThereIsNothingToDo)
     EXPECT_TRUE(waitUntil([&] { return statusBarSays("Idle"); }));
 }
 
-TEST_F(Window, TheAboutBoxTellsTheVersionsOfOpenGLAndTheToolkit)
+TEST_F(Window, TheAboutBoxTellsTheVersionsOfTheViewerOfOpenGLAndOfTheToolkit)
 {
+    QApplication::setApplicationVersion("7.8.9");
     QString message;
     ModalDriver driver([&](QWidget& box) {
         if (const QMessageBox* const messageBox = qobject_cast<QMessageBox*>(&box))
@@ -291,6 +294,8 @@ TEST_F(Window, TheAboutBoxTellsTheVersionsOfOpenGLAndTheToolkit)
     });
     action("&About Viewer")->trigger();
     EXPECT_FALSE(driver.hadToClose());
+    QApplication::setApplicationVersion(QString());
+    EXPECT_TRUE(message.startsWith("Viewer 7.8.9\n")) << message.toStdString();
     EXPECT_TRUE(message.contains(QLatin1String(qVersion()))) << message.toStdString();
     EXPECT_TRUE(message.contains(QRegExp("OpenGL \\d"))) << message.toStdString();
 }

@@ -9,23 +9,13 @@
 namespace velmora::engine {
 namespace {
 
-struct Run {
-    bool running = false;
-    std::string homeDirectory;
-    std::string applicationName;
-};
-
-Run& run()
-{
-    static Run state;
-    return state;
-}
+bool running = false;
 
 } // namespace
 
 bool isRunning()
 {
-    return run().running;
+    return running;
 }
 
 bool requireRunning()
@@ -35,27 +25,17 @@ bool requireRunning()
     return isRunning();
 }
 
-const std::string& homeDirectory()
-{
-    return run().homeDirectory;
-}
-
-const std::string& applicationName()
-{
-    return run().applicationName;
-}
-
 } // namespace velmora::engine
 
 using namespace velmora::engine;
 
-int VelEngStart(const char* home, const char* application)
+int VelEngStart(const char*, const char*)
 {
     if (isRunning()) {
         setLastError("The engine runs already. Stop it before starting it again.");
         return 0;
     }
-    run() = {true, home ? home : "", application ? application : ""};
+    running = true;
     clearLastError();
     setLoadNotes({});
     turnHasCome();
@@ -70,7 +50,7 @@ void VelEngStop()
         return;
     pages().end();
     style::tree().reset();
-    run() = {};
+    running = false;
 }
 
 int VelEngIsRunning()

@@ -11,6 +11,8 @@ namespace {
 using namespace velmora::sdk::integration;
 
 constexpr double PointsPerInch = 72;
+// Not the screen's: a file shall not tell which screen it was made at, nor how that one is scaled.
+constexpr double UsualDotsPerInch = 96;
 
 // On paper, text is as large as the paper makes it; what the screen shows has the screen's
 // proportions.
@@ -35,7 +37,7 @@ double pixelsPerPointOf(const PictureRequest& request, double dotsPerInch)
         return dotsPerInch / PointsPerInch;
     if (regionHasItsOwn(request.region))
         return 0;
-    return screenPixelsPerPoint() * usualMagnification(request.width, request.height);
+    return UsualDotsPerInch / PointsPerInch * usualMagnification(request.width, request.height);
 }
 
 } // namespace velmora::engine

@@ -1,16 +1,17 @@
 #include "engine/page/Paper.h"
 
+#include "engine/style/PaperNames.h"
 #include "engine/style/StyleTree.h"
 
 #include <algorithm>
+#include <iterator>
 #include <string>
 #include <utility>
 
 namespace velmora::engine {
 namespace {
 
-// By the index at "Paper/PaperSize".
-constexpr const char* PaperNames[] = {"Letter", "Double", "A4", "A3", "Custom1", "Custom2"};
+using style::PaperNames;
 
 // What is left of a paper whose margins are wider than itself.
 constexpr double SmallestPrintable = 0.01;

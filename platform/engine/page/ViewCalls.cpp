@@ -51,6 +51,13 @@ void note(const char* call)
 
 } // namespace
 
+int VelUtilViewCanRotate()
+{
+    const std::shared_ptr<Page> page = pages().active();
+    const std::shared_ptr<Plot> plot = page ? page->currentPlot() : nullptr;
+    return plot && plot->canRotate();
+}
+
 void VelUtilViewRotate(double aboutVertical, double tilt)
 {
     note("VelUtilViewRotate");

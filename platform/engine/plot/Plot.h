@@ -39,6 +39,7 @@ public:
     /// Draws over the frame's white ground. False when `breath` said to stop.
     virtual bool draw(const Drawing& drawing, Breath& breath) = 0;
 
+    virtual bool canRotate() const = 0;
     virtual void rotate(double aboutVertical, double tilt) = 0; ///< degrees
     virtual void translate(double dx, double dy) = 0;           ///< fractions of the frame
     virtual void zoom(double factor, double x, double y) = 0;   ///< about a point in fractions

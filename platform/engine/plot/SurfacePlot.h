@@ -14,6 +14,7 @@ public:
     explicit SurfacePlot(std::shared_ptr<const Grid> grid);
 
     bool draw(const Drawing& drawing, Breath& breath) override;
+    bool canRotate() const override { return true; }
     void rotate(double aboutVertical, double tilt) override;
     void translate(double dx, double dy) override;
     void zoom(double factor, double x, double y) override;

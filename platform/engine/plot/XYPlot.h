@@ -13,6 +13,7 @@ public:
     explicit XYPlot(std::shared_ptr<const Table> table);
 
     bool draw(const Drawing& drawing, Breath& breath) override;
+    bool canRotate() const override { return false; }
     void rotate(double aboutVertical, double tilt) override; ///< lines cannot be turned: nothing
     void translate(double dx, double dy) override;
     void zoom(double factor, double x, double y) override;

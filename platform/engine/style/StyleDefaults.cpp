@@ -1,5 +1,7 @@
 #include "engine/style/StyleDefaults.h"
 
+#include "engine/style/PaperNames.h"
+
 #include <iterator>
 #include <limits>
 
@@ -11,18 +13,16 @@ constexpr double Smallest = std::numeric_limits<double>::min(); ///< the least n
 constexpr double LargestPaper = 1000;                           ///< inches
 constexpr double HardClipInches = 0.125;
 
-struct PaperDefault {
-    const char* name;
+struct PaperSize {
     double width;  ///< inches, portrait
     double height; ///< inches, portrait
 };
 
-/// The engine's papers, in the order of their index in "Paper/PaperSize".
-constexpr PaperDefault Papers[] = {
-    {"Letter", 8.5, 11.0}, {"Double", 11.0, 17.0}, {"A4", 8.27, 11.69},
-    {"A3", 11.69, 16.54},  {"Custom1", 8.0, 10.0}, {"Custom2", 10.0, 10.0},
-};
-constexpr double LastPaper = static_cast<double>(std::size(Papers)) - 1;
+/// In the order of PaperNames.
+constexpr PaperSize PaperSizes[] = {{8.5, 11.0},    {11.0, 17.0}, {8.27, 11.69},
+                                    {11.69, 16.54}, {8.0, 10.0},  {10.0, 10.0}};
+static_assert(std::size(PaperSizes) == std::size(PaperNames), "each paper has a name and a size");
+constexpr double LastPaper = static_cast<double>(std::size(PaperNames)) - 1;
 
 /// What is not a paper's own. Of the OpenGL sizes 0 means "not set": whoever needs one then takes
 /// a default of its own. They may be negative, which counts as not set too.
@@ -54,12 +54,12 @@ std::vector<StyleDefault> plainDefaults()
     };
 }
 
-void appendPaper(const PaperDefault& paper, std::vector<StyleDefault>& defaults)
+void appendPaper(const std::string& name, const PaperSize& size, std::vector<StyleDefault>& defaults)
 {
-    const std::string branch = std::string("Paper/PaperSizeInfo/") + paper.name + "/";
-    defaults.push_back({branch + "Description", std::string(paper.name), 0, 0});
-    defaults.push_back({branch + "Width", paper.width, Smallest, LargestPaper});
-    defaults.push_back({branch + "Height", paper.height, Smallest, LargestPaper});
+    const std::string branch = "Paper/PaperSizeInfo/" + name + "/";
+    defaults.push_back({branch + "Description", name, 0, 0});
+    defaults.push_back({branch + "Width", size.width, Smallest, LargestPaper});
+    defaults.push_back({branch + "Height", size.height, Smallest, LargestPaper});
     for (const char* side : {"Left", "Right", "Bottom", "Top"})
         defaults.push_back({branch + side + "HardClipOffset", HardClipInches, 0, LargestPaper});
 }
@@ -69,8 +69,8 @@ void appendPaper(const PaperDefault& paper, std::vector<StyleDefault>& defaults)
 std::vector<StyleDefault> styleDefaults()
 {
     std::vector<StyleDefault> defaults = plainDefaults();
-    for (const PaperDefault& paper : Papers)
-        appendPaper(paper, defaults);
+    for (std::size_t i = 0; i < std::size(PaperNames); ++i)
+        appendPaper(PaperNames[i], PaperSizes[i], defaults);
     return defaults;
 }
 

@@ -60,6 +60,7 @@ TEST_F(Engine, ThatDoesNotRunAnswersWithAnErrorAndNotWithACrash)
     EXPECT_EQ(VelUtilPageIsComplete(), 0);
     EXPECT_EQ(VelUtilPageIsInterrupted(), 0);
     EXPECT_EQ(VelUtilPickGetCount(), 0);
+    EXPECT_EQ(VelUtilViewCanRotate(), 0);
     VelUtilViewRotate(1, 1);
     VelUtilViewTranslate(1, 1);
     VelUtilViewZoom(2, 1, 1);

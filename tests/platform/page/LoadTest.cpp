@@ -15,6 +15,15 @@ TEST_F(Load, TheDescriptionTellsWhatThePageShows)
     EXPECT_NE(std::string(VelUtilDataDescription()).find("120 x 120"), std::string::npos) << VelUtilDataDescription();
 }
 
+TEST_F(Load, OnlyASurfaceCanBeTurned)
+{
+    EXPECT_EQ(VelUtilViewCanRotate(), 0);
+    load(gridFile());
+    EXPECT_EQ(VelUtilViewCanRotate(), 1);
+    load(tableFile());
+    EXPECT_EQ(VelUtilViewCanRotate(), 0);
+}
+
 TEST_F(Load, AFailureKeepsWhatThePageShowed)
 {
     FakeArea area(160, 120);

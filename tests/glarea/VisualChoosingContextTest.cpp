@@ -1,0 +1,184 @@
+// What a context asks GLX for, and what it gives up where there is no such visual.
+#include "integration/toolkit/VisualChoosingContext.h"
+
+#include "integration/glarea/VisualList.h"
+#include "integration/glarea/VisualRanking.h"
+#include "integration/toolkit/XDisplay.h"
+
+#include <QGLWidget>
+#include <algorithm>
+#include <dlfcn.h>
+#include <gtest/gtest.h>
+#include <map>
+#include <vector>
+
+// After Qt, whose enumerators some of Xlib's macros would replace.
+#include <GL/glx.h>
+
+using namespace velmora::sdk::integration;
+
+namespace {
+
+/// By attribute; one that is only named counts as 1.
+using Request = std::map<int, int>;
+
+std::vector<Request> requests;
+int refusals = 0;
+
+Request read(const int* attributes)
+{
+    Request request;
+    while (*attributes != None) {
+        const int name = *attributes++;
+        const bool isOnlyNamed = name == GLX_RGBA || name == GLX_DOUBLEBUFFER || name == GLX_STEREO;
+        request[name] = isOnlyNamed ? 1 : *attributes++;
+    }
+    return request;
+}
+
+} // namespace
+
+// In place of GLX's own, which it calls: writes the requests down and refuses as many as the test says.
+extern "C" __attribute__((visibility("default"))) XVisualInfo* glXChooseVisual(Display* display, int screen,
+                                                                               int* attributes)
+{
+    using Function = XVisualInfo* (*)(Display*, int, int*);
+    static const auto original = reinterpret_cast<Function>(dlsym(RTLD_NEXT, "glXChooseVisual"));
+    requests.push_back(read(attributes));
+    return refusals-- > 0 ? nullptr : original(display, screen, attributes);
+}
+
+namespace {
+
+const Request Everything = {
+    {GLX_RGBA, 1},           {GLX_RED_SIZE, 1},       {GLX_GREEN_SIZE, 1},       {GLX_BLUE_SIZE, 1},
+    {GLX_ALPHA_SIZE, 1},     {GLX_DOUBLEBUFFER, 1},   {GLX_STEREO, 1},           {GLX_DEPTH_SIZE, 1},
+    {GLX_STENCIL_SIZE, 1},   {GLX_ACCUM_RED_SIZE, 1}, {GLX_ACCUM_GREEN_SIZE, 1}, {GLX_ACCUM_BLUE_SIZE, 1},
+    {GLX_SAMPLE_BUFFERS, 1}, {GLX_SAMPLES, 4},
+};
+
+QGLFormat formatOfEverything()
+{
+    return QGLFormat(QGL::DoubleBuffer | QGL::DepthBuffer | QGL::Rgba | QGL::AlphaChannel | QGL::AccumBuffer |
+                     QGL::StencilBuffer | QGL::StereoBuffers | QGL::SampleBuffers);
+}
+
+toolkit::OwnedVisual choose(const QGLFormat& format, int refused = 0)
+{
+    requests.clear();
+    refusals = refused;
+    toolkit::VisualChoosingContext context(format);
+    return toolkit::OwnedVisual(context.chooseVisual());
+}
+
+} // namespace
+
+TEST(VisualChoosingContext, ASizeThatIsNotSetMeansAnyAboveNone)
+{
+    choose(formatOfEverything());
+    ASSERT_FALSE(requests.empty());
+    EXPECT_EQ(requests.front(), Everything);
+}
+
+TEST(VisualChoosingContext, SizesThatAreSetAreAskedFor)
+{
+    QGLFormat format = formatOfEverything();
+    format.setRedBufferSize(2);
+    format.setGreenBufferSize(3);
+    format.setBlueBufferSize(4);
+    format.setAlphaBufferSize(5);
+    format.setDepthBufferSize(6);
+    format.setStencilBufferSize(7);
+    format.setAccumBufferSize(9);
+    format.setSamples(2);
+    choose(format);
+    ASSERT_FALSE(requests.empty());
+    const Request expected = {
+        {GLX_RGBA, 1},           {GLX_RED_SIZE, 2},       {GLX_GREEN_SIZE, 3},       {GLX_BLUE_SIZE, 4},
+        {GLX_ALPHA_SIZE, 5},     {GLX_DOUBLEBUFFER, 1},   {GLX_STEREO, 1},           {GLX_DEPTH_SIZE, 6},
+        {GLX_STENCIL_SIZE, 7},   {GLX_ACCUM_RED_SIZE, 9}, {GLX_ACCUM_GREEN_SIZE, 9}, {GLX_ACCUM_BLUE_SIZE, 9},
+        {GLX_SAMPLE_BUFFERS, 1}, {GLX_SAMPLES, 2},
+    };
+    EXPECT_EQ(requests.front(), expected);
+}
+
+TEST(VisualChoosingContext, WhatIsNotWantedIsNotAskedFor)
+{
+    choose(QGLFormat(QGL::SingleBuffer | QGL::NoDepthBuffer | QGL::Rgba | QGL::NoStencilBuffer));
+    const Request colors = {{GLX_RGBA, 1}, {GLX_RED_SIZE, 1}, {GLX_GREEN_SIZE, 1}, {GLX_BLUE_SIZE, 1}};
+    ASSERT_FALSE(requests.empty());
+    EXPECT_EQ(requests.front(), colors);
+}
+
+TEST(VisualChoosingContext, WhatMattersLeastIsGivenUpFirstUntilOnlyTheColoursAreLeft)
+{
+    EXPECT_EQ(choose(formatOfEverything(), 100), nullptr);
+    const std::vector<std::vector<int>> givenUp = {
+        {},
+        {GLX_SAMPLE_BUFFERS, GLX_SAMPLES},
+        {GLX_STEREO},
+        {GLX_ACCUM_RED_SIZE, GLX_ACCUM_GREEN_SIZE, GLX_ACCUM_BLUE_SIZE},
+        {GLX_STENCIL_SIZE},
+        {GLX_ALPHA_SIZE},
+        {GLX_DEPTH_SIZE},
+        {GLX_DOUBLEBUFFER},
+    };
+    ASSERT_EQ(requests.size(), givenUp.size());
+    Request expected = Everything;
+    for (std::size_t i = 0; i < givenUp.size(); ++i) {
+        for (const int name : givenUp[i])
+            expected.erase(name);
+        EXPECT_EQ(requests[i], expected) << i;
+    }
+}
+
+TEST(VisualChoosingContext, NothingMoreIsGivenUpOnceThereIsAVisual)
+{
+    const toolkit::OwnedVisual chosen = choose(QGLFormat(QGL::DepthBuffer | QGL::Rgba | QGL::NoStencilBuffer), 1);
+    EXPECT_NE(chosen, nullptr);
+    ASSERT_EQ(requests.size(), 2u);
+    EXPECT_EQ(requests.front().count(GLX_DEPTH_SIZE), 1u);
+    EXPECT_EQ(requests.back().count(GLX_DEPTH_SIZE), 0u);
+    EXPECT_EQ(requests.back().count(GLX_DOUBLEBUFFER), 1u);
+}
+
+namespace {
+
+class ContextOfVisual : public toolkit::VisualChoosingContext {
+public:
+    explicit ContextOfVisual(int id) : VisualChoosingContext(QGLFormat()), m_id(static_cast<unsigned long>(id)) {}
+    void* chooseVisual() override { return VisualList::find(m_id).release(); }
+
+private:
+    const unsigned long m_id;
+};
+
+} // namespace
+
+TEST(VisualChoosingContext, WhatTheChosenVisualHasIsAskedOfTheToolkit)
+{
+    bool (*const kinds[])(const VisualCandidate&) = {
+        [](const VisualCandidate& v) { return !v.doubleBuffer && v.depthSize == 16; },
+        [](const VisualCandidate& v) { return v.doubleBuffer && v.depthSize == 24 && v.stencilSize > 0; },
+        [](const VisualCandidate& v) { return v.doubleBuffer && v.alphaSize > 0 && v.stencilSize == 0; },
+        [](const VisualCandidate& v) { return v.doubleBuffer && v.samples > 0; },
+    };
+    const std::vector<VisualCandidate> all = VisualList().candidates(VisualRequest());
+    for (const auto kind : kinds) {
+        const auto visual = std::find_if(all.begin(), all.end(), kind);
+        ASSERT_NE(visual, all.end());
+        const QGLWidget widget(new ContextOfVisual(visual->visualId)); // the widget owns it
+        const QGLFormat asked = widget.context()->requestedFormat();
+        EXPECT_EQ(asked.doubleBuffer(), visual->doubleBuffer);
+        EXPECT_EQ(asked.redBufferSize(), visual->redSize);
+        EXPECT_EQ(asked.greenBufferSize(), visual->greenSize);
+        EXPECT_EQ(asked.blueBufferSize(), visual->blueSize);
+        EXPECT_EQ(asked.alphaBufferSize(), visual->alphaSize);
+        EXPECT_EQ(asked.alpha(), visual->alphaSize > 0);
+        EXPECT_EQ(asked.depthBufferSize(), visual->depthSize);
+        EXPECT_EQ(asked.stencilBufferSize(), visual->stencilSize);
+        EXPECT_EQ(asked.stencil(), visual->stencilSize > 0);
+        EXPECT_EQ(asked.samples(), visual->samples);
+        EXPECT_EQ(asked.sampleBuffers(), visual->samples > 0);
+    }
+}

@@ -1,0 +1,183 @@
+// What the window says of files, and what it offers of them.
+
+#include "tests/viewer/OpenViewer.h"
+
+#include "engine/VelUtil.h"
+#include "tests/support/Wait.h"
+#include "tests/support/XInput.h"
+#include "tests/viewer/DialogAnswer.h"
+
+#include <QAction>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QStatusBar>
+
+// After Qt, whose enumerators some of Xlib's macros would replace.
+#define XK_MISCELLANY
+#define XK_LATIN1
+#include <X11/keysymdef.h>
+
+using namespace velmora::test;
+
+namespace {
+
+const char* const WaitNote = "Wait until the drawing is complete, or stop it.";
+
+class Files : public OpenViewer {
+protected:
+    std::string note() { return window->statusBar()->currentMessage().toStdString(); }
+
+    /// Opens a file that takes long to read, and acts meanwhile.
+    void openAndMeanwhile(const QString& file, const std::function<void()>& act)
+    {
+        session->makeDrawingSlow();
+        Onlooker onlooker(
+            [this] { return VelUtilIsBusy() && QApplication::overrideCursor() && button("Stop")->isVisible(); }, act);
+        window->openFile(file);
+        EXPECT_TRUE(onlooker.hasActed()) << "it was read too fast";
+    }
+
+    /// A file of that name in a folder within the test's.
+    QString inFolder(const char* name, const char* fileName)
+    {
+        QDir(folder.path()).mkdir(name);
+        const QString copy = folder.file(name) + '/' + fileName;
+        EXPECT_TRUE(QFile::copy(folder.writeTable(), copy));
+        return copy;
+    }
+
+    QStringList recentNames()
+    {
+        QStringList names;
+        const QList<QMenu*> menus = window->findChildren<QMenu*>();
+        for (const QMenu* const menu : menus)
+            for (const QAction* const action : menu->actions())
+                if (menu->title() == "Open &Recent")
+                    names.append(action->text());
+        return names;
+    }
+
+    /// The label of the status bar with that in its text.
+    const QLabel* label(const QString& part)
+    {
+        const QList<QLabel*> labels = window->statusBar()->findChildren<QLabel*>();
+        for (const QLabel* const label : labels)
+            if (label->text().contains(part))
+                return label;
+        throw std::runtime_error("Nothing tells of the file.");
+    }
+};
+
+/// Markup would not be shown itself, and the text be shorter.
+bool showsEveryLetter(const QLabel& label)
+{
+    return label.sizeHint().width() >= label.fontMetrics().width(label.text());
+}
+
+} // namespace
+
+TEST_F(Files, WhoStopsTheReadingIsNotToldOfAnError)
+{
+    const QString before = folder.writeTable();
+    open(before);
+    Answer<QMessageBox> noBox([](QMessageBox& box) { box.reject(); });
+    openAndMeanwhile(folder.writeGrid(700), [this] {
+        focusWindow(*window);
+        typeKey(XK_Escape);
+    });
+    EXPECT_TRUE(VelUtilWasInterrupted());
+    EXPECT_EQ(note(), "Stopped.");
+    processPending();
+    EXPECT_FALSE(noBox.hasActed());
+    EXPECT_EQ(window->windowTitle().toStdString(), "lines.csv - Viewer");
+    EXPECT_STREQ(VelUtilLastErrorMessage(), "");
+}
+
+TEST_F(Files, ANameIsNotTakenForMarkup)
+{
+    const QString name = folder.file("<span><span>hill.asc");
+    ASSERT_TRUE(QFile::rename(folder.writeGrid(700), name));
+    bool isShown = false;
+    openAndMeanwhile(name, [&] { isShown = showsEveryLetter(*label("Reading")); });
+    EXPECT_TRUE(isShown);
+    EXPECT_TRUE(showsEveryLetter(*label("<span><span>hill.asc: ")));
+}
+
+TEST_F(Files, ANoteGoesWhenTheNextFileIsOpen)
+{
+    open(folder.write("weather.csv", "x,y,weather\n1,2,fair\n2,3,rainy\n"));
+    EXPECT_NE(note(), "");
+    open(folder.writeTable());
+    EXPECT_EQ(note(), "");
+    EXPECT_TRUE(statusBarSays("lines.csv: 2 lines, 40 rows"));
+}
+
+TEST_F(Files, TheNoteToWaitGoesWhenTheDrawingIsComplete)
+{
+    open(folder.writeTable());
+    session->makeDrawingSlow();
+    std::string meanwhile;
+    const Onlooker impatient([this] { return VelUtilIsBusy() && !QApplication::overrideCursor(); },
+                             [&] {
+                                 action("&Print...")->trigger();
+                                 meanwhile = note();
+                             });
+    open(folder.writeGrid(120));
+    EXPECT_TRUE(impatient.hasActed());
+    EXPECT_EQ(meanwhile, WaitNote);
+    EXPECT_EQ(note(), "");
+}
+
+TEST_F(Files, TheDialogToOpenBeginsWhereTheLastFileIs)
+{
+    open(inFolder("a", "lines.csv"));
+    open(inFolder("b", "lines.csv"));
+    QString shown;
+    Answer<QFileDialog> answer([&](QFileDialog& dialog) {
+        shown = dialog.directory().absolutePath();
+        dialog.reject();
+    });
+    pressKey(XK_Control_L);
+    type(XK_o);
+    releaseKey(XK_Control_L);
+    EXPECT_TRUE(waitUntil([&] { return answer.hasActed(); }));
+    EXPECT_EQ(shown.toStdString(), folder.file("b").toStdString());
+}
+
+TEST_F(Files, TheDialogToOpenDoesWithoutAFolderThatIsGone)
+{
+    const QString file = inFolder("a", "lines.csv");
+    open(file);
+    ASSERT_TRUE(QFile::remove(file) && QDir(folder.path()).rmdir("a"));
+    QString offered;
+    Answer<QFileDialog> answer([&](QFileDialog& dialog) {
+        offered = dialog.findChild<QLineEdit*>()->text();
+        dialog.reject();
+    });
+    action("&Open...")->trigger();
+    EXPECT_TRUE(answer.hasActed());
+    EXPECT_EQ(offered.toStdString(), "");
+}
+
+TEST_F(Files, RecentOnesAreNamedAsTheyAre)
+{
+    open(inFolder("R&D", "c&d.csv"));
+    EXPECT_EQ(recentNames(), QStringList() << "c&&d.csv") << "one & alone would underline the next letter";
+}
+
+TEST_F(Files, RecentOnesOfOneNameAreToldApart)
+{
+    open(folder.writeGrid());
+    open(inFolder("R&D", "lines.csv"));
+    EXPECT_EQ(recentNames(), QStringList() << "lines.csv"
+                                           << "hill.asc");
+    open(inFolder("b", "lines.csv"));
+    EXPECT_EQ(recentNames(),
+              QStringList() << "lines.csv - " + folder.file("b") << "lines.csv - " + folder.file("R&&D") << "hill.asc");
+}
