@@ -1,34 +1,14 @@
 #include "EngineSession.h"
 
+#include "Settings.h"
 #include "base/AppLock.h"
 #include "integration/Manager.h"
 #include "integration/services/SelectRegionService.h"
 #include "interfaces/ServiceRepositoryInterface.h"
-#include "toolbox/ArgList.h"
-#include "toolbox/StyleValue.h"
-
-#include <vector>
 
 namespace viewer {
 
 using namespace velmora::sdk::integration;
-using velmora::toolbox::ArgList;
-using velmora::toolbox::StyleValue;
-
-namespace {
-
-void writeSetting(const StyleValue& style, const char* name, int value)
-{
-    std::vector<long> ids;
-    StyleValue::initMacroIDsfromStyleValueNames(ids, name);
-    ArgList arguments;
-    style.setupSetValueArgList(ids, nullptr, -1, -1, 255, arguments);
-    arguments.appendArbParam("IValue", value);
-    arguments.appendDouble("DValue", value);
-    StyleValue::styleSetLowLevel(arguments);
-}
-
-} // namespace
 
 // The manager brings all services but the one for rubber bands; a host that has them adds it.
 EngineSession::EngineSession(int argc, char** argv) : m_selectRegion(new services::SelectRegionService)
@@ -51,15 +31,14 @@ void EngineSession::makeDrawingSlow()
 {
     constexpr int ExtraMicrosecondsPerPortion = 2000;
     const velmora::sdk::AppLock lock(velmora::sdk::AppLock::ImplicitMacroRecording::Off);
-    writeSetting(StyleValue("Interface"), "DrawingDelay", ExtraMicrosecondsPerPortion);
+    writeSetting("Interface", "DrawingDelay", ExtraMicrosecondsPerPortion);
 }
 
 void EngineSession::setPaper(int index, bool landscape)
 {
     const velmora::sdk::AppLock lock(velmora::sdk::AppLock::ImplicitMacroRecording::Off);
-    const StyleValue paper("Paper");
-    writeSetting(paper, "PaperSize", index);
-    writeSetting(paper, "OrientPortrait", landscape ? 0 : 1);
+    writeSetting("Paper", "PaperSize", index);
+    writeSetting("Paper", "OrientPortrait", landscape ? 0 : 1);
 }
 
 QStringList EngineSession::paperNames()
