@@ -44,15 +44,6 @@ OnIdleObservableInterface& idleTime()
     return dynamic_cast<OnIdleObservableInterface&>(monitor());
 }
 
-// While a dialog of the host is open nothing interrupts. What has opened in the middle of a drawing
-// (a question of the print dialog, say) would be held back with all else, and the drawing beneath it
-// could not end before it.
-class DialogInTheWay : public StopButtonInterface {
-public:
-    bool isActive() const override { return QApplication::activeModalWidget() != nullptr; }
-    bool isEqual(const void*) const override { return false; }
-};
-
 QPushButton* addButton(QBoxLayout& layout, const QString& text, const QString& toolTip)
 {
     QPushButton* const button = new QPushButton(text);
@@ -91,9 +82,7 @@ WorkIndicator::WorkIndicator(QWidget* parent)
     connect(m_finishCommand, SIGNAL(triggered()), this, SLOT(finish()));
 
     m_stopButton = boost::make_shared<StopButton>(m_stop);
-    m_dialogInTheWay = boost::make_shared<DialogInTheWay>();
-    for (const auto& button : {m_stopButton, m_dialogInTheWay})
-        Manager::getInstance().getEventManager().registerStopButton(button);
+    Manager::getInstance().getEventManager().registerStopButton(m_stopButton);
     applicationKeys().addKeyboardListener(this);
     idleTime().addOnIdleListener(this);
     m_notBusy = monitor().connectEngineIsNoLongerBusy([this] { workEnded(); });
@@ -105,15 +94,14 @@ WorkIndicator::~WorkIndicator()
     VelEngProgressRegisterCallback(nullptr, 0);
     idleTime().removeOnIdleListener(this);
     applicationKeys().removeKeyboardListener(this);
-    for (const auto& button : {m_stopButton, m_dialogInTheWay})
-        Manager::getInstance().getEventManager().unRegisterStopButton(button);
+    Manager::getInstance().getEventManager().unRegisterStopButton(m_stopButton);
 }
 
 // While the Stop button shows, it is the engine's only way to be interrupted; this viewer wants
 // Escape and closing the window, which arrives as Escape too, to work all the same.
 void WorkIndicator::keyPressed(KeyEventInterface& event, KeyEventObservableInterface&)
 {
-    if (event.key() == Qt::Key_Escape && !m_dialogInTheWay->isActive())
+    if (event.key() == Qt::Key_Escape)
         stop();
 }
 

@@ -62,7 +62,6 @@ private:
     QAction* m_finishCommand;
     QElapsedTimer m_working;
     boost::shared_ptr<const velmora::sdk::integration::StopButtonInterface> m_stopButton;
-    boost::shared_ptr<const velmora::sdk::integration::StopButtonInterface> m_dialogInTheWay;
     boost::signals2::scoped_connection m_notBusy;
 };
 

@@ -6,6 +6,7 @@
 #include "Options.h"
 #include "Snapshot.h"
 #include "exception/ExceptionBase.h"
+#include "integration/HeldBackEvents.h"
 #include "integration/glarea/GLDrawArea.h"
 
 #include <QApplication>
@@ -57,6 +58,9 @@ int run(const viewer::Options& options, char** argv)
     application.setOrganizationName(QLatin1String("Velmora"));
     application.setApplicationName(QLatin1String("Viewer"));
     application.setApplicationVersion(QLatin1String(VIEWER_VERSION));
+    // Its own timers and paint handlers call the engine only through commands, which are off while it works;
+    // so they may go on while the engine unwinds, and nothing in the window stops or stays blank.
+    velmora::sdk::integration::setHeldBackEvents(velmora::sdk::integration::HeldBackEvents_Input);
     viewer::EngineSession session(argc, argv);
     if (!session.error().isEmpty())
         return tell(Failed, session.error());

@@ -41,8 +41,42 @@ bool ApplicationEventMonitor::stop()
     return true;
 }
 
+void ApplicationEventMonitor::interrupt()
+{
+    if (!m_eventFilter.isTellingOfOtherInput())
+        ApplicationEventMonitorAbstract::interrupt();
+}
+
+bool ApplicationEventMonitor::shouldInterrupt()
+{
+    return ApplicationEventMonitorAbstract::shouldInterrupt() && !m_eventFilter.nestedLoops().isOneRunning();
+}
+
+bool ApplicationEventMonitor::isEngineInterruptible() const
+{
+    return ApplicationEventMonitorAbstract::isEngineInterruptible() && !m_eventFilter.nestedLoops().isOneRunning() &&
+           !m_eventFilter.isTellingOfOtherInput();
+}
+
+namespace {
+
+/// The application's turn, from the toolkit's point of view.
+class Turn {
+public:
+    explicit Turn(NestedLoops& loops) : m_loops(loops) { m_loops.turnBegins(); }
+    ~Turn() { m_loops.turnEnds(); }
+    Turn(const Turn&) = delete;
+    Turn& operator=(const Turn&) = delete;
+
+private:
+    NestedLoops& m_loops;
+};
+
+} // namespace
+
 void ApplicationEventMonitor::processWhileBusy_Internal()
 {
+    const Turn turn(m_eventFilter.nestedLoops());
     m_eventFilter.deliverParkedEvent();
     // Nothing could come of further events before the waiting one has been sent.
     if (!m_eventFilter.hasInterruptedEvent())

@@ -1,12 +1,14 @@
 #pragma once
 
-#include "integration/intern/Housekeeping.h"
+#include "integration/intern/MissedNotifications.h"
+#include "integration/intern/NestedLoops.h"
 #include "integrationmanager/ApplicationEventMonitorAbstract.h"
 
 #include <QObject>
 #include <QPointer>
 #include <memory>
 #include <string>
+#include <typeinfo>
 
 class QCloseEvent;
 class QInputEvent;
@@ -24,9 +26,13 @@ class EventReceiverDestroyedListener;
 /// The object through which every event of the application passes on its way to its receiver.
 ///
 /// From `start()` to `stop()` it tells listeners when mouse buttons go down and up, hands user input
-/// to the engine, announces idle time, and, while the busy engine has been asked to stop, holds all
-/// events back: it keeps a copy of the first and sends it again once the engine's work is off the
-/// call stack. docs/interrupting-event.md shows the way of such an event.
+/// to the engine, announces idle time, and, while the busy engine has been asked to stop, holds
+/// events back (`setHeldBackEvents` says which): it keeps a copy of the first and sends it again once
+/// the engine's work is off the call stack. docs/interrupting-event.md shows the way of such an event.
+///
+/// While a nested loop runs (a menu, a dialog, a QEventLoop opened in the application's turn), the
+/// application behaves as if the engine were idle: no press is discarded, Escape interrupts nothing, and
+/// a request to stop waits until that loop has ended.
 ///
 /// Owned by the Manager, which stops it before destroying it. GUI thread only. Exceptions of
 /// listeners pass through to the toolkit, but those thrown in the turn of a busy engine, which end its
@@ -50,7 +56,7 @@ public:
         virtual void handleCloseEvent(const QCloseEvent& event) = 0;
         /// @}
 
-        /// Any other event: nothing, whoever handles.
+        /// Any other event: nothing, in every implementation.
         void handleEvent(const QEvent&) {}
 
         virtual ~EventHandlerInterface() = default;
@@ -112,45 +118,66 @@ public:
         void restartIdleDetectionTimerIfItWasKilledWhileBusy();
         /// @}
         /// While it is not installed, a timer that still runs ends with its next event.
-        void setInstalled(bool installed) { m_isInstalled = installed; }
+        void setInstalled(bool installed);
         /// For the engine; `clientData` is the address of the filter.
         static void engineNotBusyCallback(long clientData);
+
+        NestedLoops& nestedLoops() { return m_nestedLoops; }
+        const NestedLoops& nestedLoops() const { return m_nestedLoops; }
+        /// Whether the engine and its listeners are being told of an event that is no reason to stop the work:
+        /// input of a nested loop, or the closing of a menu or another popup.
+        bool isTellingOfOtherInput() const;
 
     protected:
         /// Ends an idle timer that nobody waits for any more.
         void timerEvent(QTimerEvent* event) override;
+        /// What it posts to itself when the work has ended: receivers are told what they missed.
+        void customEvent(QEvent* event) override;
 
     private:
         class EventCloner;
         class ParkedEvent;
+        class EndOfWork;
         friend struct EventFilterProbe;
 
+        bool isStillToBeDelivered(QObject* receiver, QEvent* event);
         void notifyEngineOfPossibleMouseStateChange(const QEvent& event);
         void announceNewEvent(const QObject* receiver);
+        void notifyEngine(QObject* receiver, const QEvent& event);
         void broadcastIfOnIdle(const QEvent& event);
         bool interruptedEventWasSentFirst(QObject* receiver, QEvent* event);
+        bool isPressOfOtherDeviceToDiscard(const QObject* receiver, const QEvent& event) const;
         bool isSwallowedByInterruption(QObject* receiver, QEvent* event);
 
+        static std::unique_ptr<QEvent> copyOf(const QEvent& event, QObject& receiver);
         void saveInterruptedEventForDispatchingWhenUnwound(QObject* receiver, QEvent* event);
         void sendInterruptedEvent();
         bool mayBeSentNow(const QObject* receiver, const QEvent& event) const;
-        static void deliver(QEvent& clone, QObject* receiver);
+        void deliver(QEvent& clone, QObject* receiver);
+        void finishClosing(QWidget& window);
         void interruptedEventReceiverDestroyed();
+        void postTrigger();
 
         std::unique_ptr<EventReceiverDestroyedListener> m_receiverListener; ///< watches the copy's receiver
         ApplicationEventMonitor& m_monitor;
         QObject* m_interruptedEventReceiver = nullptr;
+        const std::type_info* m_interruptedEventReceiverType = nullptr; ///< its class as long as it is whole
         std::unique_ptr<QEvent> m_interruptedEvent; ///< the copy that waits; null when it could not be made
         QEvent* m_dispatchingEvent = nullptr;       ///< the copy while it is being sent again
         bool m_hasInterruptedEvent = false;
         bool m_idleTimerActive = false;
         int m_idleTimerId = 0; ///< -1 once a timer was killed
         bool m_idleTimerKilledWhileBusy = false;
-        const QEvent* m_interruptingEventOriginal = nullptr; ///< for whoever debugs; never read
+        const QEvent* m_interruptingEventOriginal = nullptr; ///< to look at in a debugger; never read
         QEvent* m_currentEvent = nullptr;                    ///< the live event that waits while the copy is being sent
         QPointer<QObject> m_currentReceiver;
         std::unique_ptr<QEvent> m_abandonedClone; ///< a copy whose handler threw
-        Housekeeping m_housekeeping;              ///< what was swallowed and must be asked for again
+        MissedNotifications m_missed{&EventFilter::copyOf};
+        NestedLoops m_nestedLoops;
+        const QObject* m_closingWindow = nullptr; ///< has accepted the copy of a Close and is closed for it
+        int m_levelOfTelling = -1; ///< count of event loops while the engine is told of an event, else -1
+        bool m_isTellingOfClosedPopup = false;
+        bool m_isTellingOfEnd = false; ///< EngineIsNoLongerBusy is being emitted
         bool m_isInstalled = false;
     };
 
@@ -158,6 +185,13 @@ public:
     explicit ApplicationEventMonitor(ManagerInterface& manager);
     ~ApplicationEventMonitor() override;
 
+    /// Also without effect when a listener calls it for input of a nested loop, which is that loop's, and for
+    /// the closing of a menu or another popup, which is how an entry is chosen.
+    void interrupt() override;
+    /// False while a nested loop runs: the request waits.
+    bool shouldInterrupt() override;
+    /// False while a nested loop runs, and while a popup closes.
+    bool isEngineInterruptible() const override;
     void processWhileBusy_Internal() override;
     void interruptEventProcessing() override;
     operator long() const override;

@@ -1,10 +1,13 @@
 // ApplicationEventMonitor::EventFilter: what happens to every event of the application.
 
 #include "analytics/GoogleAnalytics.h"
+#include "integration/HeldBackEvents.h"
 #include "integration/intern/ApplicationEventMonitor.h"
 #include "integration/intern/EventReceiverDestroyedListener.h"
+#include "integration/toolkit/EventLoopLevel.h"
 #include "integration/toolkit/EventTransport.h"
 
+#include <QDropEvent>
 #include <QMouseEvent>
 #include <QWidget>
 
@@ -12,12 +15,27 @@ namespace velmora::sdk::integration::intern {
 
 using Filter = ApplicationEventMonitor::EventFilter;
 
-Filter::EventFilter(ApplicationEventMonitor& monitor) : m_monitor(monitor) {}
+Filter::EventFilter(ApplicationEventMonitor& monitor)
+    : m_monitor(monitor), m_nestedLoops(monitor, [this] {
+          // What was swallowed before such a loop began is told in it, where everything works as ever.
+          if (!m_missed.isEmpty())
+              postTrigger();
+      })
+{}
 
 Filter::~EventFilter()
 {
     // Deliberately not deleted, see the class.
     static_cast<void>(m_interruptedEvent.release());
+}
+
+void Filter::setInstalled(bool installed)
+{
+    m_isInstalled = installed;
+    if (installed)
+        m_nestedLoops.watch();
+    else
+        m_nestedLoops.unwatch();
 }
 
 namespace {
@@ -29,9 +47,9 @@ bool isOfMouseButton(const QEvent& event)
            type == QEvent::MouseButtonDblClick;
 }
 
-// What the analyzer certainly passes over, without calling it: all types above the last of its table,
-// and timers of other objects than widgets, are most of what comes by.
-bool isNobodysBusiness(const QEvent& event, const QObject& receiver)
+// What the analyzer certainly passes over, found out without calling it: all types above the last of its
+// table, and timers of other objects than widgets, are most of what comes by.
+bool isPassedOverByAnalyzer(const QEvent& event, const QObject& receiver)
 {
     const QEvent::Type type = event.type();
     return type > ApplicationEventMonitor::LastAnalyzedType || (type == QEvent::Timer && !receiver.isWidgetType());
@@ -46,24 +64,85 @@ bool Filter::eventFilter(QObject* receiver, QEvent* event)
     // announced twice.
     if (toolkit::isOnlyTransport(receiver))
         return false;
-    if (isOfMouseButton(*event))
-        notifyEngineOfPossibleMouseStateChange(*event);
-    if (m_hasInterruptedEvent && !m_monitor.isBusy() && mayBeSentNow(receiver, *event) &&
-        interruptedEventWasSentFirst(receiver, event))
+    if (m_closingWindow == receiver && event->type() == QEvent::Close)
+        return true; // it has accepted already, and this one comes accepted
+    if ((m_hasInterruptedEvent || event->spontaneous() || !isPassedOverByAnalyzer(*event, *receiver)) &&
+        !isStillToBeDelivered(receiver, event))
         return true;
-    if (event->spontaneous())
-        announceNewEvent(receiver);
-    if (!isNobodysBusiness(*event, *receiver) && !m_monitor.shouldInterrupt())
-        eventAnalyzer(*event, *receiver, m_monitor.m_eventNotifier.to(*receiver));
     if (isDispatchingInterruptedEvent(*event))
         return false;
     broadcastIfOnIdle(*event);
     if (m_monitor.discardNextEvent) {
         m_monitor.discardNextEvent = false;
-        return !m_monitor.isStopButton(receiver);
+        const bool isOfStopButton = m_monitor.isStopButton(receiver);
+        if (!m_nestedLoops.isOneRunning())
+            return !isOfStopButton;
+    }
+    if (isPressOfOtherDeviceToDiscard(receiver, *event)) {
+        // The toolkit then makes a mouse press of it, which is discarded in its turn.
+        event->ignore();
+        return true;
     }
     // Asked again: the engine may just have been asked to stop by one of the above.
     return m_monitor.shouldInterrupt() && isSwallowedByInterruption(receiver, event);
+}
+
+// Sends the copy that waits and tells listeners and engine of the event. False: it must not go on, because it
+// has been delivered already or because one of those who were told has destroyed its receiver.
+bool Filter::isStillToBeDelivered(QObject* receiver, QEvent* event)
+{
+    const QPointer<QObject> alive(receiver);
+    if (isOfMouseButton(*event))
+        notifyEngineOfPossibleMouseStateChange(*event);
+    if (alive && m_hasInterruptedEvent && !m_isTellingOfEnd && !m_monitor.isBusy() && mayBeSentNow(receiver, *event) &&
+        interruptedEventWasSentFirst(receiver, event))
+        return false;
+    if (alive && event->spontaneous())
+        announceNewEvent(receiver);
+    if (alive && !isPassedOverByAnalyzer(*event, *receiver) && !m_monitor.shouldInterrupt())
+        notifyEngine(receiver, *event);
+    if (alive)
+        return true;
+    event->accept(); // or the toolkit would ask the parent of what is no more
+    return false;
+}
+
+namespace {
+
+// A menu closes when one of its entries is chosen, before that entry's action is done.
+bool closesPopup(const QObject& receiver, const QEvent& event)
+{
+    return event.type() == QEvent::Close && receiver.isWidgetType() &&
+           static_cast<const QWidget&>(receiver).windowType() == Qt::Popup;
+}
+
+/// Sets a variable for the life of a scope.
+template <typename Value>
+class Temporarily {
+public:
+    Temporarily(Value& variable, Value value) : m_variable(variable), m_before(variable) { m_variable = value; }
+    ~Temporarily() { m_variable = m_before; }
+    Temporarily(const Temporarily&) = delete;
+    Temporarily& operator=(const Temporarily&) = delete;
+
+private:
+    Value& m_variable;
+    const Value m_before;
+};
+
+} // namespace
+
+// A listener may open a loop of its own, in which further events come by here.
+void Filter::notifyEngine(QObject* receiver, const QEvent& event)
+{
+    const Temporarily<int> level(m_levelOfTelling, toolkit::eventLoopLevel());
+    const Temporarily<bool> popup(m_isTellingOfClosedPopup, closesPopup(*receiver, event));
+    eventAnalyzer(event, *receiver, m_monitor.m_eventNotifier.to(*receiver));
+}
+
+bool Filter::isTellingOfOtherInput() const
+{
+    return m_levelOfTelling == toolkit::eventLoopLevel() && (m_isTellingOfClosedPopup || m_nestedLoops.isOneRunning());
 }
 
 void Filter::notifyEngineOfPossibleMouseStateChange(const QEvent& event)
@@ -88,19 +167,69 @@ bool isNetworkSource(const QObject& object)
     return analytics::GoogleAnalytics::isNetworkSource(object.objectName().toUtf8().constData());
 }
 
+bool isDragOverOrDrop(QEvent::Type type)
+{
+    return type == QEvent::DragEnter || type == QEvent::DragMove || type == QEvent::Drop;
+}
+
+// What a person does. Of these types alone the choice HeldBackEvents_Input holds back.
+bool isInput(QEvent::Type type)
+{
+    switch (type) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseMove:
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+    case QEvent::ShortcutOverride:
+    case QEvent::Shortcut:
+    case QEvent::Wheel:
+    case QEvent::TouchBegin:
+    case QEvent::TouchUpdate:
+    case QEvent::TouchEnd:
+    case QEvent::TabletPress:
+    case QEvent::TabletMove:
+    case QEvent::TabletRelease:
+    case QEvent::ContextMenu:
+    case QEvent::InputMethod:
+    case QEvent::DragEnter:
+    case QEvent::DragMove:
+    case QEvent::DragLeave:
+    case QEvent::Drop:
+    case QEvent::Close:
+        return true;
+    default:
+        return false;
+    }
+}
+
 } // namespace
 
-// While interrupting, everything is held back, paint and timer events included; only the first event
-// is kept. Reporting over the network goes on, which needs its objects to be put together.
+// A press of a finger or a pen while the engine is busy is discarded like that of a mouse button.
+bool Filter::isPressOfOtherDeviceToDiscard(const QObject* receiver, const QEvent& event) const
+{
+    return (event.type() == QEvent::TouchBegin || event.type() == QEvent::TabletPress) && m_monitor.isBusy() &&
+           !m_monitor.shouldInterrupt() && !m_nestedLoops.isOneRunning() && !m_monitor.isStopButton(receiver);
+}
+
+// While interrupting, everything is held back, paint and timer events included, unless the host has chosen
+// otherwise; only the first event is kept. Reporting over the network goes on, which needs its objects to be
+// put together.
 bool Filter::isSwallowedByInterruption(QObject* receiver, QEvent* event)
 {
+    if (heldBackEvents() == HeldBackEvents_Input && !isInput(event->type()))
+        return false;
     const bool isFirst = !m_hasInterruptedEvent;
     if (isFirst)
         saveInterruptedEventForDispatchingWhenUnwound(receiver, event);
     // A window stays open for now.
     event->setAccepted(event->type() != QEvent::Close);
+    // The source of a drag that is told "moved" may delete what nobody has taken.
+    if (isDragOverOrDrop(event->type()))
+        static_cast<QDropEvent*>(event)->setDropAction(Qt::IgnoreAction);
     if (!(isFirst && m_interruptedEvent)) // whose copy comes anyway
-        m_housekeeping.remember(receiver, *event);
+        m_missed.remember(receiver, event);
     const bool ofNetwork = isNetworkSource(*receiver) || (receiver->parent() && isNetworkSource(*receiver->parent()));
     return !(ofNetwork && event->type() == QEvent::ChildAdded);
 }

@@ -63,14 +63,42 @@ void Filter::timerEvent(QTimerEvent* event)
         killIdleDetectionTimer();
 }
 
+// What waits is sent before the next event, and without a trigger that could be long in coming. It comes
+// through the queue, when the engine's frames have left the call stack.
+void Filter::postTrigger()
+{
+    QCoreApplication::postEvent(this, new QEvent(QEvent::User)); // the queue owns it
+}
+
+void Filter::customEvent(QEvent*)
+{
+    m_missed.tellAgain();
+}
+
+/// While the slots of EngineIsNoLongerBusy are called: an event that one of them sends is no occasion to send
+/// the copy, for the engine's frames are still on the call stack.
+class Filter::EndOfWork {
+public:
+    explicit EndOfWork(EventFilter& filter) : m_filter(filter) { m_filter.m_isTellingOfEnd = true; }
+    ~EndOfWork()
+    {
+        m_filter.m_isTellingOfEnd = false;
+        if (m_filter.m_hasInterruptedEvent || !m_filter.m_missed.isEmpty())
+            m_filter.postTrigger();
+    }
+    EndOfWork(const EndOfWork&) = delete;
+    EndOfWork& operator=(const EndOfWork&) = delete;
+
+private:
+    EventFilter& m_filter;
+};
+
 void Filter::engineNotBusyCallback(long clientData)
 {
     EventFilter& filter = *reinterpret_cast<EventFilter*>(clientData);
     filter.restartIdleDetectionTimerIfItWasKilledWhileBusy();
-    filter.m_housekeeping.catchUp();
-    // What waits is sent before the next event, and without a timer that could be long in coming.
-    if (filter.m_hasInterruptedEvent)
-        QCoreApplication::postEvent(&filter, new QEvent(QEvent::User)); // the queue owns it
+    filter.m_nestedLoops.workEnded();
+    const EndOfWork endOfWork(filter);
     filter.m_monitor.emitEngineIsNoLongerBusy();
 }
 

@@ -58,10 +58,26 @@ bool Filter::interruptedEventWasSentFirst(QObject* receiver, QEvent* event)
     return parked.wasDelivered();
 }
 
-// A receiver that is being destroyed sends itself some last events before it tells of its end; none
-// of them is an occasion to send it anything more.
+namespace {
+
+// From within a destructor on, an object's class is that of the destructor; and a widget has left the chain of
+// focus before its destructor makes the toolkit send anything to others.
+bool isBeingDestroyed(const QObject& object, const std::type_info& wholeClass)
+{
+    return typeid(object) != wholeClass ||
+           (object.isWidgetType() && !static_cast<const QWidget&>(object).nextInFocusChain());
+}
+
+} // namespace
+
+// A receiver that is being destroyed sends itself some last events before it tells of its end, and makes the
+// toolkit send others, to the widget that comes under the pointer for example; none of them is an occasion to
+// send it anything more.
 bool Filter::mayBeSentNow(const QObject* receiver, const QEvent& event) const
 {
+    // Without a copy there is no receiver to look at: what could not be copied may have been its last event.
+    if (m_interruptedEvent && isBeingDestroyed(*m_interruptedEventReceiver, *m_interruptedEventReceiverType))
+        return false;
     if (receiver != m_interruptedEventReceiver)
         return true;
     switch (event.type()) {
@@ -88,15 +104,22 @@ void Filter::deliverParkedEvent()
         QCoreApplication::sendEvent(m_currentReceiver, event);
 }
 
-void Filter::saveInterruptedEventForDispatchingWhenUnwound(QObject* receiver, QEvent* event)
+std::unique_ptr<QEvent> Filter::copyOf(const QEvent& event, QObject& receiver)
 {
     EventCloner cloner;
-    eventAnalyzer(*event, *receiver, cloner);
+    eventAnalyzer(event, receiver, cloner);
+    return std::unique_ptr<QEvent>(cloner.clonedEvent());
+}
+
+void Filter::saveInterruptedEventForDispatchingWhenUnwound(QObject* receiver, QEvent* event)
+{
+    std::unique_ptr<QEvent> copy = copyOf(*event, *receiver);
     // Deliberately also without a copy: when the first event cannot be copied, nothing is sent again
     // after this interruption.
     m_hasInterruptedEvent = true;
     m_interruptedEventReceiver = receiver;
-    m_interruptedEvent.reset(cloner.clonedEvent());
+    m_interruptedEventReceiverType = &typeid(static_cast<const QObject&>(*receiver));
+    m_interruptedEvent = std::move(copy);
     m_receiverListener = std::make_unique<EventReceiverDestroyedListener>(
         *receiver, boost::bind(&EventFilter::interruptedEventReceiverDestroyed, this));
     m_interruptingEventOriginal = event;
@@ -126,16 +149,30 @@ void Filter::sendInterruptedEvent()
 }
 
 // A main window that the person closed during the work takes the application with it, as it would
-// have done at once.
+// have done at once. Any other window is closed: the toolkit's call that sent the event first has long
+// returned, with a window that stays open.
 void Filter::deliver(QEvent& clone, QObject* receiver)
 {
     // Asked before: the receiver may be destroyed by what it does with the event.
     const bool isMainWindow = qobject_cast<QMainWindow*>(receiver) != nullptr;
+    const QPointer<QWidget> window(qobject_cast<QWidget*>(receiver));
     QCoreApplication::sendEvent(receiver, &clone);
-    if (clone.type() == QEvent::Close && clone.isAccepted() && isMainWindow) {
+    if (clone.type() != QEvent::Close || !clone.isAccepted())
+        return;
+    if (isMainWindow) {
         QApplication::setQuitOnLastWindowClosed(false);
         QCoreApplication::exit(0);
+    } else if (window && window->isVisible()) {
+        finishClosing(*window);
     }
+}
+
+// With all that the toolkit does for a window that is closed, but without asking it a second time.
+void Filter::finishClosing(QWidget& window)
+{
+    m_closingWindow = &window;
+    window.close();
+    m_closingWindow = nullptr;
 }
 
 void Filter::interruptedEventReceiverDestroyed()

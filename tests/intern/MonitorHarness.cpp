@@ -116,7 +116,7 @@ bool SteeredMonitor::shouldInterrupt()
     if (whenAsked)
         whenAsked(timesAsked);
     ++timesAsked;
-    return interrupting;
+    return interrupting && !Probe::filter(*this).nestedLoops().isOneRunning();
 }
 
 Listening::Listening(Monitor& monitor, Journal& journal) : m_monitor(monitor), m_journal(journal)

@@ -1,0 +1,90 @@
+#include "integration/intern/NestedLoops.h"
+
+#include "integration/intern/ApplicationEventMonitor.h"
+#include "integration/toolkit/EventLoopLevel.h"
+
+#include <QAbstractEventDispatcher>
+#include <limits>
+#include <utility>
+
+namespace velmora::sdk::integration::intern {
+
+namespace {
+
+/// Deeper than any level that there is.
+constexpr int noLevel = std::numeric_limits<int>::max();
+
+} // namespace
+
+NestedLoops::NestedLoops(ApplicationEventMonitor& monitor, std::function<void()> running)
+    : m_monitor(monitor), m_running(std::move(running)), m_levelOfWork(noLevel), m_levelOfLoop(noLevel),
+      m_turnIsBeginning(false)
+{}
+
+void NestedLoops::watch()
+{
+    unwatch();
+    if (QAbstractEventDispatcher* const dispatcher = QAbstractEventDispatcher::instance()) {
+        connect(dispatcher, SIGNAL(aboutToBlock()), this, SLOT(dispatcherIsAboutToWait()));
+        connect(dispatcher, SIGNAL(awake()), this, SLOT(dispatcherIsAwake()));
+    }
+}
+
+void NestedLoops::unwatch()
+{
+    if (QAbstractEventDispatcher* const dispatcher = QAbstractEventDispatcher::instance())
+        disconnect(dispatcher, nullptr, this, nullptr);
+    workEnded();
+}
+
+// A turn inside a nested loop belongs to work that was begun in that loop, which is not nested for it.
+void NestedLoops::turnBegins()
+{
+    m_levelOfWork = toolkit::eventLoopLevel();
+    m_levelOfLoop = noLevel;
+    m_turnIsBeginning = true;
+}
+
+void NestedLoops::turnEnds()
+{
+    m_levelOfLoop = noLevel;
+    m_turnIsBeginning = false;
+}
+
+void NestedLoops::workEnded()
+{
+    m_levelOfWork = noLevel;
+    m_levelOfLoop = noLevel;
+}
+
+bool NestedLoops::isOneRunning() const
+{
+    const int level = toolkit::eventLoopLevel();
+    return level > m_levelOfWork || level >= m_levelOfLoop;
+}
+
+void NestedLoops::dispatcherIsAboutToWait()
+{
+    if (m_monitor.isBusy())
+        noteLoop();
+}
+
+// A handler that processes events once, without waiting, is no loop. One that does it again after the
+// request to stop waits for something that it would not get.
+void NestedLoops::dispatcherIsAwake()
+{
+    if (m_turnIsBeginning)
+        m_turnIsBeginning = false;
+    else if (m_levelOfWork != noLevel && m_monitor.isBusy() && m_monitor.shouldInterrupt())
+        noteLoop();
+}
+
+void NestedLoops::noteLoop()
+{
+    const int level = toolkit::eventLoopLevel();
+    if (level < m_levelOfLoop)
+        m_levelOfLoop = level;
+    m_running();
+}
+
+} // namespace velmora::sdk::integration::intern

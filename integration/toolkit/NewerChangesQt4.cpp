@@ -1,0 +1,10 @@
+#include "integration/toolkit/NewerChanges.h"
+
+namespace velmora::sdk::integration::toolkit {
+
+bool isNewerChange(QEvent::Type)
+{
+    return false;
+}
+
+} // namespace velmora::sdk::integration::toolkit
