@@ -4,6 +4,7 @@
 #include "exception/ExceptionBase.h"
 #include "integration/glarea/GoodVisualChooserQGLContext.h"
 #include "integration/intern/EventRecords.h"
+#include "integration/toolkit/ContextFacts.h"
 #include "integration/toolkit/DisplayScale.h"
 #include "integration/toolkit/Exposure.h"
 #include "integrationmanager/GLDrawAreaPageTracker.h"
@@ -19,13 +20,14 @@ namespace velmora::sdk::integration {
 
 GLDrawArea::GLDrawArea(QWidget* parent)
     // The widget takes ownership of the context.
-    : QGLWidget(new GoodVisualChooserQGLContext, parent), m_glContext(*this), m_valid(false), m_sizeChanged(false)
+    : toolkit::GLWidget(new GoodVisualChooserQGLContext, parent), m_glContext(*this), m_valid(false),
+      m_sizeChanged(false)
 {
     setObjectName(QLatin1String("GLDrawArea"));
     if (VelUtilInternalIsPrintDebugOn())
         printFormat();
     createObservers();
-    if (!QGLWidget::isValid()) {
+    if (!toolkit::GLWidget::isValid()) {
         // Deliberately not released on this path: the engine may hold on to what it was given.
         static_cast<void>(m_pageTracker.release());
         static_cast<void>(m_stateObservable.release());
@@ -67,25 +69,18 @@ void GLDrawArea::createObservers()
 
 void GLDrawArea::printFormat() const
 {
-    const QGLFormat actual = format();
+    const toolkit::ContextFacts actual = toolkit::factsOf(format());
     const struct {
         const char* label; // the runs of spaces are part of the output
         long value;
     } facts[] = {
-        {"GL accumulation Buffer On", actual.accum()},
-        {"GL accumulation Buffer Sz", actual.accumBufferSize()},
-        {"GL alpha Buffer Size     ", actual.alphaBufferSize()},
-        {"GL depth Buffer On       ", actual.depth()},
-        {"GL depth Buffer Size     ", actual.depthBufferSize()},
-        {"GL stencil Buffer Sz     ", actual.stencilBufferSize()},
-        {"GL double Buffer On      ", actual.doubleBuffer()},
-        {"GL red Buffer Size       ", actual.redBufferSize()},
-        {"GL green Buffer Size     ", actual.greenBufferSize()},
-        {"GL blue Buffer Size      ", actual.blueBufferSize()},
-        {"GL major Version         ", actual.majorVersion()},
-        {"GL minor Version         ", actual.minorVersion()},
-        {"GL plane                 ", actual.plane()},
-        {"GL swap Interval         ", actual.swapInterval()},
+        {"GL accumulation Buffer On", actual.hasAccum},        {"GL accumulation Buffer Sz", actual.accumSize},
+        {"GL alpha Buffer Size     ", actual.alphaSize},       {"GL depth Buffer On       ", actual.hasDepth},
+        {"GL depth Buffer Size     ", actual.depthSize},       {"GL stencil Buffer Sz     ", actual.stencilSize},
+        {"GL double Buffer On      ", actual.hasDoubleBuffer}, {"GL red Buffer Size       ", actual.redSize},
+        {"GL green Buffer Size     ", actual.greenSize},       {"GL blue Buffer Size      ", actual.blueSize},
+        {"GL major Version         ", actual.majorVersion},    {"GL minor Version         ", actual.minorVersion},
+        {"GL plane                 ", actual.plane},           {"GL swap Interval         ", actual.swapInterval},
     };
     for (const auto& fact : facts)
         std::printf("%s = %ld\n", fact.label, fact.value);
@@ -130,7 +125,7 @@ GLContextInterface& GLDrawArea::getGLContext()
 
 bool GLDrawArea::isValidWidget() const
 {
-    return QGLWidget::isValid() && m_valid;
+    return toolkit::GLWidget::isValid() && m_valid;
 }
 
 void GLDrawArea::addStateListener(GLDrawAreaListenerInterface* listener)
@@ -233,7 +228,7 @@ void GLDrawArea::focusOutEvent(QFocusEvent*) {}
 void GLDrawArea::resizeEvent(QResizeEvent* event)
 {
     if (m_pageTracker->state() == 0)
-        QGLWidget::resizeEvent(event);
+        toolkit::GLWidget::resizeEvent(event);
     m_sizeChanged = true;
 }
 
@@ -241,7 +236,7 @@ void GLDrawArea::paintEvent(QPaintEvent* event)
 {
     if (m_pageTracker->state() == 0 && context()->isValid()) {
         setAutoBufferSwap(true);
-        QGLWidget::paintEvent(event);
+        toolkit::GLWidget::paintEvent(event);
         setAutoBufferSwap(false);
     }
     // On another screen the same widget may have another size in pixels, and no resize event tells of it.
@@ -256,7 +251,7 @@ void GLDrawArea::paintEvent(QPaintEvent* event)
 void GLDrawArea::GLContext::swapBuffers()
 {
     if (toolkit::isReadyToSwap(m_area))
-        m_area.QGLWidget::swapBuffers();
+        m_area.toolkit::GLWidget::swapBuffers();
 }
 
 bool GLDrawArea::GLContext::setCurrentGL()

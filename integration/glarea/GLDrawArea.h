@@ -1,10 +1,10 @@
 #pragma once
 
+#include "chosen_toolkit/GLWidget.h"
 #include "integration/Export.h"
 #include "interfaces/GLContextInterface.h"
 #include "interfaces/GLDrawAreaInterface.h"
 
-#include <QGLWidget>
 #include <memory>
 
 // The string by which qobject_cast finds the interface.
@@ -30,12 +30,12 @@ class MouseEventObservable;
 /// page. Events are valid only while a listener is called; one that keeps an event keeps a clone.
 ///
 /// The engine's pixels are those of the screen: sizes and positions that it is told are in them. Where the
-/// toolkit scales its windows (Qt 5's QT_SCALE_FACTOR and the like), the widget's own are larger, and a
+/// toolkit scales its windows (QT_SCALE_FACTOR and the like), the widget's own are larger, and a
 /// host that hands the engine a position of the widget multiplies it by what `getSize` tells over `size()`.
 ///
 /// GUI thread only. The constructor throws velmora::ExceptionBase "Failed to create GLDrawArea."
 /// when the toolkit gets no OpenGL context; what reading the configuration throws passes through.
-class VELMORA_INTEGRATION_EXPORT GLDrawArea : public QGLWidget, public virtual GLDrawAreaInterface {
+class VELMORA_INTEGRATION_EXPORT GLDrawArea : public toolkit::GLWidget, public virtual GLDrawAreaInterface {
     Q_OBJECT
     Q_INTERFACES(velmora::sdk::integration::GLDrawAreaInterface)
 

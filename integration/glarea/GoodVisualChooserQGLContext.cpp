@@ -3,6 +3,7 @@
 #include "base/AppLock.h"
 #include "integration/StyleSettings.h"
 #include "integration/glarea/VisualList.h"
+#include "integration/toolkit/ContextFacts.h"
 #include "toolbox/StyleValue.h"
 
 #include <cstdio>
@@ -30,20 +31,13 @@ int valueOrDefault(int value, int defaultValue)
     return value == 0 ? defaultValue : value;
 }
 
-QGLFormat configuredFormat()
+toolkit::ContextFormat configuredFormat()
 {
-    const int depthSize = screenRendering("DepthBufferSize");
-    const int samples = screenRendering("MaxMultiSamples");
-    const int accumSize = screenRendering("MaxAccumBufferSize");
-
-    QGLFormat format(QGL::DoubleBuffer | QGL::DepthBuffer | QGL::Rgba | QGL::SampleBuffers);
-    if (depthSize > 0)
-        format.setDepthBufferSize(depthSize);
-    if (samples > 0)
-        format.setSamples(samples);
-    if (accumSize > 0)
-        format.setAccumBufferSize(accumSize);
-    return format;
+    toolkit::FormatRequest request;
+    request.depthSize = screenRendering("DepthBufferSize");
+    request.samples = screenRendering("MaxMultiSamples");
+    request.accumSize = screenRendering("MaxAccumBufferSize");
+    return toolkit::screenFormat(request);
 }
 
 toolkit::OwnedVisual chooseAdvanced()

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "chosen_toolkit/VisualChoosingContext.h"
 #include "integration/Export.h"
-#include "integration/toolkit/VisualChoosingContext.h"
 
 namespace velmora {
 namespace sdk {

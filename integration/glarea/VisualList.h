@@ -1,6 +1,6 @@
 #pragma once
 
-#include "integration/toolkit/XDisplay.h"
+#include "integration/toolkit/OwnedVisual.h"
 
 #include <memory>
 #include <vector>

@@ -26,7 +26,7 @@ bool ApplicationEventMonitor::start()
     VelEngEngineNotBusyRegisterCallback(&EventFilter::engineNotBusyCallback, reinterpret_cast<long>(&m_eventFilter));
     const Qt::MouseButtons held = QApplication::mouseButtons();
     emitMouseButtonStateChanged(MouseEventInterface::MouseButton_Left, (held & Qt::LeftButton) != 0);
-    emitMouseButtonStateChanged(MouseEventInterface::MouseButton_Middle, (held & Qt::MidButton) != 0);
+    emitMouseButtonStateChanged(MouseEventInterface::MouseButton_Middle, (held & Qt::MiddleButton) != 0);
     emitMouseButtonStateChanged(MouseEventInterface::MouseButton_Right, (held & Qt::RightButton) != 0);
     return true;
 }
@@ -100,7 +100,7 @@ MouseEventInterface::MouseButton_e ApplicationEventMonitor::mouseButton(const QM
         MouseEventInterface::MouseButton_Left,   // Qt::LeftButton, 1
         MouseEventInterface::MouseButton_Right,  // Qt::RightButton, 2
         MouseEventInterface::MouseButton_None,   // both together
-        MouseEventInterface::MouseButton_Middle, // Qt::MidButton, 4
+        MouseEventInterface::MouseButton_Middle, // Qt::MiddleButton, 4
     };
     // Below 1 wraps around and is outside, too.
     const unsigned index = static_cast<unsigned>(event.button()) - 1u;

@@ -1,6 +1,6 @@
 #include "integration/intern/EventCloner.h"
 
-#include "integration/toolkit/DisplayScale.h"
+#include "integration/toolkit/InputEvents.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -21,9 +21,7 @@ void Filter::EventCloner::handleTimerEventCausingWidgetChange(const QTimerEvent&
 
 void Filter::EventCloner::handleMouseWheelEvent(const QWheelEvent& event)
 {
-    m_clonedEvent = std::make_unique<QWheelEvent>(event.pos(), event.globalPos(), event.delta(), event.buttons(),
-                                                  event.modifiers(), event.orientation())
-                        .release();
+    m_clonedEvent = toolkit::copyOf(event).release();
 }
 
 void Filter::EventCloner::handleMouseMoveEvent(const QMouseEvent& event)
@@ -59,7 +57,7 @@ void Filter::EventCloner::handleKeyRelease(const QKeyEvent& event)
 // Deliberately comes back as the plain key press: the shortcut's own owner may be gone by then.
 void Filter::EventCloner::handleShortcut(const QShortcutEvent& event)
 {
-    m_clonedEvent = std::make_unique<QKeyEvent>(QEvent::KeyPress, static_cast<int>(event.key()[0]),
+    m_clonedEvent = std::make_unique<QKeyEvent>(QEvent::KeyPress, toolkit::firstKeyOf(event),
                                                 QApplication::keyboardModifiers(), QString(), false, ushort(1))
                         .release();
 }

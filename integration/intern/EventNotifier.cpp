@@ -14,10 +14,11 @@ MouseWheelEvent recordOf(const QWheelEvent& event, const QObject& receiver)
 {
     const Qt::MouseButtons held = event.buttons();
     const QPoint position = toolkit::screenPosition(event, receiver);
-    return MouseWheelEvent(position.x(), position.y(), event.delta(), (held & Qt::LeftButton) != 0,
-                           (held & Qt::MidButton) != 0, (held & Qt::RightButton) != 0,
-                           event.orientation() == Qt::Vertical ? MouseWheelEventInterface::Orientation_Vertical
-                                                               : MouseWheelEventInterface::Orientation_Horizontal,
+    const toolkit::WheelTurn turn = toolkit::turnOf(event);
+    return MouseWheelEvent(position.x(), position.y(), turn.delta, (held & Qt::LeftButton) != 0,
+                           (held & Qt::MiddleButton) != 0, (held & Qt::RightButton) != 0,
+                           turn.isVertical ? MouseWheelEventInterface::Orientation_Vertical
+                                           : MouseWheelEventInterface::Orientation_Horizontal,
                            ApplicationEventMonitor::genericModifiersForEvent(event));
 }
 
@@ -75,10 +76,9 @@ void Notifier::handleKeyRelease(const QKeyEvent& event)
     m_monitor.notifyOfKeyReleased(record);
 }
 
-// The first key of the sequence as the toolkit packs it, modifier bits included.
 void Notifier::handleShortcut(const QShortcutEvent& event)
 {
-    KeyEvent record(&m_monitor, static_cast<int>(event.key()[0]), EventInterface::Modifier_None);
+    KeyEvent record(&m_monitor, toolkit::firstKeyOf(event), EventInterface::Modifier_None);
     m_monitor.notifyOfKeyPressed(record);
 }
 

@@ -2,7 +2,7 @@
 
 #include "integration/glarea/MouseEvent.h"
 #include "integration/intern/ApplicationEventMonitor.h"
-#include "integration/toolkit/DisplayScale.h"
+#include "integration/toolkit/InputEvents.h"
 #include "integrationmanager/KeyEvent.h"
 
 #include <QKeyEvent>

@@ -10,18 +10,14 @@ namespace velmora::sdk::integration::intern {
 
 namespace {
 
-void applyConfiguration(QGLFormat& format)
+toolkit::FormatRequest configuredFormat()
 {
     const toolbox::StyleValue section("Interface", "OpenGLConfig", "ImageRendering");
-    const int depthBits = readStyleInteger(section, "DepthBufferSize");
-    const int samples = readStyleInteger(section, "MaxMultiSamples");
-    const int accumBits = readStyleInteger(section, "MaxAccumBufferSize");
-    if (depthBits > 0)
-        format.setDepthBufferSize(depthBits);
-    if (samples > 0)
-        format.setSamples(samples);
-    if (accumBits > 0)
-        format.setAccumBufferSize(accumBits);
+    toolkit::FormatRequest request;
+    request.depthSize = readStyleInteger(section, "DepthBufferSize");
+    request.samples = readStyleInteger(section, "MaxMultiSamples");
+    request.accumSize = readStyleInteger(section, "MaxAccumBufferSize");
+    return request;
 }
 
 std::unique_ptr<toolkit::PixelBuffer> createPBuffer(int width, int height, bool useConfiguredFormat)
@@ -29,12 +25,7 @@ std::unique_ptr<toolkit::PixelBuffer> createPBuffer(int width, int height, bool 
     const QSize size(width, height);
     if (!toolkit::canDrawOffscreen(size))
         return nullptr;
-    QGLFormat format;
-    if (useConfiguredFormat)
-        applyConfiguration(format);
-    format.setDirectRendering(false);
-    format.setDoubleBuffer(false);
-    return toolkit::newUsablePixelBuffer(size, format);
+    return toolkit::newUsablePixelBuffer(size, useConfiguredFormat ? configuredFormat() : toolkit::FormatRequest());
 }
 
 } // namespace
@@ -60,12 +51,12 @@ bool OffscreenImagePBuffer::render(ExportRegion_e region)
 
 int OffscreenImagePBuffer::width() const
 {
-    return m_pbuffer->width();
+    return m_pbuffer->size().width();
 }
 
 int OffscreenImagePBuffer::height() const
 {
-    return m_pbuffer->height();
+    return m_pbuffer->size().height();
 }
 
 QImage OffscreenImagePBuffer::toImage()
@@ -75,7 +66,7 @@ QImage OffscreenImagePBuffer::toImage()
 
 bool OffscreenImagePBuffer::GLContext::setCurrentGL()
 {
-    return toolkit::reallyMakeCurrent(*m_image.m_pbuffer);
+    return m_image.m_pbuffer->makeCurrent();
 }
 
 } // namespace velmora::sdk::integration::intern

@@ -1,11 +1,10 @@
 #include "integration/offscreen/OffscreenImagePixmap.h"
 
 #include "engine/VelEng.h"
-#include "integration/toolkit/CurrentContext.h"
 #include "integration/toolkit/FramebufferLimit.h"
+#include "integration/toolkit/HiddenDrawing.h"
 #include "interfaces/GLContextInterface.h"
 
-#include <QGLWidget>
 #include <exception>
 
 namespace velmora::sdk::integration::intern {
@@ -17,45 +16,6 @@ public:
     void swapBuffers() override {}
     bool setCurrentGL() override { return true; }
     bool clearCurrentGL() override { return true; }
-};
-
-/// The toolkit's own preparations leave errors behind; the engine is to see only its own. Bounded,
-/// because a lost context reports an error for ever.
-void forgetPendingGLErrors()
-{
-    for (int i = 0; i < 16 && glGetError() != GL_NO_ERROR; ++i)
-        continue;
-}
-
-class OffscreenGLWidget : public QGLWidget {
-public:
-    OffscreenGLWidget(ExportRegion_e region, OffscreenImageInterface& image) : m_region(region), m_image(image) {}
-
-    /// What the drawing threw, once it is safe to let it go on.
-    void rethrowFailure() const
-    {
-        if (m_failure)
-            std::rethrow_exception(m_failure);
-    }
-
-protected:
-    void paintGL() override
-    {
-        forgetPendingGLErrors();
-        // The application may paint while the engine draws; the toolkit goes on with this context.
-        const toolkit::CurrentContextKeeper keeper;
-        // The toolkit does not expect exceptions where it calls this.
-        try {
-            VelEngRenderOffscreenImage(m_region, &m_image);
-        } catch (...) {
-            m_failure = std::current_exception();
-        }
-    }
-
-private:
-    ExportRegion_e m_region;
-    OffscreenImageInterface& m_image;
-    std::exception_ptr m_failure;
 };
 
 } // namespace
@@ -77,9 +37,16 @@ bool OffscreenImagePixmap::render(ExportRegion_e region)
     // For an empty size the toolkit would take the widget's own, and the rows would overrun the
     // engine's arrays.
     if (toolkit::canDrawOffscreen(QSize(width(), height()))) {
-        OffscreenGLWidget widget(region, *this);
-        rendered = widget.renderPixmap(width(), height(), false).toImage();
-        widget.rethrowFailure();
+        std::exception_ptr failure;
+        rendered = toolkit::drawHidden(QSize(width(), height()), [&] {
+            try {
+                VelEngRenderOffscreenImage(region, this);
+            } catch (...) {
+                failure = std::current_exception();
+            }
+        });
+        if (failure)
+            std::rethrow_exception(failure);
     }
     m_impl->image.swap(rendered);
     return !m_impl->image.isNull();

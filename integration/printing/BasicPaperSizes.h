@@ -1,12 +1,16 @@
 #pragma once
 
-#include <QPrinter>
+#include "integration/toolkit/Paper.h"
+
+#include <QtGlobal>
 
 namespace velmora::sdk::integration {
 
-/// A paper of the toolkit, in millimetres.
+using toolkit::PaperName;
+
+/// A paper of the toolkit; width and height in millimetres.
 struct BasicPaperSize {
-    qint32 paperSize; ///< a QPrinter::PaperSize
+    PaperName::Number name;
     qint32 width;
     qint32 height;
 };
@@ -17,16 +21,16 @@ struct BasicPaperSize {
 /// The B rows are deliberately the sheets of JIS, not those of ISO that the toolkit has under these
 /// names. It is the table that says so: the engine has no B paper of its own.
 constexpr BasicPaperSize BasicPaperSizes[] = {
-    {QPrinter::A0, 841, 1189},       {QPrinter::A1, 594, 841},      {QPrinter::A2, 420, 594},
-    {QPrinter::A3, 297, 420},        {QPrinter::A4, 210, 297},      {QPrinter::A5, 148, 210},
-    {QPrinter::A6, 105, 148},        {QPrinter::A7, 74, 105},       {QPrinter::A8, 52, 74},
-    {QPrinter::A9, 37, 52},          {QPrinter::B0, 1030, 1456},    {QPrinter::B1, 728, 1030},
-    {QPrinter::B10, 32, 45},         {QPrinter::B2, 515, 728},      {QPrinter::B3, 364, 515},
-    {QPrinter::B4, 257, 364},        {QPrinter::B5, 182, 257},      {QPrinter::B6, 128, 182},
-    {QPrinter::B7, 91, 128},         {QPrinter::B8, 64, 91},        {QPrinter::B9, 45, 64},
-    {QPrinter::C5E, 163, 229},       {QPrinter::Comm10E, 105, 241}, {QPrinter::DLE, 110, 220},
-    {QPrinter::Executive, 191, 254}, {QPrinter::Folio, 210, 330},   {QPrinter::Ledger, 432, 279},
-    {QPrinter::Legal, 216, 356},     {QPrinter::Letter, 216, 279},  {QPrinter::Tabloid, 279, 432},
+    {PaperName::A0, 841, 1189},       {PaperName::A1, 594, 841},      {PaperName::A2, 420, 594},
+    {PaperName::A3, 297, 420},        {PaperName::A4, 210, 297},      {PaperName::A5, 148, 210},
+    {PaperName::A6, 105, 148},        {PaperName::A7, 74, 105},       {PaperName::A8, 52, 74},
+    {PaperName::A9, 37, 52},          {PaperName::B0, 1030, 1456},    {PaperName::B1, 728, 1030},
+    {PaperName::B10, 32, 45},         {PaperName::B2, 515, 728},      {PaperName::B3, 364, 515},
+    {PaperName::B4, 257, 364},        {PaperName::B5, 182, 257},      {PaperName::B6, 128, 182},
+    {PaperName::B7, 91, 128},         {PaperName::B8, 64, 91},        {PaperName::B9, 45, 64},
+    {PaperName::C5E, 163, 229},       {PaperName::Comm10E, 105, 241}, {PaperName::DLE, 110, 220},
+    {PaperName::Executive, 191, 254}, {PaperName::Folio, 210, 330},   {PaperName::Ledger, 432, 279},
+    {PaperName::Legal, 216, 356},     {PaperName::Letter, 216, 279},  {PaperName::Tabloid, 279, 432},
 };
 
 } // namespace velmora::sdk::integration

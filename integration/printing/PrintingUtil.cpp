@@ -8,6 +8,7 @@
 #include "integration/toolkit/Paper.h"
 
 #include <QPrintEngine>
+#include <QPrinter>
 #include <QSize>
 #include <QVariant>
 #include <algorithm>
@@ -68,11 +69,11 @@ void setPrinterPaper(QPrinter& printer, const PaperMillimeters& wanted)
     const auto fits = [&wanted](const BasicPaperSize& paper) { return isSamePaper(millimetersOf(paper), wanted); };
     const auto row = std::find_if(std::begin(BasicPaperSizes), std::end(BasicPaperSizes), fits);
     if (row != std::end(BasicPaperSizes)) {
-        printer.setPageSize(static_cast<QPrinter::PaperSize>(row->paperSize));
+        toolkit::setPaperName(printer, row->name);
         return;
     }
     const QSize size(static_cast<int>(wanted.width), static_cast<int>(wanted.height));
-    printer.setPageSize(QPrinter::Custom);
+    toolkit::setPaperName(printer, toolkit::PaperName::Custom);
     printer.printEngine()->setProperty(CustomPaperProperty, size);
     toolkit::makeCustomPaperReal(printer, size);
 }
@@ -91,11 +92,11 @@ PaperMillimeters readCustomPrinterPaper(const QPrinter& printer)
 
 PaperMillimeters readPrinterPaper(const QPrinter& printer)
 {
-    const QPrinter::PaperSize paperSize = printer.pageSize();
-    if (paperSize == QPrinter::Custom)
+    const toolkit::PaperName::Number name = toolkit::paperName(printer);
+    if (name == toolkit::PaperName::Custom)
         return readCustomPrinterPaper(printer);
     const auto row = std::find_if(std::begin(BasicPaperSizes), std::end(BasicPaperSizes),
-                                  [paperSize](const BasicPaperSize& paper) { return paper.paperSize == paperSize; });
+                                  [name](const BasicPaperSize& paper) { return paper.name == name; });
     // Newer toolkits know papers by name that the table does not have; those are what they measure.
     return row != std::end(BasicPaperSizes) ? millimetersOf(*row)
                                             : millimetersOf(toolkit::paperSizeInMillimeters(printer));
@@ -127,7 +128,7 @@ bool isSamePaper(const PaperMillimeters& a, const PaperMillimeters& b)
 
 bool SetKernelOrientationFromPrinter(QPrinter& printer)
 {
-    return writeKernelOrientPortrait(printer.orientation() == QPrinter::Portrait) == 0;
+    return writeKernelOrientPortrait(toolkit::isPortrait(printer)) == 0;
 }
 
 bool SetKernelPageSizeFromPrinter(QPrinter& printer)
@@ -149,7 +150,7 @@ bool SetKernelPageSizeFromPrinter(QPrinter& printer)
 
 void UpdatePrinterFromKernel(QPrinter& printer)
 {
-    printer.setOrientation(readKernelOrientPortrait() ? QPrinter::Portrait : QPrinter::Landscape);
+    toolkit::setPortrait(printer, readKernelOrientPortrait());
     printer.setFullPage(true);
     setPrinterPaper(printer, readKernelPaper());
 }

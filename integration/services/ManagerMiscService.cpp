@@ -3,13 +3,12 @@
 #include "engine/VelEng.h"
 #include "integration/intern/ModifierMask.h"
 #include "integration/services/TextArgument.h"
-#include "integration/toolkit/DisplayScale.h"
+#include "integration/toolkit/Screens.h"
+#include "integration/toolkit/TemporaryContext.h"
 
+#include <GL/gl.h>
 #include <QApplication>
-#include <QDesktopWidget>
-#include <QGLWidget>
 #include <array>
-#include <memory>
 
 namespace velmora::sdk::integration::services {
 
@@ -47,12 +46,12 @@ const std::array<int, 22> ControlCharacters = {
 static_assert(Qt::Key_Down - Qt::Key_Escape + 1 == static_cast<int>(ControlCharacters.size()),
               "The table of control characters has one entry for each key from Escape to Down.");
 
-QDesktopWidget* desktopFor(const char* function)
+bool requireScreens(const char* function)
 {
-    QDesktopWidget* const desktop = QApplication::desktop();
-    if (!desktop)
+    const bool exist = toolkit::hasScreens();
+    if (!exist)
         VelEngDoVUAssert("Check", "( (desktop) != __null )", "Invalid Desktop Object", function);
-    return desktop;
+    return exist;
 }
 
 } // namespace
@@ -67,24 +66,21 @@ int ManagerMiscService::translateNonPrintableKeyboardCode(int qtKey) const
     return ControlCharacters[static_cast<std::size_t>(qtKey - Qt::Key_Escape)];
 }
 
-// Dots are pixels of the screen, as everything that the engine measures; the toolkit tells how many of its
-// own pixels are an inch, which is not the same where it scales.
+// Dots are pixels of the screen, as everything that the engine measures.
 void ManagerMiscService::getDotPitchPerCm(double* x, double* y) const
 {
-    const QDesktopWidget* const desktop = desktopFor("ManagerMiscService::getDotPitchPerCm");
-    if (!desktop)
+    if (!requireScreens("ManagerMiscService::getDotPitchPerCm"))
         return;
-    const double dotsPerPixel = toolkit::screenPixelsPerPixel(*desktop);
-    *x = desktop->logicalDpiX() * dotsPerPixel / CentimetresPerInch;
-    *y = desktop->logicalDpiY() * dotsPerPixel / CentimetresPerInch;
+    const QSizeF perInch = toolkit::screenPixelsPerInch();
+    *x = perInch.width() / CentimetresPerInch;
+    *y = perInch.height() / CentimetresPerInch;
 }
 
 void ManagerMiscService::getScreenSizeInPixels(int* width, int* height) const
 {
-    const QDesktopWidget* const desktop = desktopFor("ManagerMiscService::getScreenSizeInPixels");
-    if (!desktop)
+    if (!requireScreens("ManagerMiscService::getScreenSizeInPixels"))
         return;
-    const QSize size = toolkit::screenSize(*desktop);
+    const QSize size = toolkit::sizeOfAllScreens();
     if (width)
         *width = size.width();
     if (height)
@@ -114,11 +110,8 @@ bool ManagerMiscService::mouseButtonState(MouseEventInterface::MouseButton_e but
 
 std::string ManagerMiscService::openGLVersionString() const
 {
-    const std::unique_ptr<QGLWidget> widget(new QGLWidget(nullptr, nullptr, Qt::WindowFlags()));
-    widget->makeCurrent();
-    std::string version = requiredText(reinterpret_cast<const char*>(glGetString(GL_VERSION)));
-    widget->doneCurrent();
-    return version;
+    const toolkit::TemporaryContext context;
+    return requiredText(reinterpret_cast<const char*>(glGetString(GL_VERSION)));
 }
 
 ManagerMiscService::operator long() const

@@ -10,6 +10,9 @@ namespace velmora::sdk::integration::toolkit {
 /// because libGL believes that it still is.
 void releaseCurrentContext();
 
+/// An OpenGL function that the current context of the toolkit has, or null. There must be such a context.
+void (*currentFunction(const char* name))();
+
 /// Remembers the toolkit context that is current, and makes it current again at the end of its life.
 /// Neither that context nor what it draws to may be destroyed in between.
 class CurrentContextKeeper {

@@ -10,4 +10,7 @@ namespace velmora::sdk::integration::toolkit {
 /// that is current stays current.
 bool canDrawOffscreen(const QSize& size);
 
+/// The largest size for the above, empty where there is no OpenGL. Costs a context of its own each time.
+QSize largestOffscreenSize();
+
 } // namespace velmora::sdk::integration::toolkit

@@ -1,21 +1,12 @@
 #include "integration/toolkit/PixelBuffer.h"
 
-#include "integration/toolkit/FramebufferLimit.h"
-#include "integration/toolkit/GuiClient.h"
-
 #include <vector>
 
 namespace velmora::sdk::integration::toolkit {
 
-bool hasPixelBuffers()
+std::unique_ptr<PixelBuffer> newUsablePixelBuffer(const QSize& size, const FormatRequest& request)
 {
-    // Without OpenGL the toolkit's own question is a null dereference.
-    return isGuiClient() && canDrawOffscreen(QSize(1, 1)) && QGLPixelBuffer::hasOpenGLPbuffers();
-}
-
-std::unique_ptr<PixelBuffer> newUsablePixelBuffer(const QSize& size, const QGLFormat& format)
-{
-    auto buffer = std::make_unique<PixelBuffer>(size, format);
+    auto buffer = std::make_unique<PixelBuffer>(size, request);
     if (buffer->isUsable())
         return buffer;
     if (!buffer->canBeDestroyed()) {

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QGLPixelBuffer>
+#include "integration/toolkit/FormatRequest.h"
+
 #include <QImage>
 #include <memory>
 
@@ -10,23 +11,29 @@ namespace velmora::sdk::integration::toolkit {
 /// is not there.
 bool hasPixelBuffers();
 
-/// Makes the buffer's context current; whether it is now. The buffer's own makeCurrent() answers yes
-/// for every valid buffer, even when the window system refused. The answers differ only where that
-/// yes is untrue. After a no, nothing may be drawn: whatever was current before may still be.
-bool reallyMakeCurrent(QGLPixelBuffer& buffer);
-
-/// The toolkit's pixel buffer, with an honest answer to whether it can be drawn into and with a
-/// read-back that is right for every format. GUI thread only.
-class PixelBuffer : public QGLPixelBuffer {
+/// A buffer of the toolkit to draw into off screen with OpenGL, in a context of its own. GUI thread only.
+class PixelBuffer {
 public:
     /// A size that canDrawOffscreen(). The context that is current stays current.
-    PixelBuffer(const QSize& size, const QGLFormat& format);
+    PixelBuffer(const QSize& size, const FormatRequest& request);
+    ~PixelBuffer();
+    PixelBuffer(const PixelBuffer&) = delete;
+    PixelBuffer& operator=(const PixelBuffer&) = delete;
 
-    /// Whether the buffer exists, can be made current, has this size and at least the samples that its format asked
-    /// for. Qt 5 calls a buffer valid without any of these: it draws into a framebuffer object, with fewer samples
+    /// Whether the buffer exists, can be made current, has its size and at least the samples that were asked for.
+    /// Qt 5 calls a buffer valid without any of these: it draws into a framebuffer object, with fewer samples
     /// where the driver has fewer. That object has at most 24 bits of depth and no accumulation, whatever is asked for;
     /// a buffer is not given up for that.
-    bool isUsable() const { return m_usable; }
+    bool isUsable() const;
+
+    /// In pixels, of the buffer that was really made.
+    QSize size() const;
+
+    /// Makes the buffer's context current; whether it is now. After a no, nothing may be drawn: whatever was
+    /// current before may still be.
+    bool makeCurrent();
+    /// Leaves no context current, whosever it was.
+    void doneCurrent();
 
     /// What has been drawn, the top row first. Makes the buffer's context current. A null image
     /// when it cannot be read. How the drawing left pixels to be stored or changed on their way, and
@@ -38,16 +45,12 @@ public:
     bool canBeDestroyed();
 
 private:
-    bool m_usable = false;
-#if QT_VERSION >= 0x050000
-    /// The framebuffer object behind the buffer, and whether it must be resolved before it can be read.
-    unsigned m_framebuffer = 0;
-    bool m_multisampled = false;
-#endif
+    struct Impl;
+    std::unique_ptr<Impl> m_impl;
 };
 
 /// A buffer that is usable, or null. A size that canDrawOffscreen(). The context that is current stays
 /// current.
-std::unique_ptr<PixelBuffer> newUsablePixelBuffer(const QSize& size, const QGLFormat& format);
+std::unique_ptr<PixelBuffer> newUsablePixelBuffer(const QSize& size, const FormatRequest& request);
 
 } // namespace velmora::sdk::integration::toolkit

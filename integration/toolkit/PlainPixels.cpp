@@ -1,15 +1,25 @@
 #include "integration/toolkit/PlainPixels.h"
 
+#include "integration/toolkit/CurrentContext.h"
+
+#include <GL/glext.h>
 #include <cstring>
+#include <initializer_list>
 
 namespace velmora::sdk::integration::toolkit {
+
+void forgetPendingGLErrors()
+{
+    for (int i = 0; i < 16 && glGetError() != GL_NO_ERROR; ++i)
+        continue;
+}
 
 NoPackBuffer::NoPackBuffer()
 {
     const auto* const extensions = reinterpret_cast<const char*>(glGetString(GL_EXTENSIONS));
     if (!extensions || !std::strstr(extensions, "GL_ARB_pixel_buffer_object"))
         return;
-    m_bind = reinterpret_cast<BindBuffer>(QGLContext::currentContext()->getProcAddress(QLatin1String("glBindBuffer")));
+    m_bind = reinterpret_cast<BindBuffer>(currentFunction("glBindBuffer"));
     glGetIntegerv(GL_PIXEL_PACK_BUFFER_BINDING, &m_bound);
     bind(0);
 }

@@ -1,8 +1,12 @@
 #pragma once
 
-#include <QGLContext>
+#include <GL/gl.h>
 
 namespace velmora::sdk::integration::toolkit {
+
+/// Forgets the errors that the current context has noted. Bounded, because a lost context reports an error
+/// for ever.
+void forgetPendingGLErrors();
 
 /// While it lives, no buffer object of the current context is bound for reading: it would take the
 /// pixels instead of the image's memory.

@@ -39,7 +39,7 @@ def ancestors(declaration):
     yield definition
     for child in definition.get_children():
         if child.kind == CursorKind.CXX_BASE_SPECIFIER:
-            yield from ancestors(child.type.get_declaration())
+            yield from ancestors(child.type.get_canonical().get_declaration())
 
 
 def class_of(expression):

@@ -4,22 +4,16 @@
 #include "interfaces/MouseEventInterface.h"
 #include "interfaces/MouseEventListenerInterface.h"
 #include "interfaces/MouseWheelEventInterface.h"
-#include "tests/glarea/DrawAreaFixture.h"
+#include "tests/glarea/DisplayScaleFixture.h"
 #include "tests/intern/MonitorHarness.h"
-#include "tests/support/DisplayScale.h"
 #include "tests/support/Pixels.h"
 #include "tests/support/Wait.h"
 #include "tests/support/XInput.h"
 
 #include <QMouseEvent>
 #include <QWheelEvent>
-#include <QX11Info>
 #include <memory>
 #include <vector>
-#if QT_VERSION >= 0x050000
-#include <QGuiApplication>
-#include <QScreen>
-#endif
 
 // After Qt, whose enumerators some of Xlib's macros would replace.
 #include <X11/Xlib.h>
@@ -28,14 +22,6 @@ using namespace velmora::sdk::integration;
 using namespace velmora::test;
 
 namespace {
-
-QSize toldSize(const GLDrawArea& area)
-{
-    int width = 0;
-    int height = 0;
-    area.getSize(&width, &height);
-    return QSize(width, height);
-}
 
 /// The size of the widget's own X window.
 QSize windowSize(const QWidget& widget)
@@ -47,7 +33,7 @@ QSize windowSize(const QWidget& widget)
     unsigned height = 0;
     unsigned border = 0;
     unsigned depth = 0;
-    XGetGeometry(QX11Info::display(), widget.internalWinId(), &root, &x, &y, &width, &height, &border, &depth);
+    XGetGeometry(toolkitDisplay(), widget.internalWinId(), &root, &x, &y, &width, &height, &border, &depth);
     return QSize(static_cast<int>(width), static_cast<int>(height));
 }
 
@@ -70,29 +56,6 @@ public:
 
     QPoint pressed;
     QPoint released;
-};
-
-/// An area at an odd place of a window that is on the screen.
-class DisplayScale : public DrawArea {
-protected:
-    void SetUp() override
-    {
-        DrawArea::SetUp();
-        window.setGeometry(21, 33, 301, 247);
-        area.setGeometry(11, 13, 161, 105);
-        ASSERT_TRUE(showAndWait(window));
-        ASSERT_TRUE(comesToShow(area, Green));
-    }
-
-    void movePointerToScreenPixel(const QPoint& position) const
-    {
-        const QPoint corner = placeOnScreen(area, QPoint(0, 0));
-        movePointerToScreen(corner.x() + position.x(), corner.y() + position.y());
-    }
-
-    QWidget window;
-    GLDrawArea area{&window};
-    Painter painter{area, Green};
 };
 
 } // namespace
@@ -152,40 +115,3 @@ TEST_F(DisplayScale, TheMonitorReportsTheSamePlaceForButtonsAndWheel)
     monitor.stop();
     monitor.removeMouseListener(&ofMonitor);
 }
-
-#if QT_VERSION >= 0x050000
-
-TEST_F(DisplayScale, AnEventThatIsSentAgainKeepsItsPixelOfTheScreen)
-{
-    const QPoint place(41, 33);
-    const QPointF position = QPointF(place) / displayScale(area);
-    // As the toolkit makes them: exact in the window alone.
-    const QMouseEvent press(QEvent::MouseButtonPress, position.toPoint(), position, position, Qt::LeftButton,
-                            Qt::LeftButton, Qt::NoModifier);
-    ASSERT_EQ(toolkit::screenPosition(press, area), place);
-    Probe::EventCloner cloner;
-    Monitor::eventAnalyzer(press, area, cloner);
-    const std::unique_ptr<QEvent> copy(cloner.clonedEvent());
-    ASSERT_TRUE(copy);
-    EXPECT_EQ(toolkit::screenPosition(static_cast<const QMouseEvent&>(*copy), area), place);
-}
-
-// As when the window is moved to a screen that is scaled differently.
-TEST_F(DisplayScale, AnotherScaleIsAnotherSizeThoughTheWidgetKeepsIts)
-{
-    if (qgetenv("QT_SCREEN_SCALE_FACTORS").isEmpty())
-        GTEST_SKIP() << "The toolkit scales no screen by itself.";
-    const QSize before = toldSize(area);
-    area.repaint();
-    ASSERT_FALSE(painter.exposures.back());
-    QScreen* const screen = QGuiApplication::primaryScreen();
-    screen->setProperty("_q_scaleFactor", displayScale(area) * 2);
-    area.repaint();
-    EXPECT_NEAR(toldSize(area).width(), before.width() * 2, 1);
-    EXPECT_TRUE(painter.exposures.back());
-    area.repaint();
-    EXPECT_FALSE(painter.exposures.back());
-    screen->setProperty("_q_scaleFactor", QVariant());
-}
-
-#endif

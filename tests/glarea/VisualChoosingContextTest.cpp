@@ -1,9 +1,9 @@
 // What a context asks GLX for, and what it gives up where there is no such visual.
-#include "integration/toolkit/VisualChoosingContext.h"
+#include "chosen_toolkit/VisualChoosingContext.h"
 
 #include "integration/glarea/VisualList.h"
 #include "integration/glarea/VisualRanking.h"
-#include "integration/toolkit/XDisplay.h"
+#include "integration/toolkit/OwnedVisual.h"
 
 #include <QGLWidget>
 #include <algorithm>

@@ -34,7 +34,7 @@ TEST(BasicPaperSizes, HasTheToolkitsThirtyPapersInTheOrderOfTheSearch)
 {
     ASSERT_EQ(30u, std::size(BasicPaperSizes));
     for (int i = 0; i < 30; ++i) {
-        EXPECT_EQ(ExpectedRows[i].paperSize, BasicPaperSizes[i].paperSize) << i;
+        EXPECT_EQ(ExpectedRows[i].paperSize, BasicPaperSizes[i].name) << i;
         EXPECT_EQ(ExpectedRows[i].width, BasicPaperSizes[i].width) << i;
         EXPECT_EQ(ExpectedRows[i].height, BasicPaperSizes[i].height) << i;
     }
@@ -45,18 +45,18 @@ TEST(BasicPaperSizes, HasEveryPaperOnceAndNoCustomOne)
     for (int paperSize = 0; paperSize < 30; ++paperSize) {
         int rows = 0;
         for (const BasicPaperSize& row : BasicPaperSizes)
-            rows += row.paperSize == paperSize;
+            rows += row.name == paperSize;
         EXPECT_EQ(1, rows) << paperSize;
     }
     for (const BasicPaperSize& row : BasicPaperSizes)
-        EXPECT_NE(QPrinter::Custom, row.paperSize);
+        EXPECT_NE(PaperName::Custom, row.name);
 }
 
 TEST(BasicPaperSizes, NoSheetFitsTwoRows)
 {
     for (const BasicPaperSize& a : BasicPaperSizes) {
         for (const BasicPaperSize& b : BasicPaperSizes)
-            EXPECT_EQ(a.paperSize == b.paperSize, fit(a, b, 2)) << a.paperSize << " " << b.paperSize;
+            EXPECT_EQ(a.name == b.name, fit(a, b, 2)) << a.name << " " << b.name;
     }
 }
 

@@ -50,9 +50,4 @@ RecordingPrinter::RecordingPrinter()
     setEngines(&m_engine, &m_engine);
 }
 
-void setCustomPaper(QPrinter& printer, double width, double height)
-{
-    printer.setPaperSize(QSizeF(width, height), QPrinter::Millimeter);
-}
-
 } // namespace velmora::test

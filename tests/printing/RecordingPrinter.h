@@ -1,5 +1,7 @@
 #pragma once
 
+#include "integration/toolkit/Paper.h"
+
 #include <QMap>
 #include <QPaintEngine>
 #include <QPrintEngine>
@@ -9,6 +11,12 @@
 #include <vector>
 
 namespace velmora::test {
+
+using sdk::integration::toolkit::isPortrait;
+using sdk::integration::toolkit::paperName;
+using sdk::integration::toolkit::PaperName;
+using sdk::integration::toolkit::setPaperName;
+using sdk::integration::toolkit::setPortrait;
 
 /// A print engine that prints nothing. What a printer is told arrives in the log of the
 /// EngineProbe, among the engine's own entries: "setOrientation 1", "setFullPage 1",

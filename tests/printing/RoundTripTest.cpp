@@ -112,12 +112,12 @@ TEST_F(RoundTrip, ASecondRoundChangesNothing)
         chooseKernelPaper(*rc::gen::inRange(20, 1500), *rc::gen::inRange(20, 1500), *rc::gen::arbitrary<bool>());
         UpdatePrinterFromKernel(m_printer);
         UpdateKernelFromPrinter(m_printer);
-        const QPrinter::PaperSize pageSize = m_printer.pageSize();
+        const PaperName::Number pageSize = paperName(m_printer);
         const QSizeF size = kernelSize();
         const long index = kernelPaper();
         UpdatePrinterFromKernel(m_printer);
         UpdateKernelFromPrinter(m_printer);
-        RC_ASSERT(m_printer.pageSize() == pageSize);
+        RC_ASSERT(paperName(m_printer) == pageSize);
         RC_ASSERT(kernelPaper() == index);
         RC_ASSERT(kernelSize() == size);
     }));
@@ -126,16 +126,16 @@ TEST_F(RoundTrip, ASecondRoundChangesNothing)
 TEST_F(RoundTrip, EveryNamedPaperOfThePrinterComesBack)
 {
     EXPECT_TRUE(rc::check([this] {
-        const auto paperSize = static_cast<QPrinter::PaperSize>(*rc::gen::inRange(0, 30));
-        const auto orientation = *rc::gen::element(QPrinter::Portrait, QPrinter::Landscape);
-        m_printer.setOrientation(orientation);
-        m_printer.setPageSize(paperSize);
+        const auto paperSize = static_cast<PaperName::Number>(*rc::gen::inRange(0, 30));
+        const bool portrait = *rc::gen::arbitrary<bool>();
+        setPortrait(m_printer, portrait);
+        setPaperName(m_printer, paperSize);
         UpdateKernelFromPrinter(m_printer);
-        m_printer.setOrientation(QPrinter::Portrait);
-        m_printer.setPageSize(QPrinter::A9);
+        setPortrait(m_printer, true);
+        setPaperName(m_printer, PaperName::A9);
         UpdatePrinterFromKernel(m_printer);
-        RC_ASSERT(m_printer.pageSize() == paperSize);
-        RC_ASSERT(m_printer.orientation() == orientation);
+        RC_ASSERT(paperName(m_printer) == paperSize);
+        RC_ASSERT(isPortrait(m_printer) == portrait);
     }));
 }
 

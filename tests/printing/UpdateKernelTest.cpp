@@ -81,7 +81,7 @@ int kernelPaperOf(const BasicPaperSize& row)
 
 TEST_F(UpdateKernel, LocksWritesOrientationThenSizeThenRefits)
 {
-    m_printer.setPageSize(QPrinter::A4);
+    setPaperName(m_printer, PaperName::A4);
     const Calls expected = Calls{"AppLock 0", "styleSet Paper/OrientPortrait IValue=1"} + definitionsUpTo(2) +
                            Calls{"styleSet Paper/PaperSize IValue=2 DValue=2", "VelUtilFrameFitAllToPaper",
                                  "VelUtilWorkViewFitPaper", "~AppLock"};
@@ -90,7 +90,7 @@ TEST_F(UpdateKernel, LocksWritesOrientationThenSizeThenRefits)
 
 TEST_F(UpdateKernel, AnUnknownSheetBecomesTheSecondCustomPaper)
 {
-    m_printer.setPageSize(QPrinter::B5);
+    setPaperName(m_printer, PaperName::B5);
     const Calls expected =
         Calls{"AppLock 0", "styleSet Paper/OrientPortrait IValue=1"} + definitionsUpTo(5) +
         Calls{lengthWrite(WidthPath, 182), lengthWrite(HeightPath, 257), "styleSet Paper/PaperSize IValue=5 DValue=5",
@@ -125,16 +125,16 @@ TEST_F(UpdateKernel, APropertyWithoutExtentIsTheSizeOfACustomSheetAllTheSame)
 TEST_F(UpdateKernel, ThePropertyIsAskedForACustomSheetOnly)
 {
     for (const BasicPaperSize& row : BasicPaperSizes) {
-        m_printer.setPageSize(static_cast<QPrinter::PaperSize>(row.paperSize));
-        EXPECT_THAT(logOf(UpdateKernelFromPrinter, m_printer), Not(Contains("property 11"))) << row.paperSize;
+        setPaperName(m_printer, row.name);
+        EXPECT_THAT(logOf(UpdateKernelFromPrinter, m_printer), Not(Contains("property 11"))) << row.name;
     }
 }
 
 TEST_F(UpdateKernel, WithoutThePropertyACustomSheetIsReadFromThePrinterUprightInBothOrientations)
 {
     m_printer.engine().keepsPaperProperty = false;
-    for (const QPrinter::Orientation orientation : {QPrinter::Portrait, QPrinter::Landscape}) {
-        m_printer.setOrientation(orientation);
+    for (const bool portrait : {true, false}) {
+        setPortrait(m_printer, portrait);
         setCustomPaper(m_printer, 100, 150);
         UpdateKernelFromPrinter(m_printer);
         EXPECT_EQ(100 / 25.4, kernelLength("Custom2", "Width"));
@@ -145,27 +145,27 @@ TEST_F(UpdateKernel, WithoutThePropertyACustomSheetIsReadFromThePrinterUprightIn
 
 TEST_F(UpdateKernel, TakesTheOrientation)
 {
-    m_printer.setOrientation(QPrinter::Landscape);
+    setPortrait(m_printer, false);
     UpdateKernelFromPrinter(m_printer);
     EXPECT_FALSE(kernelPortrait());
-    m_printer.setOrientation(QPrinter::Portrait);
+    setPortrait(m_printer, true);
     UpdateKernelFromPrinter(m_printer);
     EXPECT_TRUE(kernelPortrait());
 }
 
 TEST_F(UpdateKernel, EverySheetOfTheTableInBothOrientations)
 {
-    for (const QPrinter::Orientation orientation : {QPrinter::Portrait, QPrinter::Landscape}) {
-        m_printer.setOrientation(orientation);
+    for (const bool portrait : {true, false}) {
+        setPortrait(m_printer, portrait);
         for (const BasicPaperSize& row : BasicPaperSizes) {
             setKernelCustomPaper(10, 10);
-            m_printer.setPageSize(static_cast<QPrinter::PaperSize>(row.paperSize));
+            setPaperName(m_printer, row.name);
             EXPECT_TRUE(refits());
             const int expected = kernelPaperOf(row);
-            EXPECT_EQ(expected >= 0 ? expected : 5, kernelPaper()) << row.paperSize;
-            EXPECT_EQ(expected >= 0 ? 10 : row.width / 25.4, kernelLength("Custom2", "Width")) << row.paperSize;
-            EXPECT_EQ(expected >= 0 ? 10 : row.height / 25.4, kernelLength("Custom2", "Height")) << row.paperSize;
-            EXPECT_EQ(orientation == QPrinter::Portrait, kernelPortrait());
+            EXPECT_EQ(expected >= 0 ? expected : 5, kernelPaper()) << row.name;
+            EXPECT_EQ(expected >= 0 ? 10 : row.width / 25.4, kernelLength("Custom2", "Width")) << row.name;
+            EXPECT_EQ(expected >= 0 ? 10 : row.height / 25.4, kernelLength("Custom2", "Height")) << row.name;
+            EXPECT_EQ(portrait, kernelPortrait());
         }
     }
 }
@@ -195,7 +195,7 @@ TEST_F(UpdateKernel, TheFirstOfTheEnginesPapersThatFitsIsTaken)
 {
     setKernelLength("Custom1", "Width", 210 / 25.4);
     setKernelLength("Custom1", "Height", 297 / 25.4);
-    m_printer.setPageSize(QPrinter::A4);
+    setPaperName(m_printer, PaperName::A4);
     UpdateKernelFromPrinter(m_printer);
     EXPECT_EQ(2, kernelPaper());
 }
@@ -216,7 +216,7 @@ TEST_F(UpdateKernel, TheFirstCustomPaperIsFoundAndNeverWritten)
 TEST_F(UpdateKernel, ASheetThatTheEngineHasAlreadyStillRefits)
 {
     setKernelPaper(2);
-    m_printer.setPageSize(QPrinter::A4);
+    setPaperName(m_printer, PaperName::A4);
     EXPECT_TRUE(refits());
     EXPECT_TRUE(refits());
     EngineProbe::refuseStyleWrites(IndexPath, Refused);
@@ -226,7 +226,7 @@ TEST_F(UpdateKernel, ASheetThatTheEngineHasAlreadyStillRefits)
 
 TEST_F(UpdateKernel, ACustomSheetThatTheEngineHasAlreadyIsFoundAmongItsPapersAndRefits)
 {
-    m_printer.setPageSize(QPrinter::B5);
+    setPaperName(m_printer, PaperName::B5);
     EXPECT_TRUE(refits());
     const Calls calls = logOf(UpdateKernelFromPrinter, m_printer);
     EXPECT_TRUE(refitsIn(calls));
@@ -242,7 +242,7 @@ TEST_F(UpdateKernel, RefitsExactlyWhenOneOfTheFourWritesOfACustomSheetIsTaken)
         setKernelCustomPaper(10, 10);
         setKernelPaper(0);
         setKernelPortrait(false);
-        m_printer.setPageSize(QPrinter::B5);
+        setPaperName(m_printer, PaperName::B5);
         for (unsigned i = 0; i < 4; ++i)
             EngineProbe::refuseStyleWrites(paths[i], (refused & (1u << i)) != 0 ? Refused : 0);
         EXPECT_EQ(refused != 15, refits()) << refused;
@@ -251,7 +251,7 @@ TEST_F(UpdateKernel, RefitsExactlyWhenOneOfTheFourWritesOfACustomSheetIsTaken)
 
 TEST_F(UpdateKernel, AllThreeWritesOfACustomSheetAreTriedWhateverTheFirstOnesAnswer)
 {
-    m_printer.setPageSize(QPrinter::B5);
+    setPaperName(m_printer, PaperName::B5);
     for (const std::string& path : {WidthPath, HeightPath, IndexPath})
         EngineProbe::refuseStyleWrites(path, Refused);
     const Calls calls = logOf(UpdateKernelFromPrinter, m_printer);
@@ -263,7 +263,7 @@ TEST_F(UpdateKernel, AllThreeWritesOfACustomSheetAreTriedWhateverTheFirstOnesAns
 TEST_F(UpdateKernel, ATakenOrientationRefitsAlthoughTheSizeIsRefused)
 {
     setKernelPortrait(false);
-    m_printer.setPageSize(QPrinter::B5);
+    setPaperName(m_printer, PaperName::B5);
     for (const std::string& path : {WidthPath, HeightPath, IndexPath})
         EngineProbe::refuseStyleWrites(path, Refused);
     EXPECT_TRUE(refits());
@@ -284,7 +284,7 @@ TEST_F(UpdateKernel, TheOrientationIsAChangeOnlyWhenTheEngineTakesIt)
 
 TEST_F(UpdateKernel, APaperOfTheEngineIsAlwaysAChangeOfSize)
 {
-    m_printer.setPageSize(QPrinter::Letter);
+    setPaperName(m_printer, PaperName::Letter);
     EXPECT_TRUE(SetKernelPageSizeFromPrinter(m_printer));
     EngineProbe::refuseStyleWrites(IndexPath, Refused);
     EXPECT_TRUE(SetKernelPageSizeFromPrinter(m_printer));
@@ -292,10 +292,10 @@ TEST_F(UpdateKernel, APaperOfTheEngineIsAlwaysAChangeOfSize)
 
 TEST_F(UpdateKernel, LedgerAndTabloidStayApart)
 {
-    m_printer.setPageSize(QPrinter::Tabloid);
+    setPaperName(m_printer, PaperName::Tabloid);
     UpdateKernelFromPrinter(m_printer);
     EXPECT_EQ(1, kernelPaper());
-    m_printer.setPageSize(QPrinter::Ledger);
+    setPaperName(m_printer, PaperName::Ledger);
     UpdateKernelFromPrinter(m_printer);
     EXPECT_EQ(5, kernelPaper());
     EXPECT_EQ(432 / 25.4, kernelLength("Custom2", "Width"));

@@ -70,7 +70,7 @@ TEST_F(UpdatePrinter, ReadsTheEngineAndTellsThePrinterInOrder)
 {
     setKernelPaper(2);
     const Calls expected = Calls{"styleGet Paper/OrientPortrait", "setOrientation 0", "setFullPage 1"} + readsOf("A4") +
-                           Calls{pageSize(QPrinter::A4)};
+                           Calls{pageSize(PaperName::A4)};
     EXPECT_THAT(logOf(UpdatePrinterFromKernel, m_printer), ElementsAreArray(expected));
 }
 
@@ -81,17 +81,17 @@ TEST_F(UpdatePrinter, ACustomPaperIsNamedThenSizedThenMadeReal)
                            readsOf("Custom2") + callsOfCustomPageSize() +
                            Calls{"setProperty 11 100x150", customPaper(100, 150)};
     EXPECT_THAT(logOf(UpdatePrinterFromKernel, m_printer), ElementsAreArray(expected));
-    EXPECT_EQ(QPrinter::Custom, m_printer.pageSize());
+    EXPECT_EQ(PaperName::Custom, paperName(m_printer));
 }
 
 TEST_F(UpdatePrinter, TakesTheOrientation)
 {
     setKernelPortrait(false);
     UpdatePrinterFromKernel(m_printer);
-    EXPECT_EQ(QPrinter::Landscape, m_printer.orientation());
+    EXPECT_FALSE(isPortrait(m_printer));
     setKernelPortrait(true);
     UpdatePrinterFromKernel(m_printer);
-    EXPECT_EQ(QPrinter::Portrait, m_printer.orientation());
+    EXPECT_TRUE(isPortrait(m_printer));
 }
 
 TEST_F(UpdatePrinter, GivesThePrinterTheWholeSheet)
@@ -111,14 +111,14 @@ TEST_F(UpdatePrinter, TakesNoLockAndChangesNothingInTheEngine)
 
 TEST_F(UpdatePrinter, EveryPaperOfTheEngineInBothOrientations)
 {
-    const std::string expected[] = {pageSize(QPrinter::Letter), pageSize(QPrinter::Tabloid), pageSize(QPrinter::A4),
-                                    pageSize(QPrinter::A3),     customPaper(203, 254),       customPaper(254, 254)};
+    const std::string expected[] = {pageSize(PaperName::Letter), pageSize(PaperName::Tabloid), pageSize(PaperName::A4),
+                                    pageSize(PaperName::A3),     customPaper(203, 254),        customPaper(254, 254)};
     for (const bool portrait : {true, false}) {
         setKernelPortrait(portrait);
         for (int index = 0; index < 6; ++index) {
             setKernelPaper(index);
             EXPECT_EQ(expected[index], logOf(UpdatePrinterFromKernel, m_printer).back()) << index;
-            EXPECT_EQ(portrait, m_printer.orientation() == QPrinter::Portrait);
+            EXPECT_EQ(portrait, isPortrait(m_printer));
         }
     }
 }
@@ -128,7 +128,7 @@ TEST_F(UpdatePrinter, EverySheetOfTheTableInBothOrientations)
     for (const bool portrait : {true, false}) {
         setKernelPortrait(portrait);
         for (const BasicPaperSize& row : BasicPaperSizes)
-            EXPECT_EQ(pageSize(row.paperSize), paperOf(row.width, row.height));
+            EXPECT_EQ(pageSize(row.name), paperOf(row.width, row.height));
     }
 }
 
@@ -137,7 +137,7 @@ TEST_F(UpdatePrinter, OneMillimeterOffOnAnySideIsTheSameSheet)
     for (const BasicPaperSize& row : BasicPaperSizes) {
         for (const int dw : {-1, 0, 1}) {
             for (const int dh : {-1, 0, 1})
-                EXPECT_EQ(pageSize(row.paperSize), paperOf(row.width + dw, row.height + dh)) << dw << " " << dh;
+                EXPECT_EQ(pageSize(row.name), paperOf(row.width + dw, row.height + dh)) << dw << " " << dh;
         }
     }
 }
@@ -149,7 +149,7 @@ TEST_F(UpdatePrinter, TwoMillimetersOffOnAnySideIsACustomSheetOfExactlyThatSize)
         for (const auto& offset : offsets) {
             const int width = row.width + offset[0];
             const int height = row.height + offset[1];
-            EXPECT_EQ(customPaper(width, height), paperOf(width, height)) << row.paperSize;
+            EXPECT_EQ(customPaper(width, height), paperOf(width, height)) << row.name;
         }
     }
 }
@@ -157,7 +157,7 @@ TEST_F(UpdatePrinter, TwoMillimetersOffOnAnySideIsACustomSheetOfExactlyThatSize)
 TEST_F(UpdatePrinter, ASheetOnTheBoundaryBetweenTwoMillimetersDecidesByTheRoundingRule)
 {
     // 212.5 mm count as 212, two more than an A4 sheet is wide; 211.5 mm as 211.
-    EXPECT_EQ(pageSize(QPrinter::A4), paperOf(211.5, 297));
+    EXPECT_EQ(pageSize(PaperName::A4), paperOf(211.5, 297));
     EXPECT_EQ(customPaper(212, 297), paperOf(211.502, 297));
     EXPECT_EQ(customPaper(212, 297), paperOf(212.5, 297));
 }
@@ -165,9 +165,9 @@ TEST_F(UpdatePrinter, ASheetOnTheBoundaryBetweenTwoMillimetersDecidesByTheRoundi
 TEST_F(UpdatePrinter, ElevenBySeventeenInchesIsTabloidAndSeventeenByElevenIsLedger)
 {
     setKernelCustomPaper(11, 17);
-    EXPECT_EQ(pageSize(QPrinter::Tabloid), logOf(UpdatePrinterFromKernel, m_printer).back());
+    EXPECT_EQ(pageSize(PaperName::Tabloid), logOf(UpdatePrinterFromKernel, m_printer).back());
     setKernelCustomPaper(17, 11);
-    EXPECT_EQ(pageSize(QPrinter::Ledger), logOf(UpdatePrinterFromKernel, m_printer).back());
+    EXPECT_EQ(pageSize(PaperName::Ledger), logOf(UpdatePrinterFromKernel, m_printer).back());
 }
 
 TEST_F(UpdatePrinter, ASheetLyingOnItsSideIsNotItsUprightNamesake)
@@ -178,8 +178,8 @@ TEST_F(UpdatePrinter, ASheetLyingOnItsSideIsNotItsUprightNamesake)
 TEST_F(UpdatePrinter, AnISOSheetOfTheBSeriesIsCustomBecauseTheTableHasTheSheetsOfJIS)
 {
     EXPECT_EQ(customPaper(176, 250), paperOf(176, 250));
-    EXPECT_EQ(QPrinter::Custom, m_printer.pageSize());
-    EXPECT_EQ(pageSize(QPrinter::B5), paperOf(182, 257));
+    EXPECT_EQ(PaperName::Custom, paperName(m_printer));
+    EXPECT_EQ(pageSize(PaperName::B5), paperOf(182, 257));
 }
 
 TEST_F(UpdatePrinter, WithoutAReadableIndexThePrinterGetsTheFirstPaper)
@@ -188,7 +188,7 @@ TEST_F(UpdatePrinter, WithoutAReadableIndexThePrinterGetsTheFirstPaper)
     EngineProbe::failStyleReads("Paper/PaperSize");
     const Calls calls = logOf(UpdatePrinterFromKernel, m_printer);
     EXPECT_THAT(calls, Contains("styleGet GlobalPaper/PaperSizeInfo/Letter/Width"));
-    EXPECT_EQ(pageSize(QPrinter::Letter), calls.back());
+    EXPECT_EQ(pageSize(PaperName::Letter), calls.back());
 }
 
 TEST_F(UpdatePrinter, ANumberThatNoPaperHasAddsNoNameToThePath)
@@ -219,22 +219,22 @@ TEST_F(UpdatePrinter, AnUnreadableOrientationCountsAsLandscape)
 {
     EngineProbe::failStyleReads("Paper/OrientPortrait");
     UpdatePrinterFromKernel(m_printer);
-    EXPECT_EQ(QPrinter::Landscape, m_printer.orientation());
+    EXPECT_FALSE(isPortrait(m_printer));
 }
 
 TEST_F(UpdatePrinter, AnUnreadableSizeCountsAsNothingAndIsNotMadeReal)
 {
-    m_printer.setPageSize(QPrinter::A3);
+    setPaperName(m_printer, PaperName::A3);
     EngineProbe::failStyleReads("GlobalPaper/PaperSizeInfo/Letter/Width");
     EXPECT_EQ("setProperty 11 0x279", logOf(UpdatePrinterFromKernel, m_printer).back());
-    EXPECT_EQ(QPrinter::A3, m_printer.pageSize());
+    EXPECT_EQ(PaperName::A3, paperName(m_printer));
 }
 
 TEST_F(UpdatePrinter, UnreadableMarginsChangeNothing)
 {
     for (const char* side : {"Left", "Right", "Bottom", "Top"})
         EngineProbe::failStyleReads(std::string("GlobalPaper/PaperSizeInfo/Letter/") + side + "HardClipOffset");
-    EXPECT_EQ(pageSize(QPrinter::Letter), logOf(UpdatePrinterFromKernel, m_printer).back());
+    EXPECT_EQ(pageSize(PaperName::Letter), logOf(UpdatePrinterFromKernel, m_printer).back());
 }
 
 TEST_F(UpdatePrinter, ExceptionsOfTheToolboxPassThrough)

@@ -7,7 +7,6 @@
 #include <QApplication>
 #include <QDesktopWidget>
 #include <QGLWidget>
-#include <QX11Info>
 #include <algorithm>
 #include <climits>
 #include <cmath>
@@ -118,8 +117,8 @@ TEST(MiscService, TheScreenSizeIsThatOfTheXServer)
     // The toolkit does not know it more exactly when it scales by a fraction.
     const double scale = displayScale(*QApplication::desktop());
     const int off = scale > std::floor(scale) ? 1 : 0;
-    EXPECT_NEAR(DisplayWidth(QX11Info::display(), 0), width, off);
-    EXPECT_NEAR(DisplayHeight(QX11Info::display(), 0), height, off);
+    EXPECT_NEAR(DisplayWidth(velmora::test::toolkitDisplay(), 0), width, off);
+    EXPECT_NEAR(DisplayHeight(velmora::test::toolkitDisplay(), 0), height, off);
 }
 
 TEST(MiscService, ANullPointerForAScreenSizeIsSkipped)

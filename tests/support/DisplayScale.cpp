@@ -1,22 +1,11 @@
 #include "tests/support/DisplayScale.h"
 
 #include <QWidget>
-#include <QX11Info>
 
 // After Qt, whose enumerators some of Xlib's macros would replace.
 #include <X11/Xlib.h>
 
 namespace velmora::test {
-
-double displayScale(const QWidget& widget)
-{
-#if QT_VERSION >= 0x050000
-    return widget.devicePixelRatioF();
-#else
-    Q_UNUSED(widget)
-    return 1;
-#endif
-}
 
 QPoint inScreenPixels(const QWidget& widget, const QPoint& position)
 {
@@ -40,7 +29,7 @@ QPoint placeOnScreen(const QWidget& widget, const QPoint& position)
     if (!native)
         return inScreenPixels(widget, widget.mapToGlobal(position));
     const QPoint inWindow = inScreenPixels(widget, widget.mapTo(native, position));
-    Display* const display = QX11Info::display();
+    Display* const display = toolkitDisplay();
     int x = 0;
     int y = 0;
     Window child = 0;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "tests/support/ToolkitWindows.h"
+
 #include <QPoint>
 #include <QRect>
 #include <QSize>
@@ -10,9 +12,6 @@ namespace velmora::test {
 
 // What the toolkit's pixels are on the screen. They are the same unless the toolkit scales what it shows;
 // what these tests expect holds then as well.
-
-/// How many pixels of the screen are one of the widget's, in each direction.
-double displayScale(const QWidget& widget);
 
 /// @{
 /// A measure of the widget in pixels of the screen.

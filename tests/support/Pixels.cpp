@@ -4,7 +4,6 @@
 
 #include <QPoint>
 #include <QWidget>
-#include <QX11Info>
 #include <cstdlib>
 
 // After Qt, whose enumerators some of Xlib's macros would replace.
@@ -15,7 +14,7 @@ namespace velmora::test {
 
 QImage grabFromScreen(const QWidget& widget)
 {
-    Display* const display = QX11Info::display();
+    Display* const display = toolkitDisplay();
     XSync(display, False);
     const QPoint origin = placeOnScreen(widget, QPoint(0, 0));
     const QSize size = inScreenPixels(widget, widget.size());

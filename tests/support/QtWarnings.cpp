@@ -1,9 +1,6 @@
 #include "tests/support/QtWarnings.h"
 
-#include <QtGlobal>
-
-#include <QString>
-#include <cstdio>
+#include "tests/support/ToolkitMessages.h"
 
 namespace velmora::test {
 
@@ -20,57 +17,19 @@ struct QtWarningsHandler {
         if (type == QtWarningMsg || type == QtCriticalMsg || type == QtFatalMsg)
             innermost->m_messages.push_back(message);
     }
-
-#if QT_VERSION >= 0x050000
-    static inline QtMessageHandler previous = nullptr;
-
-    static void handle(QtMsgType type, const QMessageLogContext& context, const QString& text)
-    {
-        collect(type, text.toStdString());
-        previous(type, context, text);
-    }
-    static void install()
-    {
-        previous = qInstallMessageHandler(handle);
-    }
-    static void remove()
-    {
-        qInstallMessageHandler(previous);
-    }
-#else
-    static inline QtMsgHandler previous = nullptr;
-
-    static void handle(QtMsgType type, const char* text)
-    {
-        collect(type, text);
-        // Null stands for the toolkit's own way, which cannot be called.
-        if (previous)
-            previous(type, text);
-        else
-            std::fprintf(stderr, "%s\n", text);
-    }
-    static void install()
-    {
-        previous = qInstallMsgHandler(handle);
-    }
-    static void remove()
-    {
-        qInstallMsgHandler(previous);
-    }
-#endif
 };
 
 QtWarnings::QtWarnings() : m_outer(innermost)
 {
     innermost = this;
     if (!m_outer)
-        QtWarningsHandler::install();
+        showMessagesTo(&QtWarningsHandler::collect);
 }
 
 QtWarnings::~QtWarnings()
 {
     if (!m_outer)
-        QtWarningsHandler::remove();
+        showMessagesTo(nullptr);
     innermost = m_outer;
 }
 

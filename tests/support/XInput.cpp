@@ -5,7 +5,6 @@
 #include <QCoreApplication>
 #include <QPoint>
 #include <QWidget>
-#include <QX11Info>
 
 // After Qt, whose enumerators some of Xlib's macros would replace.
 #include <X11/Xlib.h>

@@ -1,16 +1,8 @@
 #include "integration/toolkit/CurrentContext.h"
 
-#include <QtGlobal>
-
-#if QT_VERSION >= 0x050000
 #include <QOpenGLContext>
-#else
-#include <QGLContext>
-#endif
 
 namespace velmora::sdk::integration::toolkit {
-
-#if QT_VERSION >= 0x050000
 
 // Below QGLContext, so that contexts of the host's newer widgets are seen as well.
 
@@ -39,32 +31,9 @@ void releaseCurrentContext()
         context->doneCurrent();
 }
 
-#else
-
-struct CurrentContextKeeper::Kept {
-    QGLContext* context;
-};
-
-CurrentContextKeeper::CurrentContextKeeper()
+void (*currentFunction(const char* name))()
 {
-    if (const QGLContext* const context = QGLContext::currentContext())
-        m_kept.reset(new Kept{const_cast<QGLContext*>(context)});
+    return QOpenGLContext::currentContext()->getProcAddress(name);
 }
-
-CurrentContextKeeper::~CurrentContextKeeper()
-{
-    if (m_kept)
-        m_kept->context->makeCurrent();
-    else
-        releaseCurrentContext();
-}
-
-void releaseCurrentContext()
-{
-    if (const QGLContext* const context = QGLContext::currentContext())
-        const_cast<QGLContext*>(context)->doneCurrent();
-}
-
-#endif
 
 } // namespace velmora::sdk::integration::toolkit

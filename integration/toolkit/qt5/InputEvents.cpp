@@ -1,11 +1,11 @@
+#include "integration/toolkit/InputEvents.h"
+
 #include "integration/toolkit/DisplayScale.h"
 
-#include <QDesktopWidget>
-#include <QGuiApplication>
 #include <QMouseEvent>
-#include <QScreen>
+#include <QShortcutEvent>
 #include <QWheelEvent>
-#include <QWindow>
+#include <QWidget>
 
 namespace velmora::sdk::integration::toolkit {
 
@@ -17,29 +17,6 @@ double scaleFor(const QObject& receiver)
 }
 
 } // namespace
-
-// Of the window where there is one: the widget itself tells it in whole 65536ths only, with which 1.1 times
-// 505 is rounded down.
-double screenPixelsPerPixel(const QWidget& widget)
-{
-    const QWindow* const window = widget.window()->windowHandle();
-    return window ? window->devicePixelRatio() : widget.devicePixelRatioF();
-}
-
-QSize screenSize(const QWidget& widget)
-{
-    return widget.size() * screenPixelsPerPixel(widget);
-}
-
-// Each screen is scaled by itself; its place among the others is not scaled at all.
-QSize screenSize(const QDesktopWidget&)
-{
-    QRect all;
-    const QList<QScreen*> screens = QGuiApplication::screens();
-    for (const QScreen* const screen : screens)
-        all |= QRect(screen->geometry().topLeft(), screen->size() * screen->devicePixelRatio());
-    return all.size();
-}
 
 // The toolkit rounds a widget's position to its own pixels, but not that in the window, which still tells
 // what was rounded off.
@@ -57,10 +34,26 @@ QPoint screenPosition(const QWheelEvent& event, const QObject& receiver)
     return (event.posF() * scaleFor(receiver)).toPoint();
 }
 
+WheelTurn turnOf(const QWheelEvent& event)
+{
+    return {event.delta(), event.orientation() == Qt::Vertical};
+}
+
+int firstKeyOf(const QShortcutEvent& event)
+{
+    return event.key()[0];
+}
+
 std::unique_ptr<QMouseEvent> copyOf(const QMouseEvent& event)
 {
     return std::make_unique<QMouseEvent>(event.type(), event.localPos(), event.windowPos(), event.screenPos(),
                                          event.button(), event.buttons(), event.modifiers());
+}
+
+std::unique_ptr<QWheelEvent> copyOf(const QWheelEvent& event)
+{
+    return std::make_unique<QWheelEvent>(event.pos(), event.globalPos(), event.delta(), event.buttons(),
+                                         event.modifiers(), event.orientation());
 }
 
 } // namespace velmora::sdk::integration::toolkit

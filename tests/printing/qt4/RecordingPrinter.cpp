@@ -1,5 +1,5 @@
-#include "testing/EngineProbe.h"
 #include "tests/printing/RecordingPrinter.h"
+#include "testing/EngineProbe.h"
 
 #include <QSizeF>
 
@@ -37,6 +37,11 @@ QVariant RecordingPrintEngine::pageSizeProperty(PrintEnginePropertyKey key) cons
 std::vector<std::string> callsOfCustomPageSize()
 {
     return {};
+}
+
+void setCustomPaper(QPrinter& printer, double width, double height)
+{
+    printer.setPaperSize(QSizeF(width, height), QPrinter::Millimeter);
 }
 
 } // namespace velmora::test

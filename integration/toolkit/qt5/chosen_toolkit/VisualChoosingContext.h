@@ -1,22 +1,19 @@
 #pragma once
 
+#include "chosen_toolkit/GLWidget.h"
 #include "integration/Export.h"
-
-#include <QGLContext>
 
 namespace velmora {
 namespace sdk {
 namespace integration {
 namespace toolkit {
 
-/// A GL context whose X visual is chosen by `chooseVisual()`, on both toolkits.
+/// A GL context whose X visual is chosen by `chooseVisual()`.
 ///
-/// Qt 4 asks that function itself and takes exactly the visual that it returns. Qt 5 leaves the
-/// visual to its platform plugin: there the function is called while the context is created, and the
+/// Qt 5 leaves the visual to its platform plugin: the function is called while the context is created, and the
 /// sizes of the visual it returns (colours, alpha, depth, stencil, samples, double buffering) become
 /// the ones asked for. What comes out is a visual with at least these sizes, not always the one that
 /// was chosen, and accumulation bits cannot be asked for.
-#if QT_VERSION >= 0x050000
 class VELMORA_INTEGRATION_EXPORT VisualChoosingContext : public QGLContext {
 public:
     /// A context of this format, not created yet.
@@ -32,21 +29,6 @@ protected:
     /// The toolkit's hook in which the visual is chosen; false when there is no context to be had.
     bool chooseContext(const QGLContext* shareContext) override;
 };
-#else
-class VELMORA_INTEGRATION_EXPORT VisualChoosingContext : public QGLContext {
-public:
-    explicit VisualChoosingContext(const QGLFormat& format);
-
-    void* chooseVisual() override;
-
-protected:
-    bool toolkitMustChoose() const;
-    bool chooseContext(const QGLContext* shareContext = 0) override;
-
-private:
-    bool m_toolkitMustChoose = false;
-};
-#endif
 
 } // namespace toolkit
 } // namespace integration

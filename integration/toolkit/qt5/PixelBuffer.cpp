@@ -1,10 +1,12 @@
 #include "integration/toolkit/PixelBuffer.h"
 
 #include "integration/toolkit/CurrentContext.h"
+#include "integration/toolkit/FramebufferLimit.h"
+#include "integration/toolkit/GuiClient.h"
 #include "integration/toolkit/LargeImage.h"
 #include "integration/toolkit/PlainPixels.h"
 
-#include <QGLContext>
+#include <QGLPixelBuffer>
 #include <QOpenGLContext>
 #include <QOpenGLExtraFunctions>
 #include <QOpenGLFramebufferObject>
@@ -13,6 +15,20 @@
 namespace velmora::sdk::integration::toolkit {
 
 namespace {
+
+QGLFormat formatFor(const FormatRequest& request)
+{
+    QGLFormat format;
+    if (request.depthSize > 0)
+        format.setDepthBufferSize(request.depthSize);
+    if (request.samples > 0)
+        format.setSamples(request.samples);
+    if (request.accumSize > 0)
+        format.setAccumBufferSize(request.accumSize);
+    format.setDirectRendering(false);
+    format.setDoubleBuffer(false);
+    return format;
+}
 
 GLint integerOf(QOpenGLFunctions& gl, GLenum name)
 {
@@ -68,31 +84,64 @@ QImage readResolved(GLuint multisampled, const QSize& size)
 
 } // namespace
 
-bool reallyMakeCurrent(QGLPixelBuffer& buffer)
+bool hasPixelBuffers()
 {
-    // The context first: the buffer goes on with a framebuffer object, whatever is current by then.
-    QGLContext* const context = buffer.isValid() ? buffer.context() : nullptr;
-    if (!context)
-        return false;
-    context->makeCurrent();
-    return QGLContext::currentContext() == context && buffer.makeCurrent();
+    // Without OpenGL the toolkit's own question is a null dereference.
+    return isGuiClient() && canDrawOffscreen(QSize(1, 1)) && QGLPixelBuffer::hasOpenGLPbuffers();
 }
 
-PixelBuffer::PixelBuffer(const QSize& size, const QGLFormat& format) : QGLPixelBuffer(size, format)
+struct PixelBuffer::Impl {
+    QGLPixelBuffer buffer;
+    bool isUsable = false;
+    /// The framebuffer object behind the buffer, and whether it must be resolved before it can be read.
+    GLuint framebuffer = 0;
+    bool isMultisampled = false;
+};
+
+PixelBuffer::PixelBuffer(const QSize& size, const FormatRequest& request) : m_impl(new Impl{{size, formatFor(request)}})
 {
     const CurrentContextKeeper keeper;
-    if (!reallyMakeCurrent(*this))
+    if (!makeCurrent())
         return;
     QOpenGLContext* const context = QOpenGLContext::currentContext();
     QOpenGLFunctions& gl = *context->functions();
     // The first makeCurrent binds the framebuffer object behind the buffer, if that could be made.
-    const auto framebuffer = static_cast<GLuint>(integerOf(gl, GL_FRAMEBUFFER_BINDING));
+    m_impl->framebuffer = static_cast<GLuint>(integerOf(gl, GL_FRAMEBUFFER_BINDING));
     const int samples = integerOf(gl, GL_SAMPLES);
-    m_usable = framebuffer != context->defaultFramebufferObject() &&
-               gl.glCheckFramebufferStatus(GL_FRAMEBUFFER) == GL_FRAMEBUFFER_COMPLETE &&
-               (!format.sampleBuffers() || samples >= format.samples());
-    m_framebuffer = framebuffer;
-    m_multisampled = samples > 0;
+    const QGLFormat asked = formatFor(request);
+    m_impl->isUsable = m_impl->framebuffer != context->defaultFramebufferObject() &&
+                       gl.glCheckFramebufferStatus(GL_FRAMEBUFFER) == GL_FRAMEBUFFER_COMPLETE &&
+                       (!asked.sampleBuffers() || samples >= asked.samples());
+    m_impl->isMultisampled = samples > 0;
+}
+
+PixelBuffer::~PixelBuffer() = default;
+
+bool PixelBuffer::isUsable() const
+{
+    return m_impl->isUsable;
+}
+
+QSize PixelBuffer::size() const
+{
+    return m_impl->buffer.size();
+}
+
+// The buffer's own makeCurrent() answers yes for every valid buffer, even when the window system refused. The
+// answers differ only where that yes is untrue.
+bool PixelBuffer::makeCurrent()
+{
+    // The context first: the buffer goes on with a framebuffer object, whatever is current by then.
+    QGLContext* const context = m_impl->buffer.isValid() ? m_impl->buffer.context() : nullptr;
+    if (!context)
+        return false;
+    context->makeCurrent();
+    return QGLContext::currentContext() == context && m_impl->buffer.makeCurrent();
+}
+
+void PixelBuffer::doneCurrent()
+{
+    m_impl->buffer.doneCurrent();
 }
 
 // The toolkit destroys a buffer that was never current by making it current, and does not survive it
@@ -100,16 +149,17 @@ PixelBuffer::PixelBuffer(const QSize& size, const QGLFormat& format) : QGLPixelB
 bool PixelBuffer::canBeDestroyed()
 {
     const CurrentContextKeeper keeper;
-    return !isValid() || QOpenGLContext::currentContext() || reallyMakeCurrent(*this);
+    return !m_impl->buffer.isValid() || QOpenGLContext::currentContext() || makeCurrent();
 }
 
 QImage PixelBuffer::readBack()
 {
-    if (!m_usable || !reallyMakeCurrent(*this))
+    if (!isUsable() || !makeCurrent())
         return QImage();
     const PlainPixels plainPixels;
-    QImage image = m_multisampled ? readResolved(m_framebuffer, size()) : readPixels(m_framebuffer, size());
-    QOpenGLContext::currentContext()->functions()->glBindFramebuffer(GL_FRAMEBUFFER, m_framebuffer);
+    const GLuint framebuffer = m_impl->framebuffer;
+    QImage image = m_impl->isMultisampled ? readResolved(framebuffer, size()) : readPixels(framebuffer, size());
+    QOpenGLContext::currentContext()->functions()->glBindFramebuffer(GL_FRAMEBUFFER, framebuffer);
     return image;
 }
 

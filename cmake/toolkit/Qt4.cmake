@@ -1,0 +1,16 @@
+find_package(Qt4 4.8 REQUIRED COMPONENTS QtCore QtGui QtOpenGL)
+set(VELMORA_FIND_TOOLKIT "find_dependency(Qt4 4.8 COMPONENTS QtCore QtGui QtOpenGL)")
+set(VELMORA_PC_TOOLKIT QtCore QtGui QtOpenGL)
+target_link_libraries(velmora_toolkit INTERFACE Qt4::QtCore Qt4::QtGui Qt4::QtOpenGL)
+
+set(VELMORA_TOOLKIT_SCALES OFF)
+set(VELMORA_TOOLKIT_HAS_PLATFORMS OFF)
+set(VELMORA_TOOLKIT_HAS_NEWER_PAPERS OFF)
+set(VELMORA_TOOLKIT_SURVIVES_NO_APPLICATION OFF)
+set(VELMORA_TOOLKIT_HAS_PEERS OFF)
+set(VELMORA_TOOLKIT_LEAVES_VISUAL OFF)
+
+function(velmora_add_resources out)
+  qt4_add_resources(result ${ARGN})
+  set(${out} ${result} PARENT_SCOPE)
+endfunction()

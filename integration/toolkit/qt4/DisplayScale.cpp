@@ -1,0 +1,17 @@
+#include "integration/toolkit/DisplayScale.h"
+
+#include <QWidget>
+
+namespace velmora::sdk::integration::toolkit {
+
+double screenPixelsPerPixel(const QWidget&)
+{
+    return 1;
+}
+
+QSize screenSize(const QWidget& widget)
+{
+    return widget.size();
+}
+
+} // namespace velmora::sdk::integration::toolkit

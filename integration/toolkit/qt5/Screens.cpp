@@ -1,0 +1,33 @@
+#include "integration/toolkit/Screens.h"
+
+#include "integration/toolkit/DisplayScale.h"
+
+#include <QApplication>
+#include <QDesktopWidget>
+#include <QScreen>
+
+namespace velmora::sdk::integration::toolkit {
+
+bool hasScreens()
+{
+    return QApplication::desktop() != nullptr;
+}
+
+// The toolkit tells how many of its own pixels are an inch.
+QSizeF screenPixelsPerInch()
+{
+    const QDesktopWidget& desktop = *QApplication::desktop();
+    return QSizeF(desktop.logicalDpiX(), desktop.logicalDpiY()) * screenPixelsPerPixel(desktop);
+}
+
+// Each screen is scaled by itself; its place among the others is not scaled at all.
+QSize sizeOfAllScreens()
+{
+    QRect all;
+    const QList<QScreen*> screens = QGuiApplication::screens();
+    for (const QScreen* const screen : screens)
+        all |= QRect(screen->geometry().topLeft(), screen->size() * screen->devicePixelRatio());
+    return all.size();
+}
+
+} // namespace velmora::sdk::integration::toolkit

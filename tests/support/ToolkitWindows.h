@@ -1,0 +1,16 @@
+#pragma once
+
+class QWidget;
+
+// Declared as Xlib does, so that its macros stay out of this header.
+typedef struct _XDisplay Display; // NOLINT(bugprone-reserved-identifier)
+
+namespace velmora::test {
+
+/// How many pixels of the screen are one of the widget's, in each direction.
+double displayScale(const QWidget& widget);
+
+/// The toolkit's own connection to the X server.
+Display* toolkitDisplay();
+
+} // namespace velmora::test

@@ -1,0 +1,17 @@
+#include "tests/support/ToolkitWindows.h"
+
+#include <QX11Info>
+
+namespace velmora::test {
+
+double displayScale(const QWidget&)
+{
+    return 1;
+}
+
+Display* toolkitDisplay()
+{
+    return QX11Info::display();
+}
+
+} // namespace velmora::test
