@@ -79,8 +79,10 @@ void ApplicationEventMonitor::processWhileBusy_Internal()
     const Turn turn(m_eventFilter.nestedLoops());
     m_eventFilter.deliverParkedEvent();
     // Nothing could come of further events before the waiting one has been sent.
-    if (!m_eventFilter.hasInterruptedEvent())
-        QCoreApplication::processEvents(QEventLoop::EventLoopExec);
+    if (m_eventFilter.hasInterruptedEvent())
+        return;
+    m_eventFilter.nestedLoops().turnProcessesEvents();
+    QCoreApplication::processEvents(QEventLoop::EventLoopExec);
 }
 
 void ApplicationEventMonitor::interruptEventProcessing()

@@ -94,6 +94,13 @@ Tell enter(const QEvent&)
         [](QObject& receiver) { QCoreApplication::sendEvent(&receiver, toolkit::enterEvent(widget(receiver)).get()); };
 }
 
+Tell hover(const QEvent& event)
+{
+    return [type = event.type()](QObject& receiver) {
+        QCoreApplication::sendEvent(&receiver, toolkit::hoverEvent(type, widget(receiver)).get());
+    };
+}
+
 // Only what is still so: the focus may have moved on since.
 Tell focus(const QEvent& event)
 {
@@ -242,7 +249,7 @@ struct MissedNotifications::Kind {
 //   widgets a release that comes second is lost, as every later event is), the queued calls of a graphics scene,
 //   the changes that only newer toolkits tell of;
 // - not told again: what comes by itself while its cause lasts (timers, sockets), what a person did (keys,
-//   presses, wheel, hovering, help, tool tips), what only announces (AboutToQuit), and what
+//   presses, wheel, moves, help, tool tips), what only announces (AboutToQuit), and what
 //   nobody can repeat: queued calls and a host's own events. A host that needs those chooses HeldBackEvents_Input.
 const std::vector<MissedNotifications::Kind> MissedNotifications::s_kinds = {
     // posted; the toolkit posts no second one while it believes the first on its way
@@ -263,6 +270,8 @@ const std::vector<MissedNotifications::Kind> MissedNotifications::s_kinds = {
     {QEvent::HideToParent, Kind::Widgets, Kind::Once, QEvent::ShowToParent, sendSameType},
     {QEvent::Enter, Kind::Widgets, Kind::Once, QEvent::Leave, enter},
     {QEvent::Leave, Kind::Widgets, Kind::Once, QEvent::Enter, sendSameType},
+    {QEvent::HoverEnter, Kind::Widgets, Kind::Once, QEvent::HoverLeave, hover},
+    {QEvent::HoverLeave, Kind::Widgets, Kind::Once, QEvent::HoverEnter, hover},
     {QEvent::FocusIn, Kind::Widgets, Kind::Once, QEvent::FocusOut, focus},
     {QEvent::FocusOut, Kind::Widgets, Kind::Once, QEvent::FocusIn, focus},
     {QEvent::WindowActivate, Kind::Widgets, Kind::Once, QEvent::WindowDeactivate, sendSameType},

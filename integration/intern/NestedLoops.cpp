@@ -18,7 +18,7 @@ constexpr int noLevel = std::numeric_limits<int>::max();
 
 NestedLoops::NestedLoops(ApplicationEventMonitor& monitor, std::function<void()> running)
     : m_monitor(monitor), m_running(std::move(running)), m_levelOfWork(noLevel), m_levelOfLoop(noLevel),
-      m_turnIsBeginning(false)
+      m_turnIsToProcess(false)
 {}
 
 void NestedLoops::watch()
@@ -42,13 +42,12 @@ void NestedLoops::turnBegins()
 {
     m_levelOfWork = toolkit::eventLoopLevel();
     m_levelOfLoop = noLevel;
-    m_turnIsBeginning = true;
 }
 
 void NestedLoops::turnEnds()
 {
     m_levelOfLoop = noLevel;
-    m_turnIsBeginning = false;
+    m_turnIsToProcess = false;
 }
 
 void NestedLoops::workEnded()
@@ -73,8 +72,8 @@ void NestedLoops::dispatcherIsAboutToWait()
 // request to stop waits for something that it would not get.
 void NestedLoops::dispatcherIsAwake()
 {
-    if (m_turnIsBeginning)
-        m_turnIsBeginning = false;
+    if (m_turnIsToProcess)
+        m_turnIsToProcess = false;
     else if (m_levelOfWork != noLevel && m_monitor.isBusy() && m_monitor.shouldInterrupt())
         noteLoop();
 }

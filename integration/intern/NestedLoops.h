@@ -34,6 +34,8 @@ public:
     /// Around a turn of the application: loops that begin now are nested, those before are not.
     void turnBegins();
     void turnEnds();
+    /// The next thing that the turn does is to process events.
+    void turnProcessesEvents() { m_turnIsToProcess = true; }
     /// The engine is no longer busy.
     void workEnded();
 
@@ -50,7 +52,7 @@ private:
     std::function<void()> m_running;
     int m_levelOfWork;      ///< count of loops when the last turn began
     int m_levelOfLoop;      ///< the same in the loop that the dispatcher told of
-    bool m_turnIsBeginning; ///< the dispatcher has not yet told of the turn itself
+    bool m_turnIsToProcess; ///< what the dispatcher tells next is of the turn itself
 };
 
 } // namespace intern

@@ -1,5 +1,7 @@
 // The receiver of the event that interrupted the engine: it may be gone, going, or a window that closes.
 #include "tests/intern/InterruptedEventFixture.h"
+#include "tests/support/Wait.h"
+#include "tests/support/XInput.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -114,4 +116,129 @@ TEST_F(InterruptedEvent, WhatAReceiverSendsItselfWhileItIsDestroyedDoesNotSendTh
     EXPECT_TRUE(Probe::filter(monitor).hasInterruptedEvent());
     sendPlain(other, QEvent::Hide);
     EXPECT_FALSE(Probe::filter(monitor).hasInterruptedEvent());
+}
+
+TEST_F(InterruptedEvent, AListenerMayDestroyTheReceiverAndAskForTheStop)
+{
+    auto doomed = std::make_unique<Receiver<QWidget>>("doomed", journal);
+    monitor.busy = true;
+    listening.onKeyPressed = [&] {
+        doomed.reset();
+        monitor.interrupting = true;
+    };
+    QKeyEvent key = keyEvent(QEvent::KeyPress, Qt::Key_Escape);
+    key.ignore();
+    EXPECT_TRUE(Probe::filter(monitor).eventFilter(doomed.get(), &key));
+    EXPECT_TRUE(key.isAccepted()) << "or the toolkit would ask its parent";
+    EXPECT_EQ(Probe::waiting(monitor), nullptr);
+    unwind();
+    journal.clear();
+    sendTrigger(other);
+    EXPECT_THAT(received(), ElementsAre("other: User"));
+}
+
+TEST_F(InterruptedEvent, AnyListenerMayDestroyTheReceiver)
+{
+    struct Case {
+        const char* name;
+        std::function<boost::signals2::connection(std::function<void()>)> connect;
+    };
+    const Case cases[] = {
+        {"mouse state",
+         [&](std::function<void()> act) {
+             return monitor.connectMouseButtonStateChanged([act](auto, bool) { act(); });
+         }},
+        {"new event",
+         [&](std::function<void()> act) { return monitor.connectProcessingNewEvent([act](const auto&) { act(); }); }},
+    };
+    for (const Case& oneCase : cases) {
+        auto doomed = std::make_unique<Receiver<QWidget>>("doomed", journal);
+        const boost::signals2::scoped_connection connection = oneCase.connect([&] { doomed.reset(); });
+        QMouseEvent press = mouseEvent(QEvent::MouseButtonPress, Qt::LeftButton);
+        sendSpontaneous(*doomed, press);
+        EXPECT_EQ(doomed, nullptr) << oneCase.name;
+        EXPECT_THAT(received(), ::testing::IsEmpty()) << oneCase.name;
+    }
+}
+
+TEST_F(InterruptedEvent, TheMoveThatTheToolkitSendsWhenAWidgetGoesFromUnderThePointerDoesNotSendItsCopy)
+{
+    QWidget window;
+    window.setGeometry(100, 100, 200, 200);
+    class Target : public QWidget {
+    public:
+        using QWidget::QWidget;
+        int* taken = nullptr;
+        bool event(QEvent* event) override
+        {
+            *taken += event->type() == QEvent::KeyRelease;
+            return QWidget::event(event);
+        }
+    };
+    int taken = 0;
+    for (const bool isPlain : {true, false}) {
+        QWidget* const doomed = isPlain ? new QWidget(&window) : new Target(&window); // deleted below
+        if (!isPlain)
+            static_cast<Target*>(doomed)->taken = &taken;
+        doomed->setGeometry(0, 0, 200, 200);
+        doomed->setMouseTracking(true);
+        window.setMouseTracking(true);
+        EXPECT_TRUE(showAndWait(window));
+        doomed->show();
+        movePointer(window, QPoint(100, 100));
+        EXPECT_TRUE(waitUntil([&] { return doomed->underMouse(); }));
+        QKeyEvent key = keyEvent(QEvent::KeyRelease, Qt::Key_A);
+        interruptWith(key, *doomed);
+        bool sentToDying = false;
+        struct Watch : QObject {
+            QObject* dying = nullptr;
+            bool* seen = nullptr;
+            bool eventFilter(QObject* receiver, QEvent* event) override
+            {
+                *seen = *seen || (receiver == dying && event->type() == QEvent::KeyRelease);
+                return false;
+            }
+        } watch;
+        watch.dying = doomed;
+        watch.seen = &sentToDying;
+        qApp->installEventFilter(&watch);
+        delete doomed;
+        qApp->removeEventFilter(&watch);
+        EXPECT_FALSE(sentToDying) << (isPlain ? "plain" : "of a class of its own");
+        EXPECT_FALSE(Probe::filter(monitor).hasInterruptedEvent());
+        EXPECT_EQ(taken, 0);
+    }
+}
+
+TEST_F(InterruptedEvent, WaitsUntilAllHaveHeardThatTheEngineIsNoLongerBusy)
+{
+    beginInterruption();
+    sendKey(widget, Qt::Key_A);
+    unwind();
+    bool wasSentMeanwhile = false;
+    const boost::signals2::scoped_connection connection = monitor.connectEngineIsNoLongerBusy([&] {
+        sendTrigger(other); // as hiding a progress bar does
+        wasSentMeanwhile = !Probe::filter(monitor).hasInterruptedEvent();
+    });
+    Probe::Filter::engineNotBusyCallback(reinterpret_cast<long>(&Probe::filter(monitor)));
+    EXPECT_FALSE(wasSentMeanwhile);
+    EXPECT_TRUE(Probe::filter(monitor).hasInterruptedEvent());
+    journal.clear();
+    QCoreApplication::sendPostedEvents();
+    EXPECT_THAT(received(), ElementsAre("widget: KeyRelease " + A));
+}
+
+TEST_F(InterruptedEvent, IsSentThoughASlotThrewWhenItHeardThatTheEngineIsNoLongerBusy)
+{
+    beginInterruption();
+    sendKey(widget, Qt::Key_A);
+    unwind();
+    {
+        const boost::signals2::scoped_connection connection =
+            monitor.connectEngineIsNoLongerBusy([] { throw std::runtime_error("slot"); });
+        EXPECT_THROW(Probe::Filter::engineNotBusyCallback(reinterpret_cast<long>(&Probe::filter(monitor))),
+                     std::runtime_error);
+    }
+    QCoreApplication::sendPostedEvents();
+    EXPECT_THAT(received(), ElementsAre("widget: KeyRelease " + A));
 }

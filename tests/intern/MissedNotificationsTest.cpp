@@ -138,6 +138,7 @@ TEST_F(MissedNotifications, OfTwoStatesThatTookTurnsNothingIsToldWhenTheReceiver
         {QEvent::Show, QEvent::Hide},
         {QEvent::ShowToParent, QEvent::HideToParent},
         {QEvent::Enter, QEvent::Leave},
+        {QEvent::HoverEnter, QEvent::HoverLeave},
         {QEvent::WindowActivate, QEvent::WindowDeactivate},
         {QEvent::WindowBlocked, QEvent::WindowUnblocked},
     };
@@ -517,4 +518,25 @@ TEST_F(MissedNotifications, AWindowThatRefusesTheCopyOfItsClosingStaysOpen)
     unwind();
     sendTrigger(other);
     EXPECT_TRUE(window.isVisible());
+}
+
+TEST_F(MissedNotifications, AButtonThatThePointerLeftMeanwhileIsNoLongerDrawnAsHovered)
+{
+    class Hovered : public QPushButton {
+    public:
+        QList<QPoint> places;
+        bool event(QEvent* event) override
+        {
+            if (event->type() == QEvent::HoverLeave)
+                places << static_cast<QHoverEvent*>(event)->pos();
+            return QPushButton::event(event);
+        }
+    } button;
+    EXPECT_TRUE(showAndWait(button));
+    holdBack();
+    QHoverEvent leave(QEvent::HoverLeave, QPoint(-1, -1), QPoint(3, 3));
+    QCoreApplication::sendEvent(&button, &leave);
+    EXPECT_TRUE(button.places.isEmpty());
+    letGoOn();
+    EXPECT_EQ(button.places, QList<QPoint>() << QPoint(-1, -1));
 }

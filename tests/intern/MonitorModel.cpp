@@ -1,5 +1,7 @@
 #include "tests/intern/MonitorModel.h"
 
+#include <algorithm>
+
 namespace velmora::test {
 
 namespace {
@@ -61,9 +63,13 @@ void MonitorModel::run(const Step& step)
     case Do::SendSpontaneous:
         return send(step.receiver, eventOf(step, step.what == Do::SendSpontaneous));
     case Do::Post:
-        if (m_alive[step.receiver])
+        if (m_alive[step.receiver]) {
             m_posted.push_back({step.receiver, eventOf(step, false)});
+            m_postedSince = true;
+        }
         return;
+    case Do::Loop:
+        return runLoop(step.id);
     case Do::Pump:
         return pump();
     case Do::Busy:
@@ -74,6 +80,7 @@ void MonitorModel::run(const Step& step)
         if (m_idleKilled && !m_idleActive)
             startIdleTimer();
         m_idleKilled = false;
+        m_levelOfWork = m_levelOfLoop = noLevel;
         return note("not busy");
     case Do::AskStop:
     case Do::Unask:
@@ -84,6 +91,10 @@ void MonitorModel::run(const Step& step)
         return;
     case Do::Kill:
         return kill(step.receiver);
+    case Do::HoldInput:
+    case Do::HoldAll:
+        m_holdsInputOnly = step.what == Do::HoldInput;
+        return;
     case Do::IdleTimer:
         // Not as the trigger of a re-send: by its end the timer may have been replaced by another, to
         // which the toolkit may or may not give the same number.
@@ -109,7 +120,12 @@ void MonitorModel::deliver(Who receiver, const Event& event)
     if (receiver == FilterItself)
         return;
     note(deliveryText(receiver, event.kind, event.id, event.spontaneous));
-    const auto reaction = m_reactions.find(event.id);
+    react(event.id);
+}
+
+void MonitorModel::react(int id)
+{
+    const auto reaction = m_reactions.find(id);
     if (reaction == m_reactions.end())
         return;
     const std::vector<Step> steps = reaction->second;
@@ -126,16 +142,17 @@ bool MonitorModel::isSwallowed(Who receiver, const Event& event)
         return true;
     if (event.spontaneous)
         note("new, not visible");
-    if (!m_interrupting)
+    if (!shouldInterrupt())
         analyze(receiver, event);
     if (event.instance == m_dispatching)
         return false;
     watchForIdle(event);
     if (m_discard) {
         m_discard = false;
-        return receiver != ValueWidget; // which is the stop button
+        if (!isNested())
+            return receiver != ValueWidget; // which is the stop button
     }
-    return m_interrupting && isHeldBack(receiver, event);
+    return shouldInterrupt() && isHeldBack(receiver, event);
 }
 
 bool MonitorModel::sendsCopyFirst(Who receiver, const Event& event)
@@ -197,6 +214,9 @@ void MonitorModel::startIdleTimer()
 
 bool MonitorModel::isHeldBack(Who receiver, const Event& event)
 {
+    const bool isInput = event.kind != Kind::Timer && event.kind != Kind::User && event.kind != Kind::ChildAdded;
+    if (m_holdsInputOnly && !isInput)
+        return false;
     if (!m_hasInterrupted) {
         m_hasInterrupted = true;
         m_copyExists = isAnalyzed(event.kind, receiver);
@@ -209,6 +229,8 @@ bool MonitorModel::isHeldBack(Who receiver, const Event& event)
 
 void MonitorModel::pump()
 {
+    m_levelOfWork = m_level;
+    m_levelOfLoop = noLevel;
     if (m_parked) {
         const Posted parked = *m_parked;
         m_parked = nullptr;
@@ -216,14 +238,46 @@ void MonitorModel::pump()
         event.spontaneous = false;
         send(parked.receiver, event);
     }
-    if (m_hasInterrupted)
-        return;
-    // One round of what was posted before it; a round inside it goes on where it is.
+    if (!m_hasInterrupted)
+        processPosted();
+    m_levelOfLoop = noLevel;
+}
+
+// One round of what was posted before it; a round inside it goes on where it is.
+void MonitorModel::processPosted()
+{
+    m_postedSince = false;
     m_endOfPosted = m_posted.size();
     while (m_nextPosted < m_endOfPosted) {
         const Posted posted = m_posted[m_nextPosted++];
         send(posted.receiver, posted.event);
     }
+}
+
+// A loop waits when nothing is posted any more; what happens in it happens then.
+void MonitorModel::runLoop(int id)
+{
+    ++m_level;
+    do {
+        dispatcherIsAwake();
+        processPosted();
+    } while (m_postedSince);
+    if (m_busy)
+        noteLoop();
+    react(id);
+    --m_level;
+}
+
+// A handler that processes events though a stop was asked for waits for something.
+void MonitorModel::dispatcherIsAwake()
+{
+    if (m_levelOfWork != noLevel && m_busy && shouldInterrupt())
+        noteLoop();
+}
+
+void MonitorModel::noteLoop()
+{
+    m_levelOfLoop = std::min(m_level, m_levelOfLoop);
 }
 
 void MonitorModel::kill(Who receiver)

@@ -13,18 +13,37 @@ constexpr int receiverCount = FilterItself;
 enum class Kind { Press, Release, Move, Wheel, Key, Timer, Close, User, ChildAdded };
 constexpr int kindCount = 9;
 
-enum class Do { Send, SendSpontaneous, Post, Pump, Busy, NotBusy, CallBack, AskStop, Unask, Discard, Kill, IdleTimer };
-constexpr int doCount = 12;
+enum class Do {
+    Send,
+    SendSpontaneous,
+    Post,
+    Loop, ///< opens an event loop, in which what its id stands for happens
+    Pump,
+    Busy,
+    NotBusy,
+    CallBack,
+    AskStop,
+    Unask,
+    Discard,
+    Kill,
+    IdleTimer,
+    HoldInput,
+    HoldAll
+};
+constexpr int doCount = 15;
 
-/// One thing that happens; `id` tells events apart where the event can carry one.
+enum class LoopKind { Local, Dialog, Menu };
+
+/// One thing that happens; `id` tells events apart where the event can carry one, and loops.
 struct Step {
     Do what = Do::Pump;
     Who receiver = PlainWidget;
     Kind kind = Kind::User;
     int id = 0;
+    LoopKind loop = LoopKind::Local;
 };
 
-/// What a receiver does when it gets the event with this id, once.
+/// What a receiver does when it gets the event with this id, once; what happens in the loop with this id.
 using Reactions = std::map<int, std::vector<Step>>;
 
 /// Whether an event of this kind may go to the receiver at all: only windows are closed.
@@ -60,6 +79,8 @@ private:
         Event event;
     };
 
+    static constexpr int noLevel = 1000;
+
     Event eventOf(const Step& step, bool spontaneous);
     void send(Who receiver, Event event);
     void deliver(Who receiver, const Event& event);
@@ -71,6 +92,13 @@ private:
     void startIdleTimer();
     bool isHeldBack(Who receiver, const Event& event);
     void pump();
+    void processPosted();
+    void runLoop(int id);
+    void react(int id);
+    void dispatcherIsAwake();
+    void noteLoop();
+    bool isNested() const { return m_level > m_levelOfWork || m_level >= m_levelOfLoop; }
+    bool shouldInterrupt() const { return m_interrupting && !isNested(); }
     void kill(Who receiver);
     void note(const std::string& entry) { m_journal.push_back(entry); }
 
@@ -93,6 +121,11 @@ private:
     int m_idleTimer = 0; ///< counts them, for an event may come after its timer has been replaced
     bool m_idleKilled = false;
     bool m_exited = false;
+    bool m_holdsInputOnly = false;
+    bool m_postedSince = false; ///< the last round of posted events began
+    int m_level = 0;            ///< count of event loops
+    int m_levelOfWork = noLevel;
+    int m_levelOfLoop = noLevel;
     int m_instances = 0;
 };
 

@@ -8,6 +8,7 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QTimer>
+#include <QVBoxLayout>
 
 // After Qt, whose enumerators some of Xlib's macros would replace.
 #define XK_MISCELLANY
@@ -377,4 +378,51 @@ TEST_F(NestedLoops, ADiscardedPressOfAPenIsLeftToTheToolkitWhichMakesAMousePress
     QCoreApplication::sendEvent(&taker, &press);
     EXPECT_FALSE(press.isAccepted());
     velmora::testing::EngineProbe::setBusy(false);
+}
+
+TEST_F(NestedLoops, AnEntryChosenInAnOpenMenuWithTheKeyboardDoesItsWorkAndDoesNotStopTheEngine)
+{
+    // Opened before the work, without a loop of its own, as the menus of a menu bar are.
+    QMenu menu;
+    QAction* const entry = menu.addAction(QLatin1String("Action"));
+    entry->setCheckable(true);
+    menu.popup(window.mapToGlobal(QPoint(20, 20)));
+    EXPECT_TRUE(waitUntil([&] { return menu.isVisible(); }));
+    menu.setActiveAction(entry);
+    typeKey(XK_Return);
+    EXPECT_FALSE(work([&] { return entry->isChecked(); }));
+    EXPECT_TRUE(entry->isChecked());
+    EXPECT_FALSE(menu.isVisible());
+}
+
+TEST_F(NestedLoops, ClosingAPopupInterruptsNeitherByItselfNorByAListener)
+{
+    const StopsOnEscape listener(monitor);
+    QWidget popup(nullptr, Qt::Popup);
+    popup.setGeometry(150, 150, 50, 50);
+    popup.show();
+    bool closed = false;
+    InNextTurn closing([&] { closed = popup.close(); });
+    int turns = 0;
+    EXPECT_FALSE(work([&] { return ++turns > 3; }));
+    EXPECT_TRUE(closed);
+    EXPECT_THAT(journal, Contains("key down " + Escape + " modifiers 0")) << "the engine hears of it all the same";
+}
+
+TEST_F(NestedLoops, AWidgetOfALayoutMayBeDeletedInTheSlotThatAsksForTheStop)
+{
+    QWidget host;
+    QVBoxLayout* const layout = new QVBoxLayout(&host); // the host's
+    QPointer<QWidget> child = new QWidget;              // the host's from now on
+    layout->addWidget(child);
+    host.setGeometry(500, 300, 100, 100);
+    EXPECT_TRUE(showAndWait(host));
+    InNextTurn stopping([&] {
+        request();
+        delete child;
+    });
+    EXPECT_TRUE(work());
+    EXPECT_EQ(layout->count(), 0);
+    host.resize(200, 200);
+    processPending();
 }

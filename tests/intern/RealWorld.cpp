@@ -1,15 +1,21 @@
 #include "tests/intern/RealWorld.h"
 
+#include "integration/HeldBackEvents.h"
 #include "tests/intern/WatchedAllocations.h"
 
+#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDialog>
+#include <QEventLoop>
 #include <QKeyEvent>
 #include <QMainWindow>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QSpinBox>
 #include <QTimerEvent>
 #include <QWheelEvent>
+#include <algorithm>
 #include <boost/make_shared.hpp>
 #include <map>
 #include <memory>
@@ -118,8 +124,20 @@ private:
 
 } // namespace
 
+namespace {
+
+/// Loops end at once after an application was told to end, until it runs again.
+void forgetEndOfApplication()
+{
+    QMetaObject::invokeMethod(qApp, "quit", Qt::QueuedConnection);
+    QApplication::exec();
+}
+
+} // namespace
+
 RealWorld::RealWorld(Reactions reactions) : m_reactions(std::move(reactions))
 {
+    forgetEndOfApplication();
     auto plain = std::make_unique<Actor<QWidget>>(*this, PlainWidget);
     plain->setMouseTracking(true);
     auto window = std::make_unique<Actor<QMainWindow>>(*this, MainWindow);
@@ -159,6 +177,11 @@ bool RealWorld::isOurs(const QObject* receiver) const
 
 bool RealWorld::Gate::eventFilter(QObject* receiver, QEvent* event)
 {
+    // A dialog or menu lives its own life, unseen by the monitor.
+    if (std::find(world.m_popups.begin(), world.m_popups.end(), receiver) != world.m_popups.end()) {
+        receiver->event(event);
+        return true;
+    }
     if (event == world.m_idleTimerEvent)
         return false;
     return !world.isOurs(receiver) || kindsOfTypes().count(event->type()) == 0;
@@ -173,6 +196,11 @@ void RealWorld::receive(Who who, QEvent& event)
         copyWasRecognised = copyWasRecognised && !event.spontaneous();
     }
     m_journal.push_back(deliveryText(who, kind, id, event.spontaneous()));
+    react(id);
+}
+
+void RealWorld::react(int id)
+{
     const auto reaction = m_reactions.find(id);
     if (reaction == m_reactions.end())
         return;
@@ -214,6 +242,59 @@ void RealWorld::fireIdleTimer()
     m_idleTimerEvent = outer;
 }
 
+namespace {
+
+/// Acts once, when the innermost loop is about to wait for the first time, if it is that of this object.
+class WhenWaiting : public QObject {
+    Q_OBJECT
+
+public:
+    explicit WhenWaiting(std::function<bool()> isInnermost, std::function<void()> act)
+        : m_isInnermost(std::move(isInnermost)), m_act(std::move(act))
+    {
+        connect(QAbstractEventDispatcher::instance(), SIGNAL(aboutToBlock()), this, SLOT(act()));
+    }
+
+private Q_SLOTS:
+    void act()
+    {
+        if (!m_act || !m_isInnermost())
+            return;
+        const std::function<void()> once = std::exchange(m_act, nullptr);
+        once();
+    }
+
+private:
+    const std::function<bool()> m_isInnermost;
+    std::function<void()> m_act;
+};
+
+} // namespace
+
+void RealWorld::runLoop(int id, LoopKind kind)
+{
+    loopsInWork += m_monitor.busy;
+    QEventLoop loop;
+    QDialog dialog;
+    QMenu menu;
+    menu.addAction(QLatin1String("entry"));
+    m_popups.insert(m_popups.end(), {&dialog, &menu});
+    WhenWaiting happening([this, depth = m_popups.size()] { return m_popups.size() == depth; },
+                          [&] {
+                              react(id);
+                              loop.quit();
+                              dialog.reject();
+                              menu.close();
+                          });
+    if (kind == LoopKind::Dialog)
+        dialog.exec();
+    else if (kind == LoopKind::Menu)
+        menu.exec(QPoint(10, 10));
+    else
+        loop.exec();
+    m_popups.resize(m_popups.size() - 2);
+}
+
 void RealWorld::run(const Step& step)
 {
     switch (step.what) {
@@ -222,8 +303,17 @@ void RealWorld::run(const Step& step)
     case Do::Post:
         send(step);
         break;
+    case Do::Loop:
+        runLoop(step.id, step.loop);
+        break;
     case Do::Pump:
         m_monitor.processWhileBusy_Internal();
+        break;
+    case Do::HoldInput:
+        setHeldBackEvents(sdk::integration::HeldBackEvents_Input);
+        break;
+    case Do::HoldAll:
+        setHeldBackEvents(sdk::integration::HeldBackEvents_All);
         break;
     case Do::Busy:
     case Do::NotBusy:
@@ -250,3 +340,5 @@ void RealWorld::run(const Step& step)
 }
 
 } // namespace velmora::test
+
+#include "RealWorld.moc"

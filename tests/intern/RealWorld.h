@@ -25,6 +25,7 @@ public:
     void watchCopy();
 
     bool copyWasRecognised = true;
+    int loopsInWork = 0; ///< how many loops ran while the engine was busy
 
 private:
     /// Keeps away what the toolkit does by itself; only what a step sends may happen.
@@ -37,6 +38,8 @@ private:
     bool isOurs(const QObject* receiver) const;
     void send(const Step& step);
     void fireIdleTimer();
+    void runLoop(int id, LoopKind kind);
+    void react(int id);
 
     Journal m_journal;
     Reactions m_reactions;
@@ -45,6 +48,7 @@ private:
     Gate m_gate{*this};
     QPointer<QObject> m_receivers[receiverCount];
     const QEvent* m_idleTimerEvent = nullptr;
+    std::vector<const QObject*> m_popups; ///< the dialogs and menus whose loops run
 };
 
 } // namespace velmora::test

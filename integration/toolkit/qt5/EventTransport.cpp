@@ -17,4 +17,12 @@ std::unique_ptr<QEvent> enterEvent(const QWidget& widget)
     return std::make_unique<QEnterEvent>(widget.mapFromGlobal(global), widget.window()->mapFromGlobal(global), global);
 }
 
+std::unique_ptr<QEvent> hoverEvent(QEvent::Type type, const QWidget& widget)
+{
+    const QPoint outside(-1, -1);
+    const QPoint pointer = widget.mapFromGlobal(QCursor::pos());
+    return type == QEvent::HoverEnter ? std::make_unique<QHoverEvent>(type, pointer, outside)
+                                      : std::make_unique<QHoverEvent>(type, outside, pointer);
+}
+
 } // namespace velmora::sdk::integration::toolkit
