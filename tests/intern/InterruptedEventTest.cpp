@@ -185,7 +185,7 @@ TEST_F(InterruptedEvent, AMousePressTellsTheStateAgainButIsNotNew)
 
 namespace {
 
-class ErrandCounter : public QWidget {
+class RequestCounter : public QWidget {
 public:
     int updates = 0;
     int layouts = 0;
@@ -201,22 +201,22 @@ protected:
 
 } // namespace
 
-TEST_F(InterruptedEvent, TheToolkitsErrandsThatWereSwallowedAreAskedForAgain)
+TEST_F(InterruptedEvent, WhatTheToolkitPostsOnlyOnceIsPostedAgain)
 {
-    ErrandCounter errands;
+    RequestCounter counter;
     QPointer<QObject> doomed = new QObject;
     beginInterruption();
     doomed->deleteLater();
     QCoreApplication::sendPostedEvents(doomed, QEvent::DeferredDelete);
-    sendPlain(errands, QEvent::UpdateRequest);
-    sendPlain(errands, QEvent::LayoutRequest);
-    EXPECT_EQ(errands.updates + errands.layouts, 0);
+    sendPlain(counter, QEvent::UpdateRequest);
+    sendPlain(counter, QEvent::LayoutRequest);
+    EXPECT_EQ(counter.updates + counter.layouts, 0);
     EXPECT_FALSE(doomed.isNull());
     unwind();
     Probe::Filter::engineNotBusyCallback(reinterpret_cast<long>(&Probe::filter(monitor)));
     EXPECT_TRUE(waitUntil([&] { return doomed.isNull(); }));
-    EXPECT_EQ(errands.updates, 1);
-    EXPECT_EQ(errands.layouts, 1);
+    EXPECT_EQ(counter.updates, 1);
+    EXPECT_EQ(counter.layouts, 1);
 }
 
 TEST_F(InterruptedEvent, AWindowResizedWhileEventsAreHeldBackLaysItsContentsOutAfterwards)
