@@ -28,6 +28,10 @@ target_compile_options(velmora_compiler INTERFACE
   # The Qt interface this library is written against is Qt 4's; Qt 5 has it, marked as deprecated.
   -Wno-deprecated-declarations
   $<$<BOOL:${VELMORA_WARNINGS_AS_ERRORS}>:-Werror>)
+# For code of which each product and sum is to be rounded as it is written, whatever else the builder asks
+# for. Fused into one step, which some processors can do, sizes on a boundary would fall to the other side.
+set(VELMORA_ROUND_EACH_STEP -fno-fast-math -ffp-contract=off)
+
 # The sanitizers leave symbols open for their run-time library.
 if(NOT VELMORA_SANITIZE)
   target_link_options(velmora_compiler INTERFACE LINKER:--no-undefined)

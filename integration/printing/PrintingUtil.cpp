@@ -3,6 +3,7 @@
 #include "base/AppLock.h"
 #include "engine/VelUtil.h"
 #include "integration/printing/BasicPaperSizes.h"
+#include "integration/printing/PaperLength.h"
 #include "integration/printing/PaperStyle.h"
 #include "integration/printing/PrintingUtilIntern.h"
 #include "integration/toolkit/Paper.h"
@@ -110,16 +111,6 @@ PaperMillimeters readKernelPaperDefinition(int index)
 }
 
 } // namespace
-
-qint64 wholeMillimetersFromInches(double inches)
-{
-    return static_cast<qint64>(inches * 2.54 * 10.0 + 0.499);
-}
-
-double inchesFromWholeMillimeters(qint64 millimeters)
-{
-    return static_cast<double>(millimeters) / 25.4;
-}
 
 bool isSamePaper(const PaperMillimeters& a, const PaperMillimeters& b)
 {

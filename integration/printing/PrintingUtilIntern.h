@@ -12,11 +12,6 @@ struct PaperMillimeters {
     qint64 height;
 };
 
-/// Multiplied by 2.54, then by 10, then 0.499 added, then cut off. The order counts: it decides how
-/// a size on the boundary between two millimetres falls.
-qint64 wholeMillimetersFromInches(double inches);
-/// Divided by 25.4 and not rounded.
-double inchesFromWholeMillimeters(qint64 millimeters);
 /// Whether both sides differ by at most 1 mm.
 bool isSamePaper(const PaperMillimeters& a, const PaperMillimeters& b);
 

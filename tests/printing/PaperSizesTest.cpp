@@ -1,4 +1,5 @@
 #include "integration/printing/BasicPaperSizes.h"
+#include "integration/printing/PaperLength.h"
 #include "integration/printing/PrintingUtilIntern.h"
 
 #include <gtest/gtest.h>
