@@ -41,7 +41,8 @@ public:
                                           StateModernizationLevel_e level, std::string applicationName) = 0;
     /// Starts the engine with its settings at their defaults, registers the services' callbacks and
     /// begins to watch the application's events. Needs `init` and an application object. What a service
-    /// or a slot throws passes through, and the engine is not started then.
+    /// or a slot of EngineStarted throws passes through, and the engine is not started then: slots that
+    /// were told that it runs are told of its end, as `stop` does.
     virtual ManagerStartReturnCode_e start() = 0;
     /// Ends what `start` began, in the reverse order; drawing areas go before. While the engine is busy,
     /// only asks it to stop and returns; the rest follows at the next idle time, to which the
@@ -59,7 +60,7 @@ public:
 
     virtual ~ManagerInterface() = default;
 
-    /// Slot `void()`: the engine runs and may be used.
+    /// Slot `void()`: the engine runs and may be used. A slot that throws makes the start fail.
     template <typename Slot>
     Connection connectEngineStarted(const Slot& slot)
     {

@@ -43,6 +43,29 @@ bool asksForBatchMode(int argc, char* const* argv)
     return false;
 }
 
+/// In a catch block: tells of an exception that goes no further.
+void report(const char* consequence)
+{
+    try {
+        throw;
+    } catch (const std::exception& exception) {
+        std::fprintf(stderr, "%s: %s\n", consequence, exception.what());
+    } catch (...) {
+        std::fprintf(stderr, "%s.\n", consequence);
+    }
+}
+
+/// Emits a signal while another exception is on its way, which is the one that the caller is to get.
+template <typename Emit>
+void emitAfterFailure(const Emit& emit)
+{
+    try {
+        emit();
+    } catch (...) {
+        report("A slot failed while a start that had failed was undone");
+    }
+}
+
 /// The engine's slices of work end here. An exception of a listener must not pass through the
 /// engine's frames; it ends the work instead.
 int processWhileBusy(long clientData)
@@ -50,10 +73,8 @@ int processWhileBusy(long clientData)
     auto* const monitor = reinterpret_cast<intern::ApplicationEventMonitorAbstract*>(clientData);
     try {
         return monitor->processWhileBusy() ? 1 : 0;
-    } catch (const std::exception& exception) {
-        std::fprintf(stderr, "The work was stopped, for a listener failed: %s\n", exception.what());
     } catch (...) {
-        std::fputs("The work was stopped, for a listener failed.\n", stderr);
+        report("The work was stopped, for a listener failed");
     }
     return 1;
 }
@@ -68,6 +89,7 @@ struct ManagerAbstract::Impl : public OnIdleListenerInterface {
     ManagerStartReturnCode_e initialize(int argc, char* const* argv, std::string home, std::string application);
     void bringUp();
     void takeDown();
+    void endFailedStart();
     void stopWhenIdle();
     /// The engine was busy when `stop` was called; now it is not.
     void onIdle(OnIdleObservableInterface& source) override;
@@ -121,6 +143,19 @@ void ManagerAbstract::Impl::takeDown()
     services.takeCallbacksAway();
     owner.subManagersDestroy();
     VelEngStop();
+}
+
+/// A slot failed on hearing that the engine runs. Others heard it before, and now hear of its end.
+void ManagerAbstract::Impl::endFailedStart()
+{
+    // The slot may have stopped the engine itself.
+    if (life != Life::Running)
+        return;
+    life = Life::Stopping;
+    emitAfterFailure([this] { owner.emitEngineShutdownInitiated(); });
+    takeDown();
+    life = Life::Stopped;
+    emitAfterFailure([this] { owner.emitEngineShutdownFinished(); });
 }
 
 void ManagerAbstract::Impl::stopWhenIdle()
@@ -208,7 +243,12 @@ ManagerStartReturnCode_e ManagerAbstract::start()
         throw;
     }
     m_impl->life = Impl::Life::Running;
-    emitEngineStarted();
+    try {
+        emitEngineStarted();
+    } catch (...) {
+        m_impl->endFailedStart();
+        throw;
+    }
     return ManagerStartReturnCode_Ok;
 }
 

@@ -7,13 +7,16 @@
 #include "interfaces/PageManagerInterface.h"
 #include "testing/EngineProbe.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <gmock/gmock.h>
 #include <set>
 
 using namespace velmora::sdk::integration;
 using namespace velmora::tests;
+using testing::AllOf;
 using testing::ElementsAre;
+using testing::HasSubstr;
 using velmora::testing::EngineProbe;
 
 namespace {
@@ -138,6 +141,49 @@ TEST_F(ManagerLife, AFailureWhileStartingLeavesTheEngineStopped)
     EXPECT_EQ(VelEngIsRunning(), 0);
     manager.monitor.duringStart = nullptr;
     EXPECT_EQ(manager.start(), ManagerStartReturnCode_Ok);
+}
+
+TEST_F(ManagerLife, AStartWhoseSlotThrowsLeavesTheEngineStoppedAndTellsOfItsEnd)
+{
+    ASSERT_EQ(manager.initWith(), ManagerStartReturnCode_Ok);
+    const Connection failing = manager.connectEngineStarted([] { throw velmora::ExceptionBase("no pages", false); });
+    EXPECT_THROW(manager.start(), velmora::ExceptionBase);
+    EXPECT_EQ(VelEngIsRunning(), 0);
+    EXPECT_THAT(log, ElementsAre("instantiate", "register", "monitor start", "started, running",
+                                 "shutting down, running", "monitor stop", "destroy", "shut down, not running"));
+    failing.disconnect();
+    EXPECT_EQ(manager.start(), ManagerStartReturnCode_Ok);
+    EXPECT_EQ(VelEngIsRunning(), 1);
+}
+
+TEST_F(ManagerLife, AStartThatFailsThrowsWhatFailedFirst)
+{
+    ASSERT_EQ(manager.initWith(), ManagerStartReturnCode_Ok);
+    const auto fail = [](const char* message) { return [message] { throw velmora::ExceptionBase(message, false); }; };
+    manager.connectEngineStarted(fail("first"));
+    manager.connectEngineShutdownInitiated(fail("second"));
+    manager.connectEngineShutdownFinished(fail("third"));
+    testing::internal::CaptureStderr();
+    try {
+        manager.start();
+        ADD_FAILURE() << "the start did not fail";
+    } catch (const velmora::ExceptionBase& exception) {
+        EXPECT_EQ(exception.message(), "first");
+    }
+    EXPECT_THAT(testing::internal::GetCapturedStderr(), AllOf(HasSubstr("undone: second"), HasSubstr("undone: third")));
+    EXPECT_EQ(VelEngIsRunning(), 0);
+}
+
+TEST_F(ManagerLife, ASlotThatStopsTheEngineAndThrowsHasItStoppedOnce)
+{
+    ASSERT_EQ(manager.initWith(), ManagerStartReturnCode_Ok);
+    manager.connectEngineStarted([this] {
+        manager.stop();
+        throw velmora::ExceptionBase("no pages", false);
+    });
+    EXPECT_THROW(manager.start(), velmora::ExceptionBase);
+    EXPECT_EQ(VelEngIsRunning(), 0);
+    EXPECT_EQ(std::count(log.begin(), log.end(), "shut down, not running"), 1);
 }
 
 TEST_F(ManagerLife, StopWhileTheEngineIsBusyInterruptsItAndFollowsAtTheNextIdle)
