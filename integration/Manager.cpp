@@ -1,5 +1,6 @@
 #include "integration/Manager.h"
 
+#include "exception/ExceptionBase.h"
 #include "integration/intern/ApplicationEventMonitor.h"
 #include "integration/services/CursorShapeService.h"
 #include "integration/services/ManagerMiscService.h"
@@ -7,6 +8,9 @@
 #include "integration/services/OffscreenImageService.h"
 #include "integration/services/SelectFileService.h"
 #include "interfaces/ServiceRepositoryInterface.h"
+
+#include <QCoreApplication>
+#include <QThread>
 
 namespace velmora::sdk::integration {
 
@@ -35,6 +39,15 @@ void createService(std::unique_ptr<Service>& field, ServiceRepositoryInterface& 
     repository.addService(*field);
 }
 
+/// The event filter belongs to the thread that makes it, and the toolkit ignores one of another thread.
+void requireThreadOfApplication()
+{
+    const QCoreApplication* const application = QCoreApplication::instance();
+    if (application && application->thread() != QThread::currentThread())
+        throw ExceptionBase("The first Manager::getInstance() came from another thread than the application object's. "
+                            "Call it once on that thread before any other thread does.");
+}
+
 } // namespace
 
 Manager& Manager::getInstance()
@@ -43,8 +56,10 @@ Manager& Manager::getInstance()
     return manager;
 }
 
-Manager::Manager() : m_impl(std::make_unique<Impl>(*this))
+Manager::Manager()
 {
+    requireThreadOfApplication();
+    m_impl = std::make_unique<Impl>(*this);
     ServiceRepositoryInterface& repository = getServiceRepository();
     createService(m_impl->messageBoxService, repository);
     createService(m_impl->selectFileService, repository);

@@ -25,7 +25,9 @@ public:
     ~Manager() override;
 
     /// The manager, constructed by the first call. What its construction throws passes through, and
-    /// the next call tries again.
+    /// the next call tries again. A first call on another thread than the application object's throws
+    /// velmora::ExceptionBase. Before there is an application object this cannot be checked: the caller
+    /// then sees to it that the application object is made on the same thread.
     static Manager& getInstance();
 
     ApplicationEventMonitorInterface& getApplicationEventMonitor() override;

@@ -8,6 +8,8 @@
 #include "testing/EngineProbe.h"
 
 #include <QApplication>
+#include <QMouseEvent>
+#include <QWidget>
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
@@ -15,6 +17,7 @@
 #include <gtest/gtest.h>
 #include <memory>
 #include <string>
+#include <thread>
 #include <utility>
 
 // Each case runs in a process of its own: there is one manager a process, and its end is at exit.
@@ -44,6 +47,18 @@ std::vector<std::string> destroyed()
         if (entry[0] == '~')
             names.push_back(entry.substr(1));
     return names;
+}
+
+// Whether the application's events pass through the manager's monitor.
+bool hearsOfAnEvent(Manager& manager)
+{
+    int heard = 0;
+    const Connection connection =
+        manager.getApplicationEventMonitor().connectMouseButtonStateChanged([&heard](auto, bool) { ++heard; });
+    QWidget receiver;
+    QMouseEvent press(QEvent::MouseButtonPress, QPoint(1, 1), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&receiver, &press);
+    return heard == 1;
 }
 
 void printDestroyed()
@@ -367,6 +382,70 @@ int theEventMonitorIsTheManagersOwn()
 TEST(ManagerDeathTest, TheEventMonitorIsTheManagersOwn)
 {
     EXPECT_EXIT(std::exit(theEventMonitorIsTheManagersOwn()), ::testing::ExitedWithCode(0), "");
+}
+
+namespace {
+
+int aFirstCallOnAnotherThreadIsRefusedAndTheNextOnTheRightOneIsNot()
+{
+    const QApplication application(g_argc, g_argv);
+    std::string message;
+    std::thread([&] {
+        try {
+            Manager::getInstance();
+        } catch (const velmora::ExceptionBase& exception) {
+            message = exception.message();
+        }
+    }).join();
+    std::fprintf(stderr, "%s", message.c_str());
+    Manager& manager = Manager::getInstance();
+    manager.init(g_argc, g_argv, "", "host");
+    const bool runs = manager.start() == ManagerStartReturnCode_Ok;
+    const bool watches = hearsOfAnEvent(manager);
+    manager.stop();
+    return runs && watches ? 0 : 1;
+}
+
+} // namespace
+
+TEST(ManagerDeathTest, AFirstCallOnAnotherThreadIsRefusedAndTheNextOnTheRightOneIsNot)
+{
+    EXPECT_EXIT(std::exit(aFirstCallOnAnotherThreadIsRefusedAndTheNextOnTheRightOneIsNot()),
+                ::testing::ExitedWithCode(0), "another thread than the application object's");
+}
+
+namespace {
+
+int anotherThreadMayAskOnceTheManagerIsThere()
+{
+    const QApplication application(g_argc, g_argv);
+    const Manager* const manager = &Manager::getInstance();
+    const Manager* seen = nullptr;
+    std::thread([&] { seen = &Manager::getInstance(); }).join();
+    return seen == manager ? 0 : 1;
+}
+
+} // namespace
+
+TEST(ManagerDeathTest, AnotherThreadMayAskOnceTheManagerIsThere)
+{
+    EXPECT_EXIT(std::exit(anotherThreadMayAskOnceTheManagerIsThere()), ::testing::ExitedWithCode(0), "");
+}
+
+namespace {
+
+int withoutAnApplicationObjectTheManagerIsMadeOnAnyThread()
+{
+    Manager* manager = nullptr;
+    std::thread([&] { manager = &Manager::getInstance(); }).join();
+    return manager == &Manager::getInstance() ? 0 : 1;
+}
+
+} // namespace
+
+TEST(ManagerDeathTest, WithoutAnApplicationObjectTheManagerIsMadeOnAnyThread)
+{
+    EXPECT_EXIT(std::exit(withoutAnApplicationObjectTheManagerIsMadeOnAnyThread()), ::testing::ExitedWithCode(0), "");
 }
 
 int main(int argc, char** argv)
