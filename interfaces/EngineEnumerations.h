@@ -27,11 +27,11 @@ enum MessageBoxReply_e : unsigned {
 };
 
 /// What a file dialog is for. Only the value 3 allows more than one file, all of which must exist;
-/// with every other value a new name can be typed as well.
+/// with every other value, 2 included, one file is asked for and a new name can be typed as well. None
+/// asks for a folder.
 enum SelectFileOption_e : int {
     SelectFileOption_ReadSingleFile = 0,
     SelectFileOption_WriteFile = 1,
-    SelectFileOption_SelectDirectory = 2,
     SelectFileOption_ReadMultipleFiles = 3
 };
 

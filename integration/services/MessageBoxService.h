@@ -25,7 +25,9 @@ public:
 
     /// Shows the UTF-8 text in a modal box over the application's main window and returns a
     /// MessageBoxReply_e value; MessageBoxReply_Error, and no box, for an unknown type. Runs a
-    /// nested event loop.
+    /// nested event loop. The box's parent (the first main window, else the first window) must not be
+    /// destroyed before this function has returned: the box is on the stack, and its parent would delete
+    /// it there, which ends the program. A host that wants to be rid of the window hides it meanwhile.
     unsigned displayMessageBox(const char* message, MessageBoxType_e type) override;
 
 private:

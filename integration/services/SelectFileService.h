@@ -16,7 +16,8 @@ public:
     ~SelectFileService() override;
 
     /// Modal. True when the person chose a file: `result` then holds its name, the first one of
-    /// several. Otherwise `result` stays as it was. With the option for several files all of
+    /// several. Otherwise, also when a window goes and takes the open dialog along, `result` stays as it
+    /// was. With the option for several files all of
     /// them must exist; with every other a new name can be typed as well, and a file that exists is
     /// taken without a question, even to write. `text1` (the title) and `text3` (the filter)
     /// must not be null, or std::logic_error is thrown; `text2` (the file offered) may be null or

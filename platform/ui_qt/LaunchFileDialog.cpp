@@ -1,13 +1,64 @@
 #include "ui_qt/LaunchFileDialog.h"
 
+#include "ui_qt/OverrideCursor.h"
+
 #include <QApplication>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QMainWindow>
+#include <QPointer>
 #include <QStringList>
+#include <memory>
 
 namespace velmora::ui {
 
 namespace {
+
+// Deletes the dialog unless its parent did so while it was open.
+struct DialogOwner {
+    ~DialogOwner() { delete dialog; }
+    QPointer<QFileDialog> dialog;
+};
+
+bool canBeParent(const QWidget& window)
+{
+    return window.isVisible() && (window.windowType() == Qt::Window || window.windowType() == Qt::Dialog);
+}
+
+// A main window before any other. Null where the application shows none.
+QWidget* firstWindow()
+{
+    QWidget* first = nullptr;
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    for (QWidget* const window : windows) {
+        if (!canBeParent(*window))
+            continue;
+        if (qobject_cast<QMainWindow*>(window))
+            return window;
+        if (!first)
+            first = window;
+    }
+    return first;
+}
+
+// A dialog without a parent could fall behind the application's windows, whose input it blocks. None
+// of them is active while the person works in another program.
+QWidget* chooseParent()
+{
+    if (QWidget* const active = QApplication::activeWindow())
+        return active;
+    QWidget* const modal = QApplication::activeModalWidget();
+    return modal ? modal : firstWindow();
+}
+
+// A person who is to choose a file does not wait.
+std::unique_ptr<OverrideCursor> arrowInPlaceOfAnother()
+{
+    const QCursor* const cursor = QApplication::overrideCursor();
+    if (!cursor || cursor->shape() == Qt::ArrowCursor)
+        return nullptr;
+    return std::make_unique<OverrideCursor>(Qt::ArrowCursor);
+}
 
 QStringList toStringList(const std::vector<std::string>& texts)
 {
@@ -45,13 +96,9 @@ QFileDialog::FileMode fileMode(bool multiple, bool save)
     return multiple && !save ? QFileDialog::ExistingFiles : QFileDialog::AnyFile;
 }
 
-} // namespace
-
-bool LaunchFileDialog(std::vector<std::string>& selected, int& filterIndex, const std::string& title,
-                      const std::vector<std::string>& filters, const std::vector<std::string>& offered, bool multiple,
-                      bool save, int initialFilter)
+void setUp(QFileDialog& dialog, const std::vector<std::string>& filters, const std::vector<std::string>& offered,
+           bool multiple, bool save, int initialFilter)
 {
-    QFileDialog dialog(QApplication::activeWindow(), QString::fromUtf8(title.c_str()));
     // The toolkit's own dialog is the same on every desktop.
     dialog.setOption(QFileDialog::DontUseNativeDialog, true);
     dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
@@ -59,14 +106,28 @@ bool LaunchFileDialog(std::vector<std::string>& selected, int& filterIndex, cons
     setFilters(dialog, filters, initialFilter);
     if (!offered.empty())
         offer(dialog, offered.front());
+}
 
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+} // namespace
+
+bool LaunchFileDialog(std::vector<std::string>& selected, int& filterIndex, const std::string& title,
+                      const std::vector<std::string>& filters, const std::vector<std::string>& offered, bool multiple,
+                      bool save, int initialFilter)
+{
+    const DialogOwner owner{new QFileDialog(chooseParent(), QString::fromUtf8(title.c_str()))};
+    setUp(*owner.dialog, filters, offered, multiple, save, initialFilter);
+    const std::unique_ptr<OverrideCursor> arrow = arrowInPlaceOfAnother();
+
+    // When its parent is destroyed, the dialog goes with it; that counts as not confirmed.
+    if (owner.dialog->exec() != QDialog::Accepted || !owner.dialog)
+        return false;
+    const QStringList chosen = owner.dialog->selectedFiles();
+    if (chosen.isEmpty())
         return false;
     selected.clear();
-    const QStringList chosen = dialog.selectedFiles();
     for (const QString& name : chosen)
         selected.push_back(name.toUtf8().constData());
-    filterIndex = static_cast<int>(dialog.nameFilters().indexOf(dialog.selectedNameFilter()));
+    filterIndex = static_cast<int>(owner.dialog->nameFilters().indexOf(owner.dialog->selectedNameFilter()));
     return true;
 }
 

@@ -5,7 +5,10 @@
 
 namespace velmora::ui {
 
-/// Shows a modal file dialog and returns true when the person confirmed it.
+/// Shows a modal file dialog and returns true when the person confirmed it. Its parent is the active
+/// window or, where none is, the application's main window or another one that is shown; destroyed while
+/// the dialog is open, it takes the dialog along, which counts as not confirmed. While the dialog is open
+/// the cursor is an arrow where another one is in force. GUI thread only; runs a nested event loop.
 ///
 /// `selected` receives the chosen names (UTF-8, absolute) and `filterIndex` the number of the filter
 /// in force. `title` is the dialog's title. `filters` are name filters in the form

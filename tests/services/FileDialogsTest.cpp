@@ -4,6 +4,7 @@
 #include "tests/support/Wait.h"
 #include "tests/support/XInput.h"
 #include "ui_qt/LaunchFileDialog.h"
+#include "ui_qt/OverrideCursor.h"
 
 #include <QApplication>
 #include <QDialogButtonBox>
@@ -11,10 +12,12 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QMainWindow>
 #include <QPushButton>
 #include <cstdlib>
 #include <filesystem>
 #include <gmock/gmock.h>
+#include <memory>
 
 // After Qt, whose enumerators some of Xlib's macros would replace.
 #include <X11/keysym.h>
@@ -80,6 +83,13 @@ Answer typingName(const std::string& name)
 void pressingEscape(QFileDialog&)
 {
     typeKey(XK_Escape);
+}
+
+// As when the person works in another program.
+void leaveAllWindows()
+{
+    QApplication::setActiveWindow(nullptr);
+    ASSERT_TRUE(waitUntil([] { return !QApplication::activeWindow(); }));
 }
 
 // A folder with files in it, and a dialog that a person answers.
@@ -301,6 +311,82 @@ TEST_F(FileDialogs, TheDialogBelongsToTheActiveWindow)
     ASSERT_TRUE(waitUntil([&] { return QApplication::activeWindow() == &window; }));
     EXPECT_FALSE(ask(Single, "Open", nullptr, "All (*)", pressingEscape));
     EXPECT_EQ(&window, m_seen.parent);
+}
+
+TEST_F(FileDialogs, WithoutAnActiveWindowTheDialogBelongsToTheMainWindow)
+{
+    QWidget other;
+    QMainWindow hidden;
+    QMainWindow window;
+    ASSERT_TRUE(showAndWait(other));
+    ASSERT_TRUE(showAndWait(window));
+    leaveAllWindows();
+    EXPECT_FALSE(ask(Single, "Open", nullptr, "All (*)", pressingEscape));
+    EXPECT_EQ(&window, m_seen.parent);
+}
+
+TEST_F(FileDialogs, WithoutAnActiveOrMainWindowTheDialogBelongsToAWindowThatIsShown)
+{
+    QWidget hidden;
+    QWidget tip(nullptr, Qt::ToolTip);
+    QWidget window;
+    ASSERT_TRUE(showAndWait(tip));
+    ASSERT_TRUE(showAndWait(window));
+    leaveAllWindows();
+    EXPECT_FALSE(ask(Single, "Open", nullptr, "All (*)", pressingEscape));
+    EXPECT_EQ(&window, m_seen.parent);
+}
+
+TEST_F(FileDialogs, OverAModalDialogItBelongsToThat)
+{
+    QMainWindow window;
+    ASSERT_TRUE(showAndWait(window));
+    QDialog dialog(&window);
+    dialog.setModal(true);
+    ASSERT_TRUE(showAndWait(dialog));
+    leaveAllWindows();
+    EXPECT_FALSE(ask(Single, "Open", nullptr, "All (*)", pressingEscape));
+    EXPECT_EQ(&dialog, m_seen.parent);
+}
+
+TEST_F(FileDialogs, WithoutAnyWindowTheDialogStandsAlone)
+{
+    EXPECT_FALSE(ask(Single, "Open", nullptr, "All (*)", pressingEscape));
+    EXPECT_EQ(nullptr, m_seen.parent);
+}
+
+TEST_F(FileDialogs, ADialogWhoseParentIsDestroyedIsNotConfirmed)
+{
+    std::unique_ptr<QWidget> window(new QWidget);
+    ASSERT_TRUE(showAndWait(*window));
+    EXPECT_FALSE(ask(Single, "Open", nullptr, "All (*)", [&](QFileDialog&) { window.reset(); }));
+    EXPECT_EQ("untouched", m_result);
+}
+
+TEST_F(FileDialogs, TheCursorIsAnArrowWhileTheDialogIsOpenAndComesBack)
+{
+    const Qt::CursorShape shapes[] = {Qt::WaitCursor, Qt::CrossCursor, Qt::ArrowCursor};
+    for (const Qt::CursorShape shape : shapes) {
+        const ui::OverrideCursor busy(shape);
+        Qt::CursorShape during = Qt::BlankCursor;
+        EXPECT_FALSE(ask(Single, "Open", nullptr, "All (*)", [&](QFileDialog& dialog) {
+            during = QApplication::overrideCursor()->shape();
+            pressingEscape(dialog);
+        }));
+        EXPECT_EQ(Qt::ArrowCursor, during);
+        EXPECT_EQ(shape, QApplication::overrideCursor()->shape());
+    }
+    EXPECT_EQ(nullptr, QApplication::overrideCursor());
+}
+
+TEST_F(FileDialogs, WithoutAnOverrideCursorNoneIsSet)
+{
+    bool overridden = true;
+    EXPECT_FALSE(ask(Single, "Open", nullptr, "All (*)", [&](QFileDialog& dialog) {
+        overridden = QApplication::overrideCursor() != nullptr;
+        pressingEscape(dialog);
+    }));
+    EXPECT_FALSE(overridden);
 }
 
 } // namespace velmora::test
