@@ -1,5 +1,6 @@
 #include "tests/services/ModalDriver.h"
 
+#include "tests/support/WindowManager.h"
 #include "tests/support/XInput.h"
 
 #include <QApplication>
@@ -14,7 +15,7 @@ const int PatienceMilliseconds = 30000;
 
 } // namespace
 
-ModalDriver::ModalDriver(std::function<void(QWidget&)> act) : m_act(std::move(act))
+ModalDriver::ModalDriver(std::function<void(QWidget&)> act) : m_act(std::move(act)), m_managed(hasWindowManager())
 {
     m_clock.start();
     startTimer(PollMilliseconds);
@@ -32,10 +33,14 @@ void ModalDriver::timerEvent(QTimerEvent*)
 void ModalDriver::actOn(QWidget& window)
 {
     if (!window.isActiveWindow()) {
-        // There is no window manager that would give a new window the focus.
-        window.activateWindow();
+        // A window manager gives a new window the focus itself.
+        if (!m_managed)
+            window.activateWindow();
         return;
     }
+    // It may have more to do with the new window, and would take the focus for a moment.
+    if (m_managed && !waitForWindowManager())
+        return;
     m_acted = true;
     m_act(window);
 }

@@ -10,7 +10,7 @@ namespace velmora::test {
 
 /// Does what a person does while a modal window is open: while the code under test runs the
 /// window's own event loop, it waits until the window can be used, acts on it once and waits for
-/// the window to go. A window that stays is closed after ten seconds, so that a test fails instead
+/// the window to go. A window that stays is closed after thirty seconds, so that a test fails instead
 /// of hanging.
 class ModalDriver : public QObject {
 public:
@@ -28,6 +28,7 @@ private:
     void giveUp();
 
     std::function<void(QWidget&)> m_act;
+    const bool m_managed;
     QElapsedTimer m_clock;
     bool m_acted = false;
     bool m_hadToClose = false;

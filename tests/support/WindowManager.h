@@ -1,0 +1,13 @@
+#pragma once
+
+namespace velmora::test {
+
+/// Whether a window manager runs on the display.
+bool hasWindowManager();
+
+/// Waits until the window manager has worked off what the X server told it before, at most 30 seconds;
+/// whether it has. The toolkit processes no events meanwhile, but what it has sent reaches the server
+/// first.
+bool waitForWindowManager();
+
+} // namespace velmora::test
