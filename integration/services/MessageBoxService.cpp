@@ -17,6 +17,12 @@ const QEvent::Type WakeUpType = static_cast<QEvent::Type>(2812);
 
 // Discards the mouse presses that reach a widget between its creation and the moment the event
 // loop has worked off what was waiting.
+//
+// Two departures, because the toolkit (Qt 5) delivers posted events before the window system's, and
+// takes the click on the box and the next one, on what lay behind it, for a double click:
+// - The wake-up is posted twice. Presses of the window system that were waiting come between the two;
+//   what the program itself sends passes from the first on.
+// - A double click of the window system whose first press the widget did not get is a press to it.
 class MousePressSwallower : public QObject {
 public:
     explicit MousePressSwallower(QWidget* target);
@@ -28,15 +34,19 @@ public:
 private:
     class WakeUp;
 
+    void wakeUp(WakeUp& event);
+    bool isUnmeantPress(const QEvent& event);
     void removeFilters();
 
     QPointer<QWidget> m_target;
     QWidget m_marker; // never shown: it only receives the wake-up
+    bool m_lastRound = false;
+    bool m_targetWasPressed = false;
 };
 
-// Disarms the swallower when it has been delivered, and as well when somebody has kept it from that:
-// a filter of the application's takes every event that comes at certain times, and a swallower
-// without its wake-up would never end.
+// Disarms the swallower when it has been delivered for the second time, and as well when somebody has
+// kept it from that: a filter of the application's takes every event that comes at certain times, and a
+// swallower without its wake-up would never end.
 class MousePressSwallower::WakeUp : public QEvent {
 public:
     explicit WakeUp(MousePressSwallower& swallower) : QEvent(WakeUpType), m_swallower(&swallower) {}
@@ -47,6 +57,9 @@ public:
     }
     WakeUp(const WakeUp&) = delete;
     WakeUp& operator=(const WakeUp&) = delete;
+
+    // Another one ends the swallower.
+    void release() { m_swallower = nullptr; }
 
 private:
     QPointer<QObject> m_swallower;
@@ -77,10 +90,32 @@ void MousePressSwallower::removeFilters()
 bool MousePressSwallower::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == &m_marker && event->type() == WakeUpType) {
-        removeFilters();
+        wakeUp(static_cast<WakeUp&>(*event));
         return false;
     }
-    return watched == m_target && event->type() == QEvent::MouseButtonPress;
+    return watched == m_target && isUnmeantPress(*event);
+}
+
+void MousePressSwallower::wakeUp(WakeUp& event)
+{
+    if (m_lastRound) {
+        removeFilters();
+        return;
+    }
+    m_lastRound = true;
+    event.release();
+    QCoreApplication::postEvent(&m_marker, new WakeUp(*this));
+}
+
+bool MousePressSwallower::isUnmeantPress(const QEvent& event)
+{
+    if (m_lastRound && !event.spontaneous())
+        return false;
+    if (event.type() == QEvent::MouseButtonPress) {
+        m_targetWasPressed = true;
+        return true;
+    }
+    return event.type() == QEvent::MouseButtonDblClick && event.spontaneous() && !m_targetWasPressed;
 }
 
 } // namespace
@@ -202,6 +237,14 @@ MessageBoxReply_e showBox(QWidget* parent, const QString& text, MessageBoxType_e
                              QMessageBox::StandardButtons(QFlag(row.buttons)), row.defaultButton));
 }
 
+// A departure: on a toolkit where the focus is the window system's to give, it is back only once the
+// event loop runs again, and without the widget that had it before the box no press would be discarded.
+QWidget* focusWidgetBehindBox(QWidget* focusedBefore)
+{
+    QWidget* const focused = QApplication::focusWidget();
+    return focused ? focused : focusedBefore;
+}
+
 bool isOtherThanArrow(const QCursor* cursor)
 {
     return cursor && cursor->shape() != Qt::ArrowCursor;
@@ -236,9 +279,10 @@ unsigned MessageBoxService::displayMessageBox(const char* message, MessageBoxTyp
     if (isOtherThanArrow(QApplication::overrideCursor()))
         arrow = std::make_unique<ui::OverrideCursor>(Qt::ArrowCursor);
 
+    const QPointer<QWidget> focusedBefore(QApplication::focusWidget());
     const MessageBoxReply_e reply = showBox(parent, text, type);
 
-    if (QWidget* const focused = QApplication::focusWidget())
+    if (QWidget* const focused = focusWidgetBehindBox(focusedBefore))
         m_slot->put(std::make_unique<MousePressSwallower>(focused));
     return reply;
 }

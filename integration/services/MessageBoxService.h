@@ -14,9 +14,9 @@ namespace services {
 
 /// Shows the engine's messages in the toolkit's own message boxes. GUI thread only.
 ///
-/// After a box the widget that has the focus does not hear of mouse presses that were already
-/// waiting when the box closed: whoever clicked twice to get rid of a box did not mean the second
-/// click for what lay behind it.
+/// After a box the widget that has the focus, or had it before where the window system has not given it
+/// back yet, does not hear of mouse presses that were already waiting when the box closed: somebody who
+/// clicked twice to get rid of a box did not mean the second click for what lay behind it.
 class VELMORA_INTEGRATION_EXPORT MessageBoxService : public MessageBoxServiceAbstract {
 public:
     MessageBoxService();

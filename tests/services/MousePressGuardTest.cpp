@@ -136,6 +136,32 @@ TEST_F(MousePressGuard, APressThatIsWaitingWhenTheBoxClosesIsDiscarded)
     EXPECT_EQ(1, m_target->presses);
 }
 
+TEST_F(MousePressGuard, WhereTheFocusIsNotBackYetTheWidgetThatHadItBeforeIsGuarded)
+{
+    MessageBoxService service;
+    ModalDriver person([](QWidget& box) {
+        new AtItsEnd(&box, [] { QApplication::setActiveWindow(nullptr); });
+        typeKey(XK_Return);
+    });
+    service.displayMessageBox("?", sdk::integration::MessageBoxType_Information);
+    ASSERT_EQ(nullptr, QApplication::focusWidget());
+    const std::unique_ptr<QMouseEvent> event(mouseEvent(QEvent::MouseButtonPress));
+    QCoreApplication::sendEvent(m_target, event.get());
+    EXPECT_EQ(0, m_target->presses);
+}
+
+TEST_F(MousePressGuard, AWidgetThatHadTheFocusMayGoWhileTheBoxIsOpen)
+{
+    MessageBoxService service;
+    ModalDriver person([this](QWidget& box) {
+        new AtItsEnd(&box, [] { QApplication::setActiveWindow(nullptr); });
+        delete m_target;
+        typeKey(XK_Return);
+    });
+    service.displayMessageBox("?", sdk::integration::MessageBoxType_Information);
+    EXPECT_TRUE(markers().isEmpty());
+}
+
 TEST_F(MousePressGuard, OnlyPressesAreDiscarded)
 {
     MessageBoxService service;
