@@ -36,12 +36,19 @@ private:
 /// Tells which of the toolkit's own handlers were reached.
 class ToolkitWatch : public sdk::integration::GLDrawArea {
 public:
+    int draws = 0; ///< of which each reaches paintGL where the context is valid
     int paints = 0;
     int resizes = 0;
     using GLDrawArea::autoBufferSwap;
     using GLDrawArea::focusInEvent;
+    using GLDrawArea::paintEvent;
 
 protected:
+    void glDraw() override
+    {
+        ++draws;
+        GLDrawArea::glDraw();
+    }
     void paintGL() override { ++paints; }
     void resizeGL(int, int) override { ++resizes; }
 };

@@ -1,4 +1,6 @@
 // Focus, mouse and keys of a drawing area: who hears of them, and in which order.
+#include "integration/glarea/MouseEvent.h"
+#include "integrationmanager/KeyEvent.h"
 #include "interfaces/KeyEventInterface.h"
 #include "interfaces/KeyEventListenerInterface.h"
 #include "interfaces/MouseEventInterface.h"
@@ -11,6 +13,7 @@
 #include <QCoreApplication>
 #include <QFocusEvent>
 #include <QMouseEvent>
+#include <QPaintEvent>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <memory>
@@ -69,6 +72,109 @@ private:
     GLDrawArea& m_area;
 };
 
+const QEvent::Type MouseTypes[] = {QEvent::MouseButtonPress, QEvent::MouseButtonRelease, QEvent::MouseButtonDblClick,
+                                   QEvent::MouseMove};
+
+/// Whether the area took it.
+bool sendMouse(GLDrawArea& area, QEvent::Type type)
+{
+    const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
+    QMouseEvent event(type, QPoint(1, 2), button, button, Qt::NoModifier);
+    return QCoreApplication::sendEvent(&area, &event) && event.isAccepted();
+}
+
+/// What listeners and slots of an area hear, in one list.
+class Order : public MouseEventListenerInterface, public GLDrawAreaListenerInterface {
+public:
+    explicit Order(GLDrawArea& area) : m_area(area)
+    {
+        area.addMouseListener(this);
+        area.addStateListener(this);
+        area.connectButtonPressed([this](MouseEventInterface&) { log.push_back("signal pressed"); });
+        area.connectButtonReleased([this](MouseEventInterface&) { log.push_back("signal released"); });
+        area.connectButtonDoublePressed([this](MouseEventInterface&) { log.push_back("signal double"); });
+        area.connectMouseMoved([this](MouseEventInterface&) { log.push_back("signal moved"); });
+        area.connectDrawAreaFocusGained([this] { log.push_back("signal focus"); });
+        area.connectDrawAreaExposed([this](bool) { log.push_back("signal exposed"); });
+        // The area says its end twice: when it is told of it, and when it goes.
+        m_atEnd = area.connectDrawAreaDestroyed([this] { log.push_back("signal destroyed"); });
+    }
+    ~Order() override
+    {
+        m_atEnd.disconnect();
+        m_area.removeMouseListener(this);
+        m_area.removeStateListener(this);
+    }
+
+    void mouseMoved(MouseEventInterface&, MouseEventObservableInterface&) override { log.push_back("listener moved"); }
+    void buttonPressed(MouseEventInterface&, MouseEventObservableInterface&) override
+    {
+        log.push_back("listener pressed");
+    }
+    void buttonReleased(MouseEventInterface&, MouseEventObservableInterface&) override
+    {
+        log.push_back("listener released");
+    }
+    void buttonDoublePressed(MouseEventInterface&, MouseEventObservableInterface&) override
+    {
+        log.push_back("listener double");
+    }
+    void drawAreaExposed(GLDrawAreaInterface&, bool) override { log.push_back("listener exposed"); }
+    void drawAreaDestroyed(GLDrawAreaInterface&) override { log.push_back("listener destroyed"); }
+    void drawAreaFocusGained(GLDrawAreaInterface&) override { log.push_back("listener focus"); }
+
+    std::vector<std::string> log;
+
+private:
+    GLDrawArea& m_area;
+    Connection m_atEnd;
+};
+
+/// Collects the sources that the records name.
+class SourceRecorder : public MouseEventListenerInterface, public KeyEventListenerInterface {
+public:
+    explicit SourceRecorder(GLDrawArea& area) : m_area(area)
+    {
+        area.addMouseListener(this);
+        area.addKeyboardListener(this);
+    }
+    ~SourceRecorder() override
+    {
+        m_area.removeMouseListener(this);
+        m_area.removeKeyboardListener(this);
+    }
+
+    void mouseMoved(MouseEventInterface& event, MouseEventObservableInterface&) override { add(event); }
+    void buttonPressed(MouseEventInterface& event, MouseEventObservableInterface&) override { add(event); }
+    void buttonReleased(MouseEventInterface& event, MouseEventObservableInterface&) override { add(event); }
+    void buttonDoublePressed(MouseEventInterface& event, MouseEventObservableInterface&) override { add(event); }
+    void keyPressed(KeyEventInterface& event, KeyEventObservableInterface&) override { add(event); }
+    void keyReleased(KeyEventInterface& event, KeyEventObservableInterface&) override { add(event); }
+
+    std::vector<MouseEventObservableInterface*> mouseSources;
+    std::vector<KeyEventObservableInterface*> keySources;
+
+private:
+    void add(MouseEventInterface& event) { mouseSources.push_back(dynamic_cast<intern::MouseEvent&>(event).source()); }
+    void add(KeyEventInterface& event) { keySources.push_back(dynamic_cast<intern::KeyEvent&>(event).source()); }
+
+    GLDrawArea& m_area;
+};
+
+/// Counts what a child does not keep to itself.
+class InputCounter : public QWidget {
+public:
+    int mouseEvents = 0;
+    int focusLosses = 0;
+
+protected:
+    void mousePressEvent(QMouseEvent*) override { ++mouseEvents; }
+    void mouseReleaseEvent(QMouseEvent*) override { ++mouseEvents; }
+    void mouseDoubleClickEvent(QMouseEvent*) override { ++mouseEvents; }
+    void mouseMoveEvent(QMouseEvent*) override { ++mouseEvents; }
+    void focusOutEvent(QFocusEvent*) override { ++focusLosses; }
+};
+
 /// An entry of the recorder's log, for a position of the area.
 std::string entry(const char* what, const GLDrawArea& area, const QPoint& position, int modifiers = 0)
 {
@@ -115,22 +221,78 @@ TEST_F(DrawArea, OnlyAFocusInEventIsAStateChangeButTheSignalAlwaysComes)
     EXPECT_EQ(emitted, 1);
 }
 
-TEST_F(DrawArea, ListenersHearBeforeTheSignals)
+TEST_F(DrawArea, OfEveryKindListenersHearBeforeTheSignals)
+{
+    ToolkitWatch area;
+    Order order(area);
+    for (const QEvent::Type type : MouseTypes)
+        sendMouse(area, type);
+    QFocusEvent focusIn(QEvent::FocusIn);
+    area.focusInEvent(&focusIn);
+    QPaintEvent paint(area.rect());
+    area.paintEvent(&paint);
+    area.onDestroyed();
+    EXPECT_EQ(order.log,
+              (std::vector<std::string>{"listener pressed", "signal pressed", "listener released", "signal released",
+                                        "listener double", "signal double", "listener moved", "signal moved",
+                                        "listener focus", "signal focus", "listener exposed", "signal exposed",
+                                        "listener destroyed", "signal destroyed"}));
+}
+
+TEST_F(DrawArea, MouseEventsReachNeitherItsParentNorTheToolkit)
+{
+    InputCounter window;
+    GLDrawArea area(&window);
+    for (const QEvent::Type type : MouseTypes)
+        EXPECT_TRUE(sendMouse(area, type)) << "the toolkit's handler would have refused it";
+    EXPECT_EQ(window.mouseEvents, 0);
+}
+
+TEST_F(DrawArea, LosingTheFocusIsAnnouncedToNobodyAndRepaintsNothing)
+{
+    InputCounter window;
+    window.resize(200, 200);
+    QVBoxLayout layout(&window);
+    GLDrawArea area(&window);
+    QWidget other(&window);
+    other.setFocusPolicy(Qt::StrongFocus);
+    layout.addWidget(&area);
+    layout.addWidget(&other);
+    Painter painter(area, Green);
+    ASSERT_TRUE(showAndWait(window));
+    focusWindow(window);
+    area.setFocus();
+    ASSERT_TRUE(waitUntil([&] { return area.hasFocus(); }));
+    ASSERT_TRUE(comesToShow(area, Green));
+    processPending();
+    const size_t exposures = painter.exposures.size();
+    const int gains = painter.focusGains;
+    int emitted = 0;
+    area.connectDrawAreaFocusGained([&] { ++emitted; });
+    other.setFocus();
+    ASSERT_TRUE(waitUntil([&] { return other.hasFocus(); }));
+    processPending();
+    EXPECT_EQ(painter.exposures.size(), exposures);
+    EXPECT_EQ(painter.focusGains, gains);
+    EXPECT_EQ(emitted, 0);
+    EXPECT_EQ(window.focusLosses, 0);
+}
+
+TEST_F(DrawArea, EachRecordNamesTheAreaAsItsSource)
 {
     GLDrawArea area;
-    Painter painter(area, Green);
-    Recorder recorder(area);
-    area.connectMouseMoved([&](MouseEventInterface&) { recorder.log.push_back("signal"); });
-    area.connectDrawAreaDestroyed([&] { EXPECT_EQ(painter.destructions, 1); });
-    size_t exposures = 0;
-    area.connectDrawAreaExposed([&](bool) { EXPECT_EQ(painter.exposures.size(), ++exposures); });
-    QMouseEvent move(QEvent::MouseMove, QPoint(1, 2), Qt::NoButton, Qt::NoButton,
-                     Qt::ShiftModifier | Qt::AltModifier | Qt::MetaModifier);
-    QCoreApplication::sendEvent(&area, &move);
-    EXPECT_EQ(recorder.log, (std::vector<std::string>{entry("moved 0", area, QPoint(1, 2), 5), "signal"}));
-    ASSERT_TRUE(showAndWait(area));
-    EXPECT_GT(exposures, 0u);
-    area.onDestroyed();
+    SourceRecorder recorder(area);
+    for (const QEvent::Type type : MouseTypes)
+        sendMouse(area, type);
+    const QEvent::Type keys[] = {QEvent::KeyPress, QEvent::KeyRelease};
+    for (const QEvent::Type type : keys) {
+        QKeyEvent event(type, Qt::Key_A, Qt::NoModifier);
+        QCoreApplication::sendEvent(&area, &event);
+    }
+    EXPECT_EQ(recorder.mouseSources,
+              std::vector<MouseEventObservableInterface*>(4, static_cast<MouseEventObservableInterface*>(&area)));
+    EXPECT_EQ(recorder.keySources,
+              std::vector<KeyEventObservableInterface*>(2, static_cast<KeyEventObservableInterface*>(&area)));
 }
 
 TEST_F(DrawArea, MouseInputReachesListenersAndSignals)

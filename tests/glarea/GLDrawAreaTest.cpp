@@ -1,5 +1,6 @@
 #include "integration/glarea/GLDrawArea.h"
 
+#include "exception/ExceptionBase.h"
 #include "testing/EngineProbe.h"
 #include "tests/glarea/DrawAreaFixture.h"
 #include "tests/support/DisplayScale.h"
@@ -7,6 +8,7 @@
 #include "tests/support/Wait.h"
 
 #include <QGLContext>
+#include <QPaintEvent>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <memory>
@@ -197,6 +199,87 @@ TEST_F(DrawArea, IsNotValidAfterOnDestroyedThoughItsContextStillIs)
     EXPECT_TRUE(area.isValid());
     EXPECT_EQ(painter.destructions, 1);
     EXPECT_EQ(emitted, 1);
+}
+
+TEST_F(DrawArea, IsNotValidAnyMoreWhenItsEndIsTold)
+{
+    class Listener : public GLDrawAreaListenerInterface {
+    public:
+        void drawAreaExposed(GLDrawAreaInterface&, bool) override {}
+        void drawAreaDestroyed(GLDrawAreaInterface& area) override
+        {
+            valid = area.isValidWidget();
+            area.removeStateListener(this);
+        }
+        void drawAreaFocusGained(GLDrawAreaInterface&) override {}
+        bool valid = true;
+    } listener;
+    bool validInSlot = true;
+    auto owner = std::make_unique<GLDrawArea>();
+    GLDrawArea* const area = owner.get();
+    area->addStateListener(&listener);
+    area->connectDrawAreaDestroyed([&] {
+        validInSlot = area->isValidWidget();
+        EXPECT_TRUE(area->isValid()) << "the context is there still";
+    });
+    ASSERT_TRUE(area->isValidWidget());
+    owner.reset();
+    EXPECT_FALSE(listener.valid);
+    EXPECT_FALSE(validInSlot);
+}
+
+TEST_F(DrawArea, TheToolkitsWordOfItsEndIsConnectedOnce)
+{
+    GLDrawArea area;
+    EXPECT_TRUE(QObject::disconnect(&area, SIGNAL(destroyed(QObject*)), &area, SLOT(onDestroyed())));
+    EXPECT_FALSE(QObject::disconnect(&area, SIGNAL(destroyed(QObject*)), &area, SLOT(onDestroyed())));
+}
+
+TEST_F(DrawArea, ItsEndIsToldOnceAlthoughTheToolkitSaysItToo)
+{
+    int told = 0;
+    {
+        GLDrawArea area;
+        area.connectDrawAreaDestroyed([&] { ++told; });
+    }
+    EXPECT_EQ(told, 1);
+}
+
+TEST_F(DrawArea, WithoutAPageAndWithoutAContextTheToolkitDoesNotPaintButTheExposureFollows)
+{
+    EngineProbe::setPageTrackerState(0);
+    ToolkitWatch area;
+    Painter painter(area, Green);
+    ASSERT_TRUE(showAndWait(area));
+    ASSERT_GT(area.paints, 0);
+    const int draws = area.draws;
+    area.removeStateListener(&painter); // it would draw
+    int exposed = 0;
+    area.connectDrawAreaExposed([&](bool) { ++exposed; });
+    const_cast<QGLContext*>(area.context())->reset();
+    ASSERT_FALSE(area.context()->isValid());
+    QPaintEvent paint(area.rect());
+    area.paintEvent(&paint);
+    EXPECT_EQ(area.draws, draws);
+    EXPECT_EQ(exposed, 1);
+}
+
+TEST_F(DrawArea, ItsObserversAreMadeInTheirOrder)
+{
+    const std::vector<std::string> names = {"GLDrawAreaPageTracker", "GLDrawAreaStateObservable",
+                                            "MouseEventObservable", "KeyEventObservable"};
+    for (size_t failing = 0; failing < names.size(); ++failing) {
+        EngineProbe::throwAt(names[failing]);
+        EngineProbe::startLog();
+        EngineProbe::clearLog();
+        EXPECT_THROW(GLDrawArea(), velmora::ExceptionBase);
+        // Those made before it, taken down again in the reverse order.
+        std::vector<std::string> taken;
+        for (const std::string& entry : EngineProbe::log())
+            if (entry[0] == '~' && entry != "~AppLock")
+                taken.push_back(entry.substr(1));
+        EXPECT_EQ(taken, std::vector<std::string>(names.rend() - static_cast<long>(failing), names.rend()));
+    }
 }
 
 TEST_F(DrawArea, ItsListenersHearOfItsEndWhileTheContextWorks)

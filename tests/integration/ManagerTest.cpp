@@ -1,4 +1,5 @@
 #include "integration/Manager.h"
+#include "engine/VelEng.h"
 #include "exception/ExceptionBase.h"
 #include "integration/glarea/GLDrawArea.h"
 #include "interfaces/ApplicationEventMonitorInterface.h"
@@ -179,6 +180,35 @@ int theProcessExitsCleanlyThoughNobodyStoppedTheEngine()
 TEST(ManagerDeathTest, TheProcessExitsCleanlyThoughNobodyStoppedTheEngine)
 {
     EXPECT_EXIT(std::exit(theProcessExitsCleanlyThoughNobodyStoppedTheEngine()), ::testing::ExitedWithCode(0), "");
+}
+
+namespace {
+
+int shutdowns = 0;
+
+void printWhetherTheEngineRuns()
+{
+    std::fprintf(stderr, "the engine runs: %d, shutdowns told: %d", VelEngIsRunning(), shutdowns);
+    std::fflush(stderr);
+}
+
+int theManagersEndDoesNotStopTheEngine()
+{
+    const QApplication application(g_argc, g_argv);
+    std::atexit(printWhetherTheEngineRuns);
+    Manager& manager = Manager::getInstance();
+    manager.connectEngineShutdownInitiated([] { ++shutdowns; });
+    manager.connectEngineShutdownFinished([] { ++shutdowns; });
+    manager.init(g_argc, g_argv, "", "host");
+    return manager.start() == ManagerStartReturnCode_Ok ? 0 : 1;
+}
+
+} // namespace
+
+TEST(ManagerDeathTest, TheManagersEndDoesNotStopTheEngine)
+{
+    EXPECT_EXIT(std::exit(theManagersEndDoesNotStopTheEngine()), ::testing::ExitedWithCode(0),
+                "the engine runs: 1, shutdowns told: 0");
 }
 
 namespace {
