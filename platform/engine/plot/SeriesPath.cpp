@@ -29,8 +29,10 @@ bool SeriesPath::next(Portion& portion)
     if (m_row >= m_series.size())
         return false;
     m_segments = 0;
+    const std::size_t first = m_row;
     for (std::size_t rows = 0; rows < rowsAPortion && m_segments < segmentsAPortion && m_row < m_series.size(); ++rows)
         takeRow(portion);
+    portion.rows = m_row - first;
     if (m_row == m_series.size())
         endLine(portion);
     return true;

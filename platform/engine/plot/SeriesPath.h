@@ -29,6 +29,7 @@ public:
     struct Portion {
         std::vector<std::vector<StrokePoint>> lines;
         std::vector<StrokePoint> dots; ///< values between two gaps
+        std::size_t rows = 0;          ///< that were read for it
     };
 
     SeriesPath(const Series& series, const AxisMap& map, double lineWidth);

@@ -1,6 +1,7 @@
 #include "engine/plot/XYPlot.h"
 
 #include "engine/gl/GLStateGuard.h"
+#include "engine/gl/KeptGeometry.h"
 #include "engine/plot/XYPainter.h"
 
 #include <cmath>
@@ -71,6 +72,8 @@ XYPlot::XYPlot(std::shared_ptr<const Table> table)
 bool XYPlot::draw(const Drawing& drawing, Breath& breath)
 {
     rememberFrameSize(drawing);
+    if (drawing.kept)
+        drawing.kept->release(*drawing.gl);
     const GLStateGuard guard(*drawing.gl);
     return XYPainter(drawing, breath, m_content, selection()).paint();
 }

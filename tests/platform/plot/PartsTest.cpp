@@ -1,6 +1,7 @@
 #include "engine/plot/Contours.h"
 #include "engine/plot/Palette.h"
 #include "engine/plot/SeriesPath.h"
+#include "engine/plot/SurfaceMesh.h"
 #include "engine/plot/SurfaceShape.h"
 #include "tests/platform/plot/SampleData.h"
 
@@ -31,23 +32,29 @@ std::vector<std::vector<StrokePoint>> linesOf(const Table& table, AxisRange x, A
     return lines;
 }
 
-MeshPart wholeMesh(const Grid& grid, int stride)
+struct WholeMesh {
+    std::vector<MeshVertex> vertices;
+    std::vector<std::size_t> indices;
+};
+
+WholeMesh wholeMesh(const std::shared_ptr<Grid>& grid, int level = 0)
 {
-    const SurfaceShape shape(grid);
-    const SurfaceMesh mesh(grid, shape, stride);
-    MeshPart all;
+    const SurfaceShape shape(*grid);
+    const SurfaceLevels levels(grid, patience());
+    const SurfaceMesh mesh(levels, shape, level);
+    WholeMesh all;
     MeshPart part;
     for (int row = 0; row < mesh.pieceRows(); ++row)
         for (int column = 0; column < mesh.pieceColumns(); ++column) {
             mesh.makePiece(column, row, part);
             for (unsigned index : part.indices)
-                all.indices.push_back(static_cast<unsigned>(all.vertices.size()) + index);
+                all.indices.push_back(all.vertices.size() + index);
             all.vertices.insert(all.vertices.end(), part.vertices.begin(), part.vertices.end());
         }
     return all;
 }
 
-double flatArea(const MeshPart& part)
+double flatArea(const WholeMesh& part)
 {
     double area = 0;
     for (std::size_t i = 0; i < part.indices.size(); i += 3) {
@@ -225,9 +232,9 @@ TEST(SurfaceMesh, CoversEveryCellOnceWithTrianglesThatFaceUp)
 {
     const auto grid = gridOf(41, 41, flat);
     const SurfaceShape shape(*grid);
-    EXPECT_NEAR(flatArea(wholeMesh(*grid, 1)), 40 * 40 * shape.stepX() * shape.stepY(), 1e-5);
-    EXPECT_NEAR(flatArea(wholeMesh(*grid, 3)), 40 * 40 * shape.stepX() * shape.stepY(), 1e-5)
-        << "the last column and row count also where the stride misses them";
+    EXPECT_NEAR(flatArea(wholeMesh(grid)), 40 * 40 * shape.stepX() * shape.stepY(), 1e-5);
+    EXPECT_NEAR(flatArea(wholeMesh(grid, 2)), 40 * 40 * shape.stepX() * shape.stepY(), 1e-5)
+        << "the last column and row count also where the level has fewer";
 }
 
 TEST(SurfaceMesh, AGapIsAHole)
@@ -235,56 +242,77 @@ TEST(SurfaceMesh, AGapIsAHole)
     const auto grid = gridOf(41, 41, [](int column, int row) { return column == 20 && row == 20 ? missing : 1; });
     const SurfaceShape shape(*grid);
     // Four cells around the gap keep the half that needs it not.
-    EXPECT_NEAR(flatArea(wholeMesh(*grid, 1)), (40 * 40 - 2) * shape.stepX() * shape.stepY(), 1e-5);
+    EXPECT_NEAR(flatArea(wholeMesh(grid)), (40 * 40 - 2) * shape.stepX() * shape.stepY(), 1e-5);
 }
 
 TEST(SurfaceMesh, ValuesWithoutNeighboursAreLevelCells)
 {
     const auto one = gridOf(9, 9, [](int column, int row) { return column == 4 && row == 2 ? 7 : missing; });
-    EXPECT_NEAR(flatArea(wholeMesh(*one, 1)), 1 / 81.0, 1e-6);
+    EXPECT_NEAR(flatArea(wholeMesh(one)), 1 / 81.0, 1e-6);
     const auto row = gridOf(8, 1, flat);
     const SurfaceShape rowShape(*row);
-    EXPECT_NEAR(flatArea(wholeMesh(*row, 1)), 8 * rowShape.stepX() * rowShape.stepY(), 1e-6);
+    EXPECT_NEAR(flatArea(wholeMesh(row)), 8 * rowShape.stepX() * rowShape.stepY(), 1e-6);
 }
 
 TEST(SurfaceMesh, NormalsLeanAwayFromTheRise)
 {
-    const auto eastwards = wholeMesh(*gridOf(9, 9, [](int column, int) { return column * 1.0; }), 1);
+    const auto eastwards = wholeMesh(gridOf(9, 9, [](int column, int) { return column * 1.0; }));
     for (const MeshVertex& vertex : eastwards.vertices) {
-        EXPECT_LT(vertex.normal[0], -0.1F);
-        EXPECT_NEAR(vertex.normal[1], 0, 1e-6);
+        EXPECT_LT(vertex.normal[0], -3000);
+        EXPECT_NEAR(vertex.normal[1], 0, 1);
     }
-    const auto northwards = wholeMesh(*gridOf(9, 9, [](int, int row) { return -row * 1.0; }), 1);
+    const auto northwards = wholeMesh(gridOf(9, 9, [](int, int row) { return -row * 1.0; }));
     for (const MeshVertex& vertex : northwards.vertices)
-        EXPECT_LT(vertex.normal[1], -0.1F);
+        EXPECT_LT(vertex.normal[1], -3000);
 }
 
-TEST(SurfaceMesh, TheStrideGrowsWithTheCellsInAPixel)
+namespace {
+
+ContourLines contoursOfGrid(const std::shared_ptr<Grid>& grid, double tolerance)
 {
-    const auto grid = gridOf(1000, 10, flat);
-    EXPECT_EQ(SurfaceMesh::strideFor(*grid, 5000), 1);
-    EXPECT_EQ(SurfaceMesh::strideFor(*grid, 600), 1);
-    EXPECT_EQ(SurfaceMesh::strideFor(*grid, 250), 4);
+    const SurfaceShape shape(*grid);
+    const SurfaceLevels levels(grid, patience());
+    MeshPart part;
+    SurfaceMesh(levels, shape, 0).makePiece(0, 0, part);
+    return contoursOf(part, shape, tolerance);
 }
+
+} // namespace
 
 TEST(Contours, LieAtTheBandBorders)
 {
     const auto grid = gridOf(33, 33, [](int column, int row) { return column + 0.1 * row; });
     const SurfaceShape shape(*grid);
-    std::vector<ContourSegment> segments;
-    addContours(wholeMesh(*grid, 1), shape, segments);
-    EXPECT_GT(segments.size(), 100u);
+    const ContourLines lines = contoursOfGrid(grid, 0);
+    EXPECT_EQ(lines.size(), shape.bandEdges().size() - 2) << "one for each border inside";
     const double step = shape.z(shape.bandEdges()[1]) - shape.z(shape.bandEdges()[0]);
-    for (const ContourSegment& segment : segments) {
-        EXPECT_NEAR(std::remainder(segment.first.z + shape.halfZ(), step), 0, 1e-5);
-        EXPECT_NEAR(segment.first.z, segment.second.z, 1e-6);
+    for (const ContourLine& line : lines) {
+        EXPECT_GE(line.size(), 2u);
+        for (const Vector3& point : line) {
+            EXPECT_NEAR(std::remainder(point.z + shape.halfZ(), step), 0, 1e-5);
+            EXPECT_NEAR(point.z, line.front().z, 1e-6);
+        }
     }
+}
+
+TEST(Contours, AroundAHillAreClosed)
+{
+    const ContourLines lines = contoursOfGrid(hill(31), 0);
+    ASSERT_FALSE(lines.empty());
+    for (const ContourLine& line : lines) {
+        EXPECT_NEAR(line.front().x, line.back().x, 1e-9);
+        EXPECT_NEAR(line.front().y, line.back().y, 1e-9);
+    }
+}
+
+TEST(Contours, StraightLinesNeedFewPoints)
+{
+    const auto slope = gridOf(33, 33, [](int column, int) { return column * 1.0 + 0.001; });
+    for (const ContourLine& line : contoursOfGrid(slope, 1e-4))
+        EXPECT_LE(line.size(), 10u);
 }
 
 TEST(Contours, ALevelSurfaceHasNone)
 {
-    const auto grid = gridOf(5, 5, flat);
-    std::vector<ContourSegment> segments;
-    addContours(wholeMesh(*grid, 1), SurfaceShape(*grid), segments);
-    EXPECT_TRUE(segments.empty());
+    EXPECT_TRUE(contoursOfGrid(gridOf(5, 5, flat), 0).empty());
 }
