@@ -8,7 +8,7 @@ namespace velmora::engine {
 std::unique_ptr<Plot> makePlot(const DataSet& data, Breath& breath)
 {
     if (const auto* table = std::get_if<std::shared_ptr<const Table>>(&data))
-        return std::make_unique<XYPlot>(*table);
+        return std::make_unique<XYPlot>(*table, breath);
     return std::make_unique<SurfacePlot>(std::get<std::shared_ptr<const Grid>>(data), breath);
 }
 

@@ -19,6 +19,7 @@ set(VELMORA_PLOT_SOURCES
   "${CMAKE_CURRENT_LIST_DIR}/Plot.cpp"
   "${CMAKE_CURRENT_LIST_DIR}/SelectablePlot.cpp"
   "${CMAKE_CURRENT_LIST_DIR}/Series.cpp"
+  "${CMAKE_CURRENT_LIST_DIR}/SeriesBlocks.cpp"
   "${CMAKE_CURRENT_LIST_DIR}/SeriesPath.cpp"
   "${CMAKE_CURRENT_LIST_DIR}/Stroke.cpp"
   "${CMAKE_CURRENT_LIST_DIR}/SurfaceData.cpp"

@@ -94,13 +94,15 @@ void XYPainter::paintLines()
 
 void XYPainter::paintLine(std::size_t line, double width, Color color, bool withDots)
 {
-    SeriesPath path(m_content.series[line], m_layout.map, width);
+    SeriesPath path(m_content.series[line], m_layout.map, width, m_canvas.drawing().detail);
     SeriesPath::Portion portion;
     Stroke stroke(width, color);
     while (!m_canvas.stopped() && path.next(portion)) {
         stroke.clear();
         for (const auto& points : portion.lines)
             stroke.addLine(points.data(), points.size());
+        for (const Rect& bar : portion.bars)
+            stroke.addBar(bar);
         for (const StrokePoint& dot : portion.dots)
             if (withDots)
                 stroke.addDisc(dot, points(dotRadius));

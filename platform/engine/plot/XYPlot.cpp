@@ -61,11 +61,11 @@ Rect common(const Rect& a, const Rect& b)
 
 } // namespace
 
-XYPlot::XYPlot(std::shared_ptr<const Table> table)
+XYPlot::XYPlot(std::shared_ptr<const Table> table, Breath& breath)
 {
     m_content.table = std::move(table);
-    m_content.series = seriesOf(*m_content.table);
-    findRanges(m_content.series, m_fullX, m_fullY);
+    m_content.series = seriesOf(*m_content.table, breath);
+    findRanges(m_content.series, m_fullX, m_fullY, breath);
     XYPlot::fit();
 }
 

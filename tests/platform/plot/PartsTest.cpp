@@ -7,7 +7,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
+#include <random>
 #include <set>
 
 using namespace velmora::engine;
@@ -21,7 +23,7 @@ const Rect square{0, 0, 100, 100};
 std::vector<std::vector<StrokePoint>> linesOf(const Table& table, AxisRange x, AxisRange y,
                                               std::vector<StrokePoint>* dots = nullptr)
 {
-    SeriesPath path(seriesOf(table).front(), {x, y, square}, 1);
+    SeriesPath path(seriesOf(table, patience()).front(), {x, y, square}, 1);
     SeriesPath::Portion portion;
     std::vector<std::vector<StrokePoint>> lines;
     while (path.next(portion)) {
@@ -130,6 +132,64 @@ TEST(SeriesPath, KeepsTheExtremesOfManyRowsInOneColumnOfPixels)
     EXPECT_LT(points, 600u);
     EXPECT_NEAR(highest, 90, 1e-9);
     EXPECT_NEAR(lowest, 10, 1e-9);
+}
+
+TEST(SeriesPath, BlocksOfRowsLookLikeTheirRows)
+{
+    std::mt19937 random(5);
+    std::normal_distribution<double> noise;
+    std::vector<double> values(60000);
+    for (std::size_t i = 0; i < values.size(); ++i)
+        values[i] = i / 7000 == 3 && i % 700 == 5 ? missing : 50 + 10 * noise(random);
+    const auto table = tableOf({values});
+    std::swap(table->columns[0].values[20000], table->columns[0].values[20900]); // it goes back here
+    for (const double from : {0.0, 12345.6}) {
+        Series series = seriesOf(*table, patience()).front();
+        const AxisMap map{{from, 60000}, {0, 100}, square};
+        const auto pathOf = [&] {
+            SeriesPath path(series, map, 1);
+            SeriesPath::Portion portion;
+            std::vector<Point> points;
+            while (path.next(portion))
+                for (const auto& line : portion.lines)
+                    for (const StrokePoint& point : line)
+                        points.push_back({point.x, point.y});
+            return points;
+        };
+        const std::vector<Point> withBlocks = pathOf();
+        series.blocks = nullptr;
+        const std::vector<Point> without = pathOf();
+        // Portions end elsewhere, and where one ends its last point comes again.
+        const auto distinct = [](std::vector<Point> points) {
+            points.erase(
+                std::unique(points.begin(), points.end(), [](Point a, Point b) { return a.x == b.x && a.y == b.y; }),
+                points.end());
+            return points;
+        };
+        const std::vector<Point> a = distinct(withBlocks);
+        const std::vector<Point> b = distinct(without);
+        ASSERT_EQ(a.size(), b.size()) << from;
+        for (std::size_t i = 0; i < a.size(); ++i)
+            ASSERT_TRUE(a[i].x == b[i].x && a[i].y == b[i].y) << i;
+    }
+}
+
+TEST(SeriesPath, ACoarsePathOfManyRowsIsTheirEnvelope)
+{
+    std::vector<double> values;
+    for (int i = 0; i < 100000; ++i)
+        values.push_back(i == 45678 ? 90 : i == 71234 ? 5 : 50 + i % 7);
+    const auto table = tableOf({values});
+    SeriesPath path(seriesOf(*table, patience()).front(), {{0, 100000}, {0, 100}, square}, 1, Detail::Coarse);
+    SeriesPath::Portion portion;
+    std::vector<Rect> bars;
+    while (path.next(portion))
+        bars.insert(bars.end(), portion.bars.begin(), portion.bars.end());
+    ASSERT_EQ(bars.size(), 100u) << "one for each column of pixels";
+    for (const Rect& bar : bars) {
+        EXPECT_NEAR(bar.y2, bar.x1 == 45 ? 90 : 56, 1e-9);
+        EXPECT_NEAR(bar.y1, bar.x1 == 71 ? 5 : 50, 1e-9);
+    }
 }
 
 TEST(SeriesPath, CutsOffWhatIsFarOutside)
