@@ -29,7 +29,7 @@ EngineSession::~EngineSession()
 
 void EngineSession::makeDrawingSlow()
 {
-    constexpr int ExtraMicrosecondsPerPortion = 2000;
+    constexpr int ExtraMicrosecondsPerPortion = 4000;
     const velmora::sdk::AppLock lock(velmora::sdk::AppLock::ImplicitMacroRecording::Off);
     writeSetting("Interface", "DrawingDelay", ExtraMicrosecondsPerPortion);
 }

@@ -40,8 +40,11 @@ VELMORA_PLATFORM_EXPORT void VelEngProcessWhileBusyRegisterCallback(int (*callba
 /// The function that hears how far the work is: what is done in a few words, and 0 to 1.
 VELMORA_PLATFORM_EXPORT void
 VelEngProgressRegisterCallback(void (*callback)(const char* what, double fraction, long clientData), long clientData);
-/// Gives the engine a turn of its own: draws on what exposures and commands left waiting. Returns 1
-/// when there was anything to do. Does nothing when the engine is busy already.
+/// Gives the engine a turn of its own: shows a coarse picture of each page that changed, at once, and then
+/// refines them. The engine is not busy while it refines: between two slices it gives the application its turn
+/// through the process-while-busy callback, and what comes there comes as if the engine had nothing to do; a
+/// change of a page ends its refinement, and the page waits for the next turn. Returns 1 when there was
+/// anything to do. Does nothing when the engine is busy, or refines already further down the call stack.
 VELMORA_PLATFORM_EXPORT int VelEngTurn();
 /// The function that the engine calls when work begins to wait for a turn.
 VELMORA_PLATFORM_EXPORT void VelEngTurnWantedRegisterCallback(void (*callback)(long clientData), long clientData);

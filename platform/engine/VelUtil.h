@@ -18,7 +18,8 @@ extern "C" {
 
 // ---- state
 
-/// 1 while the engine works: it loads, draws or exports. Works without a started engine.
+/// 1 while the engine works: it loads, exports, or draws because it was told to (VelUtilWorkFinish()); not
+/// while it refines a picture that already shows. Works without a started engine.
 VELMORA_PLATFORM_EXPORT int VelUtilIsBusy();
 /// Whether the binding should print what it does ("Interface"/"PrintDebug" is on, or the
 /// environment variable VELMORA_PRINT_DEBUG is set to anything but 0).
@@ -49,12 +50,12 @@ VELMORA_PLATFORM_EXPORT int VelUtilDataLoad(const char* fileName);
 VELMORA_PLATFORM_EXPORT const char* VelUtilDataDescription();
 /// The fraction of the current work that is done, 0 to 1; 1 when the engine is not busy.
 VELMORA_PLATFORM_EXPORT double VelUtilWorkProgress();
-/// 1 when the active page shows the whole of its picture, 0 while parts are missing because the
-/// drawing goes on or was interrupted.
+/// 1 when the active page shows its full picture, 0 while it shows a coarse one, because that is being
+/// refined or was interrupted.
 VELMORA_PLATFORM_EXPORT int VelUtilPageIsComplete();
 /// 1 when drawing the active page was interrupted and nothing has asked for it again.
 VELMORA_PLATFORM_EXPORT int VelUtilPageIsInterrupted();
-/// Draws what an interruption left out, at the engine's next turn.
+/// Draws the full picture after an interruption, at the engine's next turn.
 VELMORA_PLATFORM_EXPORT void VelUtilPageFinish();
 /// Asks for the active page to be drawn anew at the engine's next turn.
 VELMORA_PLATFORM_EXPORT void VelUtilPageRedraw();

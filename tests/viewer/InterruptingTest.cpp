@@ -1,4 +1,4 @@
-// Drawing that takes long, and what a person can do meanwhile.
+// A picture that takes long to refine, and what a person can do meanwhile: everything.
 
 #include "tests/viewer/OpenViewer.h"
 
@@ -12,6 +12,8 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QMenu>
+#include <QMenuBar>
 #include <QMessageBox>
 #include <QProgressBar>
 #include <QPushButton>
@@ -27,135 +29,113 @@ using velmora::testing::EngineProbe;
 
 namespace {
 
-const char* const Incomplete = "The plot is incomplete.";
-
-/// A window that draws slowly.
-class SlowDrawing : public OpenViewer {
+/// A window whose pictures are refined slowly.
+class SlowRefining : public OpenViewer {
 protected:
-    SlowDrawing() { session->makeDrawingSlow(); }
-
-    bool isWorking() { return VelUtilIsBusy() && button("Stop")->isVisible(); }
-
-    /// Opens a surface that takes seconds and acts once a person can see that it does.
-    void openAndMeanwhile(const std::function<void()>& act)
+    SlowRefining()
     {
-        Onlooker onlooker([this] { return isWorking(); }, act);
-        window->openFile(folder.writeGrid(120));
+        open(folder.writeGrid(120));
+        EXPECT_TRUE(waitUntil([&] { return statusBarSays("Idle"); }));
+        session->makeDrawingSlow();
+    }
+
+    /// Changes the view and acts while its coarse picture is refined.
+    void changeViewAndMeanwhile(const std::function<void()>& act)
+    {
+        Onlooker onlooker([] { return !VelUtilIsBusy() && !VelUtilPageIsComplete(); }, act);
+        VelUtilViewRotate(10, 0);
+        window->drawArea().update();
         EXPECT_TRUE(waitUntil([&] { return onlooker.hasActed(); }, 30000));
         EXPECT_TRUE(settle());
-    }
-
-    void expectInterrupted()
-    {
-        EXPECT_TRUE(VelUtilPageIsInterrupted());
-        EXPECT_FALSE(button("Stop")->isVisible());
-        EXPECT_FALSE(progressBar()->isVisible());
-        EXPECT_TRUE(statusBarSays(Incomplete));
-        EXPECT_TRUE(button("Finish")->isVisible());
-        EXPECT_TRUE(action("F&inish Drawing")->isEnabled());
-    }
-
-    void expectFinished()
-    {
-        EXPECT_TRUE(waitUntil([] { return VelUtilPageIsComplete() == 1; }, 60000));
-        EXPECT_TRUE(settle());
+        EXPECT_TRUE(VelUtilPageIsComplete());
         expectSurface(shown());
-        EXPECT_FALSE(button("Finish")->isVisible());
-        EXPECT_FALSE(action("F&inish Drawing")->isEnabled());
-        EXPECT_FALSE(statusBarSays(Incomplete));
+    }
+
+    static std::vector<std::string> viewCalls()
+    {
+        std::vector<std::string> calls;
+        for (const std::string& call : EngineProbe::log())
+            if (call.rfind("VelUtilView", 0) == 0)
+                calls.push_back(call);
+        return calls;
     }
 };
 
-void pressStop(const QPushButton& stop)
-{
-    movePointer(stop, stop.rect().center());
-    pressButton(1);
-    releaseButton(1);
-}
-
 } // namespace
 
-TEST_F(SlowDrawing, ShowsHowFarItIsAndEndsComplete)
+TEST_F(SlowRefining, IsNoWorkToStopAndNothingIsMissingMeanwhile)
 {
-    int first = -1;
-    int greatest = -1;
-    openAndMeanwhile([&] { first = progressBar()->value(); });
-    EXPECT_TRUE(VelUtilPageIsComplete());
-    EXPECT_GE(first, 0);
-    greatest = progressBar()->value();
-    EXPECT_GT(greatest, first);
-    EXPECT_FALSE(progressBar()->isVisible());
-    EXPECT_FALSE(button("Stop")->isVisible());
-    EXPECT_FALSE(button("Finish")->isVisible());
+    changeViewAndMeanwhile([this] {
+        EXPECT_FALSE(button("Stop")->isVisible());
+        EXPECT_FALSE(progressBar()->isVisible());
+        EXPECT_FALSE(button("Finish")->isVisible());
+        expectSurface(shown());
+    });
+}
+
+TEST_F(SlowRefining, IsFollowedByIdleTime)
+{
+    changeViewAndMeanwhile([] {});
     EXPECT_TRUE(waitUntil([&] { return statusBarSays("Idle"); }));
 }
 
-TEST_F(SlowDrawing, DoesNotCallItselfIdle)
+TEST_F(SlowRefining, AMenuOpensMeanwhile)
 {
-    ASSERT_TRUE(waitUntil([&] { return statusBarSays("Idle"); }));
-    bool idleMeanwhile = true;
-    openAndMeanwhile([&] { idleMeanwhile = statusBarSays("Idle"); });
-    EXPECT_FALSE(idleMeanwhile);
+    bool opened = false;
+    changeViewAndMeanwhile([&] {
+        const QAction& viewMenu = *window->menuBar()->actions().at(1);
+        click(*window->menuBar(), window->menuBar()->actionGeometry(const_cast<QAction*>(&viewMenu)).center());
+        opened = waitUntil([] { return QApplication::activePopupWidget() != nullptr; });
+        typeKey(XK_Escape);
+        EXPECT_TRUE(waitUntil([] { return QApplication::activePopupWidget() == nullptr; }));
+    });
+    EXPECT_TRUE(opened);
 }
 
-TEST_F(SlowDrawing, IsStoppedByEscapeAndFinishedByTheButton)
+TEST_F(SlowRefining, AShortcutMeanwhileDoesItsWorkOnce)
 {
-    openAndMeanwhile([] { typeKey(XK_Escape); });
-    expectInterrupted();
-    EXPECT_FALSE(statusBarSays("Idle"));
-    const QPushButton& finish = *button("Finish");
-    click(finish, finish.rect().center());
-    expectFinished();
+    EngineProbe::startLog();
+    changeViewAndMeanwhile([] { typeKey(XK_f); });
+    EXPECT_EQ(viewCalls(), (std::vector<std::string>{"VelUtilViewRotate", "VelUtilViewFit"}));
 }
 
-TEST_F(SlowDrawing, IsFinishedByTheKeyToo)
+TEST_F(SlowRefining, ADragAndAWheelMeanwhileDoTheirWorkOnceAndInOrder)
 {
-    EXPECT_FALSE(action("F&inish Drawing")->isEnabled());
-    openAndMeanwhile([] { typeKey(XK_Escape); });
-    expectInterrupted();
-    type(XK_F5);
-    expectFinished();
+    movePointer(area(), centre());
+    processPending();
+    EngineProbe::startLog();
+    changeViewAndMeanwhile([this] {
+        pressButton(1);
+        movePointer(area(), centre() + QPoint(30, 0));
+        releaseButton(1);
+        pressButton(4); // a notch of the wheel
+        releaseButton(4);
+        EXPECT_TRUE(waitUntil([] { return viewCalls().back() == "VelUtilViewZoom"; }));
+    });
+    EXPECT_EQ(viewCalls(), (std::vector<std::string>{"VelUtilViewRotate", "VelUtilViewRotate", "VelUtilViewZoom"}));
 }
 
-TEST_F(SlowDrawing, IsStoppedByAClickOnStop)
-{
-    openAndMeanwhile([this] { pressStop(*button("Stop")); });
-    expectInterrupted();
-}
-
-TEST_F(SlowDrawing, IsNotStoppedByAClickBeside)
-{
-    openAndMeanwhile([this] { click(area(), centre()); });
-    EXPECT_TRUE(VelUtilPageIsComplete());
-}
-
-TEST_F(SlowDrawing, ADialogThatOpensMeanwhileIsAnsweredAndDoesNotStopIt)
+TEST_F(SlowRefining, ADialogThatOpensMeanwhileIsAnswered)
 {
     ModalDriver person([](QWidget&) { typeKey(XK_Escape); });
-    openAndMeanwhile([this] {
+    changeViewAndMeanwhile([this] {
         QMessageBox(QMessageBox::Question, "Question", "Yes?", QMessageBox::Yes | QMessageBox::Cancel, window.get())
             .exec();
     });
     EXPECT_TRUE(person.hasActed());
     EXPECT_FALSE(person.hadToClose());
-    EXPECT_TRUE(VelUtilPageIsComplete());
 }
 
-TEST_F(SlowDrawing, AShortcutMeanwhileDoesItsWorkOnce)
+TEST_F(SlowRefining, AnotherFileCanBeOpenedMeanwhile)
 {
-    EngineProbe::startLog();
-    openAndMeanwhile([] { typeKey(XK_f); });
-    const std::vector<std::string> log = EngineProbe::log();
-    EXPECT_EQ(std::count(log.begin(), log.end(), "VelUtilViewFit"), 1);
-    EXPECT_TRUE(VelUtilPageIsComplete());
-    expectSurface(shown());
+    const QString other = folder.writeGrid(30);
+    changeViewAndMeanwhile([&] { window->openFile(other); });
+    EXPECT_STREQ(VelUtilDataDescription(), "30 x 30 grid, no gaps");
 }
 
-TEST_F(SlowDrawing, IsNotStoppedByEscapeWhenItIsOver)
+TEST_F(SlowRefining, EscapeIsNoInterruption)
 {
-    open(folder.writeGrid());
-    type(XK_Escape);
-    EXPECT_TRUE(settle());
-    EXPECT_TRUE(VelUtilPageIsComplete());
-    EXPECT_FALSE(statusBarSays(Incomplete));
+    changeViewAndMeanwhile([] { typeKey(XK_Escape); });
+    EXPECT_FALSE(VelUtilPageIsInterrupted());
+    EXPECT_FALSE(statusBarSays("The plot is incomplete."));
 }

@@ -240,20 +240,14 @@ TEST_F(PrintCommand, ThePreviewTurnsTheEnginesPaper)
     EXPECT_FALSE(kernelPortrait());
 }
 
-TEST_F(PrintCommand, ThePreviewIsDrawnOnceTheEngineHasDrawnTheWindow)
+TEST_F(PrintCommand, ThePreviewIsDrawnOnceTheEngineIsNotBusyAnyMore)
 {
     preview([this](QPrintPreviewDialog& dialog) {
-        bool isTurned = true;
-        const Onlooker whileBusy([] { return VelUtilIsBusy() != 0; },
-                                 [&] {
-                                     actionOf(dialog, "Landscape")->trigger();
-                                     isTurned = !kernelPortrait();
-                                 });
-        VelUtilFrameFitAllToPaper();
-        window->drawArea().update();
-        const auto isDrawn = [&] { return whileBusy.hasActed() && !kernelPortrait() && !VelUtilIsBusy(); };
-        EXPECT_TRUE(waitUntil(isDrawn));
-        EXPECT_FALSE(isTurned) << "nothing changes in the middle of a drawing";
+        EngineProbe::setBusy(true);
+        actionOf(dialog, "Landscape")->trigger();
+        EXPECT_TRUE(kernelPortrait()) << "nothing changes in the middle of work";
+        EngineProbe::setBusy(false);
+        EXPECT_TRUE(waitUntil([] { return !kernelPortrait() && !VelUtilIsBusy(); }));
         EXPECT_GT(previewedPixels(dialog), 500);
         dialog.close();
     });

@@ -265,7 +265,8 @@ TEST_F(Surface, ThePauseIsHeardInTheMiddleOfADrawing)
 {
     session->makeDrawingSlow();
     clickTool("&Turn the Surface");
-    Onlooker onlooker([] { return VelUtilIsBusy() != 0; }, [this] { click(*tool("Stop Turnin&g"), QPoint(8, 8)); });
+    Onlooker onlooker([] { return VelUtilPageIsComplete() == 0; },
+                      [this] { click(*tool("Stop Turnin&g"), QPoint(8, 8)); });
     EXPECT_TRUE(waitUntil([&] { return onlooker.hasActed() && action("&Turn the Surface")->isEnabled(); }));
     expectStanding();
 }

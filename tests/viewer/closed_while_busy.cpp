@@ -1,5 +1,5 @@
-// The viewer whose window is closed by the window manager in the middle of a slow drawing. The
-// drawing must be interrupted, the window closed once, after the drawing has unwound, and the event
+// The viewer whose window is closed by the window manager while it reads a file slowly. The reading
+// must be interrupted, the window closed once, after the reading has unwound, and the event
 // loop must end by itself with exit code 0. Any other end is an error and tells why.
 
 #include "EngineSession.h"
@@ -30,7 +30,7 @@ public:
 
     int tell() const
     {
-        std::fprintf(stderr, "The window was closed %d times, of these %d in the middle of the drawing.\n", closings,
+        std::fprintf(stderr, "The window was closed %d times, of these %d in the middle of the reading.\n", closings,
                      whileBusy);
         return WrongClosing;
     }
@@ -62,12 +62,12 @@ int closeWhileBusy(viewer::EngineSession& session, const TempFolder& folder)
     window.installEventFilter(&counter);
     const QProgressBar& bar = *window.findChild<QProgressBar*>();
     Onlooker onlooker([&] { return VelUtilIsBusy() && bar.isVisible(); }, [&] { closeByWindowManager(window); });
-    window.openLater(QStringList() << folder.writeGrid(120));
+    window.openLater(QStringList() << folder.writeGrid(1000));
     const int result = QApplication::exec();
     if (result != 0)
         return fail(result, "Nothing ended the event loop.");
-    if (!onlooker.hasActed() || !VelUtilPageIsInterrupted())
-        return fail(WrongClosing, "The drawing was not interrupted.");
+    if (!onlooker.hasActed() || !VelUtilWasInterrupted())
+        return fail(WrongClosing, "The reading was not interrupted.");
     if (counter.closings != 1 || counter.whileBusy != 0)
         return counter.tell();
     return 0;

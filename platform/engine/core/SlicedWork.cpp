@@ -23,17 +23,14 @@ bool SlicedWork::goOn(double fraction)
 {
     if (m_stopped || m_pointless)
         return false;
-    setWorkProgress(fraction);
+    if (isBusy())
+        setWorkProgress(fraction);
     delay();
     if (Clock::now() - m_sliceStart < m_budget)
         return true;
     endSlice();
-    callbacks().progress(m_what.c_str(), fraction);
-    if (!giveTurn())
-        return false;
-    if (!isShowDue())
-        return true;
-    show();
+    if (isBusy())
+        callbacks().progress(m_what.c_str(), fraction);
     return giveTurn();
 }
 

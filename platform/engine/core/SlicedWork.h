@@ -7,9 +7,11 @@
 
 namespace velmora::engine {
 
-/// Work that is done in slices of at most 5 milliseconds. Between two of them it reports how far it
-/// is and gives the application its turn, through the callbacks that the binding registered; without
-/// them it just goes on. Whoever works lives inside a BusyScope.
+/// Work that is done in slices of at most 5 milliseconds. Between two of them it gives the application its
+/// turn, through the callback that the binding registered; without one it just goes on.
+///
+/// Inside a BusyScope it also reports how far it is, and the application can stop it. Without one, what
+/// comes in a turn comes as if the engine had nothing to do.
 class SlicedWork : public Breath {
 public:
     /// `what` is done, in a few words for a person.
@@ -30,15 +32,14 @@ protected:
     /// when that is impossible or the work has lost its purpose.
     virtual void beforeTurn() {}
     virtual bool afterTurn() { return true; }
-    /// Whether it is time to show how far the work is. Showing is a slice of its own.
-    virtual bool isShowDue() const { return false; }
-    virtual void show() {}
+
+    /// Gives the application its turn now; whether the work is to go on.
+    bool giveTurn();
 
 private:
     using Clock = std::chrono::steady_clock;
     void delay() const;
     void endSlice();
-    bool giveTurn();
 
     std::string m_what;
     Clock::time_point m_sliceStart;

@@ -6,6 +6,8 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
+#include <system_error>
 
 namespace velmora::engine {
 
@@ -40,11 +42,30 @@ bool parseWithDecimalComma(std::string_view text, double& value)
     return parseNumber({pointed.data(), text.size()}, value) == NumberText::Number;
 }
 
+/// Nearly all cells, and cheaply: digits, perhaps a sign and a point, and nothing else.
+bool parsePlainNumber(std::string_view text, Cell& cell)
+{
+    const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+    if (text.empty() || !isDigit(text.back()) || (!isDigit(text.front()) && text.front() != '-')) {
+        return false;
+    }
+    const auto read = std::from_chars(text.data(), text.data() + text.size(), cell.value);
+    if (read.ec != std::errc() || read.ptr != text.data() + text.size()) {
+        return false;
+    }
+    cell.kind = CellKind::Number;
+    cell.decimalMark = text.find('.') != std::string_view::npos ? '.' : '\0';
+    return true;
+}
+
 } // namespace
 
 Cell parseCell(std::string_view text, bool allowDecimalComma)
 {
     Cell cell;
+    if (parsePlainNumber(text, cell)) {
+        return cell;
+    }
     text = trimmed(text);
     if (isMissing(text)) {
         return cell;

@@ -34,7 +34,7 @@ double agreement(std::string_view sample, Delimiter delimiter)
         Record record;
         while (records < sampleRecords && reader.next(record)) {
             ++records;
-            ++recordsByFields[record.count];
+            ++recordsByFields[record.fields.size()];
         }
     } catch (const ReadError&) {
         ++records; // not readable with this delimiter, or a quoted value reaches out of the sample

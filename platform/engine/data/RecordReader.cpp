@@ -2,6 +2,8 @@
 
 #include "engine/data/TextSource.h"
 
+#include <algorithm>
+
 namespace velmora::engine {
 
 namespace {
@@ -20,14 +22,88 @@ bool RecordReader::next(Record& record)
     if (!skipToRecord()) {
         return false;
     }
-    record.count = 0;
+    record.fields.clear();
+    if (!readLine(record)) {
+        readFields(record);
+    }
+    return true;
+}
+
+/// The usual line is in memory as a whole and has no quotes: then nothing needs to be copied.
+bool RecordReader::readLine(Record& record)
+{
+    const auto line = m_source.lineAhead();
+    if (!line || line->find('"') != std::string_view::npos) {
+        return false;
+    }
+    m_source.takeLineAhead(*line);
+    record.line = m_source.line();
+    split(*line, record);
+    return true;
+}
+
+void RecordReader::split(std::string_view line, Record& record) const
+{
+    for (;;) {
+        const std::size_t length = lengthOfField(line);
+        addField(trimmed(line.substr(0, length)), record);
+        if (length == line.size()) {
+            return;
+        }
+        line.remove_prefix(length + 1);
+        if (m_delimiter != Delimiter::Blanks) {
+            continue;
+        }
+        line = trimmed(line);
+        if (line.empty()) {
+            return;
+        }
+    }
+}
+
+std::size_t RecordReader::lengthOfField(std::string_view line) const
+{
+    const std::size_t length =
+        m_delimiter == Delimiter::Blanks ? line.find_first_of(" \t") : line.find(static_cast<char>(m_delimiter));
+    return std::min(length, line.size());
+}
+
+std::string_view RecordReader::trimmed(std::string_view field) const
+{
+    while (!field.empty() && isBlank(field.front())) {
+        field.remove_prefix(1);
+    }
+    while (!field.empty() && isBlank(field.back())) {
+        field.remove_suffix(1);
+    }
+    return field;
+}
+
+void RecordReader::addField(std::string_view field, Record& record) const
+{
+    if (record.fields.size() == mostFields) {
+        m_source.fail(m_source.line(), "there are more than " + std::to_string(mostFields) + " columns",
+                      "Read a part of the table, with fewer columns");
+    }
+    record.fields.push_back(field);
+}
+
+/// Character by character, and the fields point into the texts when all are there.
+void RecordReader::readFields(Record& record)
+{
+    std::size_t count = 0;
     do {
-        readField(startField(record));
-        if (record.count == 1) {
+        addField({}, record);
+        if (count == record.texts.size()) {
+            record.texts.emplace_back();
+        }
+        record.texts[count].clear();
+        readField(record.texts[count]);
+        if (++count == 1) {
             record.line = m_source.line();
         }
     } while (takeDelimiter());
-    return true;
+    std::copy_n(record.texts.begin(), count, record.fields.begin());
 }
 
 /// A tab is a delimiter, not a blank, where tabs delimit.
@@ -64,20 +140,6 @@ bool RecordReader::skipToRecord()
         }
         skipLine();
     }
-}
-
-std::string& RecordReader::startField(Record& record)
-{
-    if (record.count == mostFields) {
-        m_source.fail(m_source.line(), "there are more than " + std::to_string(mostFields) + " columns",
-                      "Read a part of the table, with fewer columns");
-    }
-    if (record.count == record.fields.size()) {
-        record.fields.emplace_back();
-    }
-    std::string& field = record.fields[record.count++];
-    field.clear();
-    return field;
 }
 
 void RecordReader::readField(std::string& field)

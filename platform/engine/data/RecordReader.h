@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace velmora::engine {
@@ -11,11 +12,11 @@ class TextSource;
 /// What separates the fields of a line. Blanks means any run of spaces and tabs.
 enum class Delimiter : char { Tab = '\t', Semicolon = ';', Comma = ',', Blanks = ' ' };
 
-/// The fields of one row of a table, blanks around them left out.
+/// The fields of one row of a table, blanks around them left out; valid until the next one is read.
 struct Record {
     long line = 0; ///< where it starts
-    std::size_t count = 0;
-    std::vector<std::string> fields; ///< the first `count`; the rest is kept for its memory
+    std::vector<std::string_view> fields;
+    std::vector<std::string> texts; ///< memory of fields that are not in the source's as they are
 };
 
 /// Takes a delimited text apart into records. Fields in double quotes may hold delimiters, line
@@ -31,9 +32,14 @@ public:
 
 private:
     bool skipToRecord();
+    bool readLine(Record& record);
+    void readFields(Record& record);
+    void split(std::string_view line, Record& record) const;
+    std::string_view trimmed(std::string_view field) const;
+    std::size_t lengthOfField(std::string_view line) const;
+    void addField(std::string_view field, Record& record) const;
     void skipBlanks();
     void skipLine();
-    std::string& startField(Record& record);
     void readField(std::string& field);
     void readPlain(std::string& field);
     void readQuoted(std::string& field);

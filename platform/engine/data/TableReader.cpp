@@ -51,7 +51,7 @@ std::shared_ptr<Table> TableReader::read()
 bool TableReader::isHeader(const Record& record) const
 {
     bool hasWord = false;
-    for (std::size_t i = 0; i < record.count; ++i) {
+    for (std::size_t i = 0; i < record.fields.size(); ++i) {
         const CellKind kind = parseCell(record.fields[i], m_allowDecimalComma).kind;
         if (kind == CellKind::Number || kind == CellKind::Date) {
             return false;
@@ -64,26 +64,26 @@ bool TableReader::isHeader(const Record& record) const
 void TableReader::startColumns(const Record& first, bool isHeader)
 {
     m_firstLine = first.line;
-    m_builders.reserve(first.count);
-    for (std::size_t i = 0; i < first.count; ++i) {
+    m_builders.reserve(first.fields.size());
+    for (std::size_t i = 0; i < first.fields.size(); ++i) {
         const bool isNamed = isHeader && !first.fields[i].empty();
-        m_builders.emplace_back(isNamed ? first.fields[i] : "Column " + std::to_string(i + 1));
+        m_builders.emplace_back(isNamed ? std::string(first.fields[i]) : "Column " + std::to_string(i + 1));
     }
 }
 
 void TableReader::addRow(const Record& record)
 {
-    if (record.count != m_builders.size()) {
+    if (record.fields.size() != m_builders.size()) {
         m_source.fail(record.line,
-                      "there are " + plural(record.count, "value") + ", but line " + std::to_string(m_firstLine) +
-                          " has " + std::to_string(m_builders.size()) + " (the last here is " +
-                          quotedForMessage(record.fields[record.count - 1]) + ")",
+                      "there are " + plural(record.fields.size(), "value") + ", but line " +
+                          std::to_string(m_firstLine) + " has " + std::to_string(m_builders.size()) +
+                          " (the last here is " + quotedForMessage(record.fields.back()) + ")",
                       "Give each line as many values, and quote a value that holds the delimiter");
     }
     if (++m_rows == rowsBeforeEstimate) {
         expectRows();
     }
-    for (std::size_t i = 0; i < record.count; ++i) {
+    for (std::size_t i = 0; i < record.fields.size(); ++i) {
         const Cell cell = parseCell(record.fields[i], m_allowDecimalComma);
         checkDecimalMark(cell, record.fields[i], record.line);
         m_builders[i].add(cell, record.fields[i], record.line);
@@ -102,7 +102,7 @@ void TableReader::expectRows()
 }
 
 /// Where both marks occur, one of them separates thousands: "1,234" would be read as 1.234.
-void TableReader::checkDecimalMark(const Cell& cell, const std::string& text, long line)
+void TableReader::checkDecimalMark(const Cell& cell, std::string_view text, long line)
 {
     if (cell.decimalMark == 0 || cell.decimalMark == m_decimalMark) {
         return;

@@ -27,7 +27,7 @@ private:
     bool isHeader(const Record& record) const;
     void startColumns(const Record& first, bool isHeader);
     void addRow(const Record& record);
-    void checkDecimalMark(const Cell& cell, const std::string& text, long line);
+    void checkDecimalMark(const Cell& cell, std::string_view text, long line);
     void keepColumns(Table& table);
     void chooseAxis(Table& table);
     Column rowNumbers();

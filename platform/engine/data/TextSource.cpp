@@ -101,6 +101,34 @@ int TextSource::get()
     return c;
 }
 
+std::optional<std::string_view> TextSource::lineAhead()
+{
+    const auto endOfLine = [this] {
+        return static_cast<const char*>(std::memchr(m_block.get() + m_cursor, '\n', m_filled - m_cursor));
+    };
+    const char* stop = endOfLine();
+    if (!stop && refill()) {
+        stop = endOfLine();
+    }
+    if (!stop) {
+        return std::nullopt;
+    }
+    const char* const begin = m_block.get() + m_cursor;
+    const auto length = static_cast<std::size_t>(stop - begin);
+    const auto* const carriage = static_cast<const char*>(std::memchr(begin, '\r', length));
+    if (carriage && carriage + 1 != stop) {
+        return std::nullopt;
+    }
+    return std::string_view(begin, carriage ? length - 1 : length);
+}
+
+void TextSource::takeLineAhead(std::string_view line)
+{
+    m_line += m_lineEnded ? 1 : 0;
+    m_lineEnded = true;
+    m_cursor += line.size() + (m_block[m_cursor + line.size()] == '\r' ? 2 : 1);
+}
+
 void TextSource::skipBlanks()
 {
     do {

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -14,11 +15,11 @@ class ByteStream;
 /// The text of a data file, handed out in characters or in words from one block of fixed size, so
 /// that a file of any length needs little memory.
 ///
-/// Each new block asks `breath` to go on: whatever is done with one block (8 KiB, at most some 4000
-/// numbers) is one portion of work. Refuses binary data. Line ends are LF, CRLF or CR.
+/// Each new block asks `breath` to go on: whatever is done with one block (a fifth of a millisecond or two) is
+/// one portion of work. Refuses binary data. Line ends are LF, CRLF or CR.
 class TextSource {
 public:
-    static constexpr std::size_t blockSize = std::size_t{8} * 1024;
+    static constexpr std::size_t blockSize = std::size_t{32} * 1024;
     static constexpr int end = -1;
 
     /// Reads the first block and leaves out a byte order mark.
@@ -38,6 +39,12 @@ public:
     std::string_view nextWord();
     /// Hands the word that came last out once more.
     void putWordBack() { m_cursor = m_wordStart; }
+
+    /// The rest of the line that comes next, without its end, when all of it is in memory and ends with LF or
+    /// CRLF; else nothing, and the line is to be read character by character. It is empty for an empty line.
+    std::optional<std::string_view> lineAhead();
+    /// Passes over that line and its end.
+    void takeLineAhead(std::string_view line);
 
     /// Asks whether to go on, for work on what was read. Throws ReadInterrupted.
     void goOn();

@@ -15,6 +15,8 @@
 #include "testing/EngineProbe.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <cmath>
 #include <string>
 
@@ -62,10 +64,17 @@ private:
     long m_clientData;
 };
 
+/// The same in every locale.
+std::string numberText(double number)
+{
+    std::array<char, 32> text{};
+    return {text.data(), std::to_chars(text.data(), text.data() + text.size(), number).ptr};
+}
+
 PictureRequest requestOf(const VelExportImageOptions& options)
 {
     if (!(options.dotsPerInch >= 0 && options.dotsPerInch <= MostDotsPerInch))
-        throw ExportFailure("An image cannot have " + std::to_string(options.dotsPerInch) +
+        throw ExportFailure("An image cannot have " + numberText(options.dotsPerInch) +
                             " dots per inch. Choose from 1 to " + std::to_string(MostDotsPerInch) +
                             ", or 0 to leave it open.");
     PictureRequest request;
@@ -85,7 +94,7 @@ PictureRequest requestOfPaper(double dotsPerInch, int strategy)
     const double width = std::max(std::round(paper.width * dotsPerInch), 1.0);
     const double height = std::max(std::round(paper.height * dotsPerInch), 1.0);
     if (!(dotsPerInch > 0) || !(std::max(width, height) <= LargestSide))
-        throw ExportFailure("A page cannot have " + std::to_string(dotsPerInch) + " dots per inch. Choose from 1 to " +
+        throw ExportFailure("A page cannot have " + numberText(dotsPerInch) + " dots per inch. Choose from 1 to " +
                             std::to_string(static_cast<int>(LargestSide / std::max(paper.width, paper.height))) + ".");
     PictureRequest request;
     request.width = static_cast<int>(width);

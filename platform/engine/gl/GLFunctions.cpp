@@ -76,12 +76,26 @@ bool GLFunctions::hasFramebufferObjects() const
 
 void GLFunctions::waitUntilDrawn() const
 {
-    const GLsync fence =
-        FenceSync && ClientWaitSync && DeleteSync ? FenceSync(GL_SYNC_GPU_COMMANDS_COMPLETE, 0) : nullptr;
-    if (!fence) {
+    const GLsync fence = startFence();
+    if (fence)
+        endFence(fence);
+    else
         Finish();
+}
+
+GLsync GLFunctions::startFence() const
+{
+    if (!FenceSync || !ClientWaitSync || !DeleteSync)
+        return nullptr;
+    const GLsync fence = FenceSync(GL_SYNC_GPU_COMMANDS_COMPLETE, 0);
+    Flush();
+    return fence;
+}
+
+void GLFunctions::endFence(GLsync fence) const
+{
+    if (!fence)
         return;
-    }
     ClientWaitSync(fence, GL_SYNC_FLUSH_COMMANDS_BIT, longestWait);
     DeleteSync(fence);
 }

@@ -47,6 +47,7 @@ namespace velmora::engine {
     ENTRY(DeleteBuffers, PFNGLDELETEBUFFERSPROC) \
     ENTRY(BindBuffer, PFNGLBINDBUFFERPROC) \
     ENTRY(BufferData, PFNGLBUFFERDATAPROC) \
+    ENTRY(IsBuffer, PFNGLISBUFFERPROC) \
     ENTRY(BufferSubData, PFNGLBUFFERSUBDATAPROC) \
     ENTRY(MapBuffer, PFNGLMAPBUFFERPROC) \
     ENTRY(UnmapBuffer, PFNGLUNMAPBUFFERPROC) \
@@ -82,10 +83,18 @@ struct GLFunctions {
 
     /// Whether there are framebuffer objects with everything that belongs to them.
     bool hasFramebufferObjects() const;
+    bool hasVertexBuffers() const
+    {
+        return GenBuffers && DeleteBuffers && BindBuffer && BufferData;
+    }
     /// Returns when everything drawn so far is done. Unlike glFinish it does not hand the picture
     /// out, where OpenGL can do without: a software context copies its whole picture at each
     /// glFinish. Whoever reads a picture from such a context's memory calls Finish first.
     void waitUntilDrawn() const;
+    /// Marks the end of what was drawn so far and lets it be drawn; null where OpenGL cannot mark it.
+    GLsync startFence() const;
+    /// Returns when all before the mark is done, and gives it back. Nothing for null.
+    void endFence(GLsync fence) const;
 };
 
 /// The table for the context that is current on this thread. Without one, the table of libGL.

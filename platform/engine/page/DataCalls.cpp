@@ -42,7 +42,7 @@ void load(const std::shared_ptr<Page>& page, const std::string& fileName)
     if (!isRunning())
         throw ReadError("The engine was stopped while " + fileName + " was read.");
     std::vector<Frame> frames;
-    frames.push_back({currentPaper().printable, makePlot(data)});
+    frames.push_back({currentPaper().printable, makePlot(data, reading)});
     setLoadNotes(notesOf(data));
     page->replaceFrames(std::move(frames));
 }

@@ -44,9 +44,12 @@ void Page::attach(GLDrawAreaInterface& area, PageInterface* page)
 
 void Page::detach(bool contextWorks)
 {
-    if (contextWorks && m_area && m_area->getGLContext().setCurrentGL())
+    if (contextWorks && m_area && m_area->getGLContext().setCurrentGL()) {
         m_canvas.release(currentGL());
+        m_keptGeometry.release(currentGL());
+    }
     m_canvas.forget();
+    m_keptGeometry.forget();
     m_area = nullptr;
     m_interface = nullptr;
     changed();

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "engine/gl/KeptGeometry.h"
+#include "engine/page/CoarseBudget.h"
 #include "engine/page/Frame.h"
 #include "engine/page/PageCanvas.h"
 
@@ -47,6 +49,9 @@ public:
     /// The area can be painted now.
     bool canShow() const;
     PageCanvas& canvas() { return m_canvas; }
+    /// What drawings in the area keep for the next.
+    KeptGeometry& keptGeometry() { return m_keptGeometry; }
+    CoarseBudget& coarseBudget() { return m_coarseBudget; }
 
     // ---- the state of its picture
 
@@ -62,6 +67,13 @@ public:
     /// Waits to be drawn anew without a change, as after an interruption.
     void finishPicture();
     void pictureDone(PictureState state) { m_state = state; }
+    /// A drawing of the full picture begins, and one that was begun before, further down the call stack, has
+    /// become obsolete. Its number.
+    unsigned long beginDrawing() { return ++m_drawing; }
+    bool isCurrentDrawing(unsigned long drawing) const { return drawing == m_drawing; }
+    /// Whether the area shows a picture of what the page shows now, be it a coarse one.
+    bool isShown() const { return m_shownGeneration == m_generation; }
+    void pictureShown() { m_shownGeneration = m_generation; }
 
 private:
     void wait();
@@ -71,8 +83,12 @@ private:
     velmora::sdk::integration::GLDrawAreaInterface* m_area = nullptr;
     velmora::sdk::integration::PageInterface* m_interface = nullptr;
     PageCanvas m_canvas;
+    KeptGeometry m_keptGeometry;
+    CoarseBudget m_coarseBudget;
     PictureState m_state = PictureState::Waiting;
-    unsigned long m_generation = 0;
+    unsigned long m_generation = 1;
+    unsigned long m_shownGeneration = 0;
+    unsigned long m_drawing = 0;
     unsigned long m_plotVersion = 0;
 };
 

@@ -69,11 +69,11 @@ bool PageCanvas::prepare(const GLFunctions& gl, int width, int height)
         return true;
     if (!isAlive(gl))
         forget();
-    Target before = m_resolved;
-    m_resolved = {};
+    Target before = m_shown;
+    m_shown = {};
     const int widthBefore = m_width;
     const int heightBefore = m_height;
-    destroy(gl, m_drawn);
+    destroy(gl, m_full);
     m_isDirect = !isSupported(gl) || !createAll(gl, width, height);
     m_width = width;
     m_height = height;
@@ -85,18 +85,21 @@ bool PageCanvas::prepare(const GLFunctions& gl, int width, int height)
 
 bool PageCanvas::isAlive(const GLFunctions& gl) const
 {
-    return m_resolved.framebuffer != 0 && gl.IsFramebuffer(m_resolved.framebuffer);
+    return m_shown.framebuffer != 0 && gl.IsFramebuffer(m_shown.framebuffer);
 }
 
 bool PageCanvas::createAll(const GLFunctions& gl, int width, int height)
 {
     const int samples = samplesOf(gl);
-    if (samples > 1 && !create(gl, m_drawn, width, height, samples))
-        destroy(gl, m_drawn);
-    if (create(gl, m_resolved, width, height, 1))
+    bool hasFull = samples > 1 && create(gl, m_full, width, height, samples);
+    if (!hasFull) {
+        destroy(gl, m_full);
+        hasFull = create(gl, m_full, width, height, 1);
+    }
+    if (hasFull && create(gl, m_shown, width, height, 1))
         return true;
-    destroy(gl, m_drawn);
-    destroy(gl, m_resolved);
+    destroy(gl, m_full);
+    destroy(gl, m_shown);
     return false;
 }
 
@@ -124,42 +127,43 @@ void PageCanvas::destroy(const GLFunctions& gl, Target& target)
 // While a window is resized, the old picture in the new size looks better than an empty window.
 void PageCanvas::takeOver(const GLFunctions& gl, const Target& from, int width, int height)
 {
-    m_drawnIsNewer = false;
     if (from.framebuffer) {
-        blit(gl, from.framebuffer, width, height, m_resolved.framebuffer, m_width, m_height);
+        blit(gl, from.framebuffer, width, height, m_shown.framebuffer, m_width, m_height);
         return;
     }
-    gl.BindFramebuffer(GL_FRAMEBUFFER, m_resolved.framebuffer);
+    gl.BindFramebuffer(GL_FRAMEBUFFER, m_shown.framebuffer);
     gl.Disable(GL_SCISSOR_TEST);
     gl.ColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
     gl.ClearColor(1, 1, 1, 1);
     gl.Clear(GL_COLOR_BUFFER_BIT);
 }
 
-void PageCanvas::begin(const GLFunctions& gl)
+void PageCanvas::beginCoarse(const GLFunctions& gl)
 {
-    m_drawnIsNewer = m_drawn.framebuffer != 0;
-    gl.BindFramebuffer(GL_FRAMEBUFFER, m_drawnIsNewer ? m_drawn.framebuffer : m_resolved.framebuffer);
+    gl.BindFramebuffer(GL_FRAMEBUFFER, m_shown.framebuffer);
 }
 
-void PageCanvas::resolve(const GLFunctions& gl)
+void PageCanvas::beginFull(const GLFunctions& gl)
 {
-    if (m_drawnIsNewer)
-        blit(gl, m_drawn.framebuffer, m_width, m_height, m_resolved.framebuffer, m_width, m_height);
+    gl.BindFramebuffer(GL_FRAMEBUFFER, m_full.framebuffer);
+}
+
+void PageCanvas::completeFull(const GLFunctions& gl)
+{
+    blit(gl, m_full.framebuffer, m_width, m_height, m_shown.framebuffer, m_width, m_height);
 }
 
 void PageCanvas::show(const GLFunctions& gl)
 {
-    resolve(gl);
-    blit(gl, m_resolved.framebuffer, m_width, m_height, 0, m_width, m_height);
+    blit(gl, m_shown.framebuffer, m_width, m_height, 0, m_width, m_height);
     gl.BindFramebuffer(GL_FRAMEBUFFER, 0);
 }
 
 void PageCanvas::release(const GLFunctions& gl)
 {
     if (isAlive(gl)) {
-        destroy(gl, m_drawn);
-        destroy(gl, m_resolved);
+        destroy(gl, m_full);
+        destroy(gl, m_shown);
     }
     forget();
 }

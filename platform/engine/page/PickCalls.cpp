@@ -11,6 +11,7 @@
 #include "testing/EngineProbe.h"
 
 #include <algorithm>
+#include <locale>
 #include <sstream>
 #include <string>
 #include <utility>
@@ -28,6 +29,7 @@ struct Range {
 void noteCall(const VelArgList* arguments)
 {
     std::ostringstream entry;
+    entry.imbue(std::locale::classic());
     entry << "VelUtilPickAddAllInRectX";
     for (int i = 0; i < VelArgListCount(arguments); ++i) {
         const char* name = VelArgListNameAt(arguments, i);

@@ -2,7 +2,7 @@
 
 #include "engine/core/Breath.h"
 #include "engine/gl/GLFunctions.h"
-#include "engine/plot/Plot.h"
+#include "engine/style/StyleTree.h"
 #include "testing/EngineProbe.h"
 
 #include <algorithm>
@@ -141,7 +141,11 @@ bool paintPicture(const Picture& picture, const GLFunctions& gl, int width, int 
                               static_cast<double>(nearestPixel(frame.rect.y)),
                               frame.rect.width,
                               frame.rect.height,
-                              picture.pixelsPerPoint};
+                              picture.pixelsPerPoint,
+                              picture.detail,
+                              picture.coarseTriangles,
+                              picture.kept,
+                              style::lookupInt("Interface/DrawingDelay") > 0};
         if (!frame.plot->draw(drawing, share))
             return false;
         share.passMiddle();

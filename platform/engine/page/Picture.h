@@ -1,14 +1,12 @@
 #pragma once
 
 #include "engine/page/Frame.h"
+#include "engine/plot/Plot.h"
 
 #include <memory>
 #include <vector>
 
 namespace velmora::engine {
-
-class Breath;
-struct GLFunctions;
 
 /// A rectangle of a target: pixels from its lower left corner.
 struct PixelRect {
@@ -32,6 +30,9 @@ struct Picture {
     std::vector<PlacedFrame> frames;
     double pixelsPerPoint = 1;
     double magnification = 1; ///< of the sheet's shadow and lines, over a screen's
+    Detail detail = Detail::Full;
+    std::size_t coarseTriangles = 0; ///< see Drawing
+    KeptGeometry* kept = nullptr;    ///< see Drawing
 
     /// The picture as it looks from a tile whose lower left corner is at x, y.
     Picture seenFrom(double x, double y) const;

@@ -12,11 +12,13 @@
 #include "interfaces/GLDrawAreaInterface.h"
 
 #include <chrono>
+#include <memory>
 #include <optional>
 
 namespace velmora::engine {
 namespace {
 
+using Clock = std::chrono::steady_clock;
 using velmora::sdk::integration::GLDrawAreaInterface;
 
 struct Size {
@@ -84,11 +86,28 @@ void expose(Page& page)
         wantTurn();
 }
 
-/// One drawing of a page, from the first slice to the last.
+/// Tells for its own life that a drawing without a BusyScope has given the application its turn.
+class FreeTurn {
+public:
+    FreeTurn() : m_outer(g_since) { g_since = Clock::now(); }
+    ~FreeTurn() { g_since = m_outer; }
+    FreeTurn(const FreeTurn&) = delete;
+    FreeTurn& operator=(const FreeTurn&) = delete;
+
+    /// The turn within all others; none without one.
+    static std::optional<Clock::time_point> since() { return g_since; }
+
+private:
+    static inline std::optional<Clock::time_point> g_since;
+    std::optional<Clock::time_point> m_outer;
+};
+
+/// One drawing of the full picture of a page, from the first slice to the last.
 class ScreenWork final : public SlicedWork {
 public:
     explicit ScreenWork(std::shared_ptr<Page> page)
-        : SlicedWork("Drawing"), m_page(std::move(page)), m_area(m_page->area()), m_gl(makeCurrent(*m_area))
+        : SlicedWork("Drawing"), m_page(std::move(page)), m_area(m_page->area()), m_gl(makeCurrent(*m_area)),
+          m_drawing(m_page->beginDrawing())
     {}
 
     DrawingResult draw()
@@ -97,64 +116,55 @@ public:
         const Size size = sizeOf(*m_area);
         m_page->canvas().prepare(m_gl, size.width, size.height);
         m_generation = m_page->generation();
-        return m_page->canvas().isDirect() ? drawAtOnce(size) : drawInSlices(size);
+        if (m_page->canvas().isDirect())
+            return drawAtOnce(size);
+        bool finished = false;
+        try {
+            // What has come since the coarse picture was begun may have made this one obsolete already.
+            finished = giveTurn() && paint(size);
+        } catch (...) {
+            setLastErrorFromException("The page could not be drawn");
+            return isObsolete() ? DrawingResult::Obsolete : DrawingResult::Failed;
+        }
+        // What happened to the page during the drawing counts more than how the drawing ended.
+        if (isObsolete())
+            return DrawingResult::Obsolete;
+        return finished ? DrawingResult::Done : DrawingResult::Stopped;
     }
 
 protected:
     void completeSlice() override { m_gl.Finish(); }
-    void beforeTurn() override { m_beforeTurn.emplace(m_gl); }
+
+    void beforeTurn() override
+    {
+        m_beforeTurn.emplace(m_gl);
+        if (!isBusy())
+            m_turn = std::make_unique<FreeTurn>();
+    }
 
     bool afterTurn() override
     {
+        m_turn.reset();
         if (m_page->area() != m_area || !m_area->isValidWidget() || !m_area->getGLContext().setCurrentGL()) {
             disarm(m_gl);
             return false;
         }
         m_beforeTurn->restore(m_gl);
-        return m_page->generation() == m_generation;
-    }
-
-    bool isShowDue() const override { return Clock::now() - m_lastShown >= ShowInterval; }
-
-    void show() override
-    {
-        if (m_page->canvas().isDirect())
-            return;
-        const GLStateScope keep(m_gl);
-        m_page->canvas().show(m_gl);
-        m_area->getGLContext().swapBuffers();
-        m_lastShown = Clock::now();
+        return !isObsolete();
     }
 
 private:
-    using Clock = std::chrono::steady_clock;
-    static constexpr std::chrono::milliseconds ShowInterval{100};
-
-    bool isMine() const { return m_page->area() == m_area; }
-
-    DrawingResult drawInSlices(const Size& size)
+    bool isObsolete() const
     {
-        m_page->canvas().begin(m_gl);
-        bool finished = false;
-        try {
-            finished = paintPicture(workAreaPicture(*m_page, size.width, size.height, 0), m_gl, size.width, size.height,
-                                    *this);
-        } catch (...) {
-            setLastErrorFromException("The page could not be drawn");
-            return settle(DrawingResult::Failed);
-        }
-        return settle(finished ? DrawingResult::Done : DrawingResult::Stopped);
+        return m_page->area() != m_area || m_page->generation() != m_generation || !m_page->isCurrentDrawing(m_drawing);
     }
 
-    // What happened to the page during the drawing counts more than how the drawing ended.
-    DrawingResult settle(DrawingResult result)
+    bool paint(const Size& size)
     {
-        if (!isMine() || m_page->generation() != m_generation)
-            return DrawingResult::Obsolete;
-        m_page->pictureDone(result == DrawingResult::Done ? Page::PictureState::Complete
-                                                          : Page::PictureState::Interrupted);
-        show();
-        return result;
+        m_page->canvas().beginFull(m_gl);
+        Picture picture = workAreaPicture(*m_page, size.width, size.height, 0);
+        picture.kept = &m_page->keptGeometry();
+        return paintPicture(picture, m_gl, size.width, size.height, *this);
     }
 
     DrawingResult drawAtOnce(const Size& size)
@@ -169,10 +179,54 @@ private:
     std::shared_ptr<Page> m_page;
     GLDrawAreaInterface* m_area;
     GLFunctions m_gl; ///< its own table, to be disarmed when the context goes away in mid-drawing
+    unsigned long m_drawing;
     unsigned long m_generation = 0;
     std::optional<GLSnapshot> m_beforeTurn;
-    Clock::time_point m_lastShown = Clock::now();
+    std::unique_ptr<FreeTurn> m_turn;
 };
+
+/// Draws into what the screen shows, and shows it.
+void showCoarse(Page& page)
+{
+    GLDrawAreaInterface& area = *page.area();
+    const GLFunctions gl = makeCurrent(area);
+    const GLStateScope keep(gl);
+    const Size size = sizeOf(area);
+    page.canvas().prepare(gl, size.width, size.height);
+    if (page.canvas().isDirect())
+        return;
+    const Clock::time_point begun = Clock::now();
+    page.canvas().beginCoarse(gl);
+    Picture picture = workAreaPicture(page, size.width, size.height, 0);
+    picture.detail = Detail::Coarse;
+    picture.coarseTriangles = page.coarseBudget().triangles();
+    picture.kept = &page.keptGeometry();
+    HeldBreath breath;
+    paintPicture(picture, gl, size.width, size.height, breath);
+    page.coarseBudget().took(Clock::now() - begun);
+    page.canvas().show(gl);
+    area.getGLContext().swapBuffers();
+    page.pictureShown();
+}
+
+void showFull(Page& page)
+{
+    GLDrawAreaInterface& area = *page.area();
+    const GLFunctions gl = makeCurrent(area);
+    const GLStateScope keep(gl);
+    page.canvas().completeFull(gl);
+    page.canvas().show(gl);
+    area.getGLContext().swapBuffers();
+    page.pictureShown();
+}
+
+// A page that failed counts as interrupted: drawing it again at every turn would fail as often.
+DrawingResult failed(Page& page)
+{
+    setLastErrorFromException("The page could not be drawn");
+    page.pictureDone(Page::PictureState::Interrupted);
+    return DrawingResult::Failed;
+}
 
 } // namespace
 
@@ -186,16 +240,45 @@ void exposePage(const std::shared_ptr<Page>& page) noexcept
     }
 }
 
-// A page that failed counts as interrupted: drawing it again at every turn would fail as often.
-DrawingResult drawPage(const std::shared_ptr<Page>& page) noexcept
+DrawingResult showCoarsePicture(const std::shared_ptr<Page>& page) noexcept
+{
+    try {
+        if (!page->isShown())
+            showCoarse(*page);
+        return DrawingResult::Done;
+    } catch (...) {
+        return failed(*page);
+    }
+}
+
+DrawingResult drawFullPicture(const std::shared_ptr<Page>& page) noexcept
 {
     try {
         return ScreenWork(page).draw();
     } catch (...) {
-        page->pictureDone(Page::PictureState::Interrupted);
-        setLastErrorFromException("The page could not be drawn");
-        return DrawingResult::Failed;
+        return failed(*page);
     }
+}
+
+DrawingResult settlePicture(const std::shared_ptr<Page>& page, DrawingResult result) noexcept
+{
+    try {
+        if (result == DrawingResult::Obsolete || page->pictureState() != Page::PictureState::Waiting)
+            return result;
+        page->pictureDone(result == DrawingResult::Done ? Page::PictureState::Complete
+                                                        : Page::PictureState::Interrupted);
+        if (result == DrawingResult::Done)
+            showFull(*page);
+        return result;
+    } catch (...) {
+        return failed(*page);
+    }
+}
+
+bool isDrawingAboutToGoOn()
+{
+    constexpr std::chrono::milliseconds Soon{100};
+    return FreeTurn::since() && Clock::now() - *FreeTurn::since() < Soon;
 }
 
 } // namespace velmora::engine

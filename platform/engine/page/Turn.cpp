@@ -15,35 +15,75 @@ namespace {
 
 using PageList = std::vector<std::shared_ptr<Page>>;
 
+bool isToBeDrawn(const Page& page)
+{
+    return page.pictureState() == Page::PictureState::Waiting && page.canShow();
+}
+
 PageList waitingPages()
 {
     PageList waiting;
-    const auto waits = [](const auto& page) {
-        return page->pictureState() == Page::PictureState::Waiting && page->canShow();
-    };
-    std::copy_if(pages().all().begin(), pages().all().end(), std::back_inserter(waiting), waits);
+    std::copy_if(pages().all().begin(), pages().all().end(), std::back_inserter(waiting),
+                 [](const auto& page) { return isToBeDrawn(*page); });
     return waiting;
 }
 
-// Once each: a page that changed meanwhile waits for the next turn, so that the application's own
-// event loop runs in between.
-DrawingResult drawOnce(const PageList& waiting)
+bool isEnd(DrawingResult result)
 {
-    const BusyScope busy;
+    return result == DrawingResult::Stopped || result == DrawingResult::Failed;
+}
+
+// The coarse pictures of all pages come first: a person sees them at once.
+DrawingResult showCoarsePictures(const PageList& waiting)
+{
     for (const std::shared_ptr<Page>& page : waiting) {
-        if (page->pictureState() != Page::PictureState::Waiting || !page->canShow())
+        if (!isToBeDrawn(*page))
             continue;
-        const DrawingResult result = drawPage(page);
-        if (result == DrawingResult::Stopped || result == DrawingResult::Failed)
+        const DrawingResult result = showCoarsePicture(page);
+        if (isEnd(result))
             return result;
     }
     return DrawingResult::Done;
 }
 
-DrawingResult takeTurn(const PageList& waiting)
+// Work that the application can stop. Once each: a page that changed meanwhile waits for the next turn.
+DrawingResult drawBusily(const PageList& waiting)
+{
+    DrawingResult result = showCoarsePictures(waiting);
+    for (const std::shared_ptr<Page>& page : waiting)
+        if (!isEnd(result) && isToBeDrawn(*page))
+            result = settlePicture(page, drawFullPicture(page));
+    return isEnd(result) ? result : DrawingResult::Done;
+}
+
+DrawingResult showCoarsePicturesBusily(const PageList& waiting)
+{
+    const BusyScope busy;
+    return showCoarsePictures(waiting);
+}
+
+DrawingResult settleBusily(const std::shared_ptr<Page>& page, DrawingResult result)
+{
+    const BusyScope busy;
+    return settlePicture(page, result);
+}
+
+// The same while the application goes on as it likes: the engine is busy only for the moments in which a
+// picture is shown.
+DrawingResult drawFreely(const PageList& waiting)
+{
+    DrawingResult result = showCoarsePicturesBusily(waiting);
+    for (const std::shared_ptr<Page>& page : waiting)
+        if (!isEnd(result) && isToBeDrawn(*page))
+            result = settleBusily(page, drawFullPicture(page));
+    return isEnd(result) ? result : DrawingResult::Done;
+}
+
+template <typename Draw>
+DrawingResult takeTurn(const PageList& waiting, const Draw& draw)
 {
     turnHasCome();
-    const DrawingResult result = drawOnce(waiting);
+    const DrawingResult result = draw(waiting);
     if (pages().nextWaiting())
         wantTurn();
     return result;
@@ -54,11 +94,12 @@ constexpr int MostTurns = 1000;
 
 int workOffAll()
 {
+    const BusyScope busy;
     for (int turn = 0; turn < MostTurns; ++turn) {
         const PageList waiting = waitingPages();
         if (waiting.empty())
             return 1;
-        const DrawingResult result = takeTurn(waiting);
+        const DrawingResult result = takeTurn(waiting, drawBusily);
         if (result == DrawingResult::Stopped)
             setLastError("The drawing was interrupted. Ask for the page to be finished to draw the rest.");
         if (result != DrawingResult::Done)
@@ -75,7 +116,7 @@ using namespace velmora::engine;
 
 int VelEngTurn()
 {
-    if (isBusy()) {
+    if (isBusy() || isDrawingAboutToGoOn()) {
         putOffTurn();
         return 0;
     }
@@ -83,7 +124,7 @@ int VelEngTurn()
     const PageList waiting = waitingPages();
     if (waiting.empty())
         return 0;
-    takeTurn(waiting);
+    takeTurn(waiting, drawFreely);
     return 1;
 }
 

@@ -13,6 +13,15 @@ namespace {
 // Of the height of capitals and digits, which is what looks centred.
 constexpr double capHeight = 0.73;
 
+// Seconds that a batch of portions may take, and how many triangles that can be.
+constexpr double batchTime = 0.7e-3;
+constexpr double leastBatch = 100;
+constexpr double mostBatch = 200000;
+// An OpenGL in software fills about so many pixels while it sets up a triangle.
+constexpr double pixelsATriangle = 24;
+constexpr double costOfRectangle = 20;
+constexpr double costOfText = 150; ///< it is loaded as a texture first
+
 FontFace& faceOf(const TextItem& item)
 {
     return item.bold ? FontFace::bold() : FontFace::regular();
@@ -88,6 +97,11 @@ Canvas::Canvas(const Drawing& drawing, Breath& breath)
     clipToFrame();
 }
 
+Canvas::~Canvas()
+{
+    gl().endFence(m_lastBatch);
+}
+
 void Canvas::beginPhase(double endFraction, std::size_t steps)
 {
     m_fraction = std::max(m_fraction, m_phaseEnd);
@@ -95,24 +109,54 @@ void Canvas::beginPhase(double endFraction, std::size_t steps)
     m_stepSize = (endFraction - m_fraction) / static_cast<double>(std::max<std::size_t>(steps, 1));
 }
 
-// OpenGL works behind the program's back: without finishing, a slice would take its time later.
+// OpenGL works behind the program's back: without waiting, a slice would take its time later.
 bool Canvas::step()
 {
     m_fraction = std::min(m_fraction + m_stepSize, m_phaseEnd);
     return stepWithin();
 }
 
+// A coarse drawing is not divided: nothing is shown before all of it is there.
 bool Canvas::stepWithin()
 {
     if (m_stopped)
         return false;
-    gl().waitUntilDrawn();
+    if (m_drawing.detail == Detail::Coarse || (m_cost < m_batch && !m_drawing.asksOften))
+        return true;
+    waitForLastBatch();
+    measureBatch();
     m_stopped = !m_breath.goOn(m_fraction);
+    m_batchStart = Clock::now();
     return !m_stopped;
+}
+
+// While this batch is drawn the next one can be made: only the one before is waited for.
+void Canvas::waitForLastBatch()
+{
+    const GLsync before = m_lastBatch;
+    m_lastBatch = gl().startFence();
+    if (!m_lastBatch)
+        gl().Finish();
+    gl().endFence(before);
+}
+
+void Canvas::measureBatch()
+{
+    const std::chrono::duration<double> lasted = Clock::now() - m_batchStart;
+    const double fitting = m_cost * (batchTime / std::max(lasted.count(), batchTime / 4));
+    m_batch = std::clamp((m_batch + fitting) / 2, leastBatch, mostBatch);
+    m_cost = 0;
+}
+
+void Canvas::charge(double triangles, const Rect& area)
+{
+    m_cost += triangles + std::max(area.width(), 0.0) * std::max(area.height(), 0.0) / pixelsATriangle;
 }
 
 bool Canvas::finish()
 {
+    gl().endFence(m_lastBatch);
+    m_lastBatch = nullptr;
     gl().Finish();
     return !m_stopped;
 }
@@ -178,6 +222,7 @@ void Canvas::fill(const Rect& rect, Color color)
 {
     if (m_stopped || !shows(rect))
         return;
+    charge(costOfRectangle, rect);
     setColor(gl(), color);
     gl().Rectf(static_cast<float>(std::round(rect.x1) + m_drawing.frameX),
                static_cast<float>(std::round(rect.y1) + m_drawing.frameY),
@@ -211,6 +256,7 @@ void Canvas::stroke(const Stroke& stroke)
 {
     if (m_stopped || stroke.empty())
         return;
+    charge(static_cast<double>(stroke.indices().size()) / 3);
     const GLFunctions& gl = this->gl();
     const StrokeVertex* first = stroke.vertices().data();
     gl.PushMatrix();
@@ -237,6 +283,7 @@ void Canvas::text(const TextItem& item)
     TextImage image;
     while (line.next(image)) {
         setColor(gl(), item.color);
+        charge(costOfText + item.size * item.size * 4);
         paintTextImage(gl(), item.upwards ? turnedUpwards(image) : image, penX, penY, m_drawing.targetWidth,
                        m_drawing.targetHeight);
         if (!step())

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "engine/gl/GLFunctions.h"
 #include "engine/plot/Geometry.h"
 #include "engine/plot/Plot.h"
 #include "engine/plot/Stroke.h"
 #include "engine/text/TextLine.h"
 
+#include <chrono>
 #include <string>
 #include <vector>
 
@@ -32,6 +34,9 @@ Rect textRect(const TextItem& item);
 class Canvas {
 public:
     Canvas(const Drawing& drawing, Breath& breath);
+    ~Canvas();
+    Canvas(const Canvas&) = delete;
+    Canvas& operator=(const Canvas&) = delete;
 
     const Drawing& drawing() const { return m_drawing; }
     const GLFunctions& gl() const { return *m_drawing.gl; }
@@ -39,10 +44,15 @@ public:
 
     /// The work from here on takes the progress from the last fraction to this one, in steps.
     void beginPhase(double endFraction, std::size_t steps);
-    /// Finishes what was drawn and asks the breath; false when the drawing is to stop.
+    /// A portion is drawn. When enough have come together, waits until they are done and asks the breath;
+    /// false when the drawing is to stop. How much is enough is measured.
     bool step();
     /// The same in the middle of a step: the progress stays.
     bool stepWithin();
+    /// What a portion costs beside what is drawn through this class, in triangles; and what triangles over an
+    /// area cost.
+    void charge(double triangles) { m_cost += triangles; }
+    void charge(double triangles, const Rect& area);
     /// Ends the drawing, also one that was told to stop: what was drawn reaches the target's memory.
     /// False when it was told to stop.
     bool finish();
@@ -67,12 +77,20 @@ public:
     Rect visiblePart(const Rect& rect) const;
 
 private:
+    using Clock = std::chrono::steady_clock;
+
     void setScissor(Rect part) const;
+    void waitForLastBatch();
+    void measureBatch();
 
     const Drawing& m_drawing;
     Breath& m_breath;
     Rect m_bounds; ///< of the target and an earlier scissor, in target pixels
     bool m_stopped = false;
+    double m_cost = 0;     ///< of what was drawn since the breath was asked, in triangles
+    double m_batch = 1500; ///< cost after which it is asked
+    GLsync m_lastBatch = nullptr;
+    Clock::time_point m_batchStart = Clock::now();
     double m_fraction = 0;
     double m_phaseEnd = 0;
     double m_stepSize = 0;

@@ -1,7 +1,9 @@
 #include "engine/plot/DateTicks.h"
 
+#include <algorithm>
 #include <cmath>
-#include <cstdio>
+#include <cstdlib>
+#include <string>
 
 namespace velmora::engine {
 
@@ -58,26 +60,23 @@ Step stepFor(const AxisRange& range, int most)
     return yearStep(range, most);
 }
 
+/// With as many noughts before it as make it that long.
+std::string padded(std::int64_t number, std::size_t length)
+{
+    const std::string digits = std::to_string(std::abs(number));
+    const std::size_t noughts = length - std::min(length, digits.size() + (number < 0 ? 1 : 0));
+    return (number < 0 ? "-" : "") + std::string(noughts, '0') + digits;
+}
+
 std::string dayLabel(const CalendarDay& date, bool withDay)
 {
-    char text[64];
-    if (withDay)
-        std::snprintf(text, sizeof text, "%04d-%02d-%02d", static_cast<int>(date.year), date.month, date.day);
-    else
-        std::snprintf(text, sizeof text, "%04d-%02d", static_cast<int>(date.year), date.month);
-    return text;
+    return padded(date.year, 4) + '-' + padded(date.month, 2) + (withDay ? '-' + padded(date.day, 2) : "");
 }
 
 std::string timeLabel(std::int64_t second, bool withSeconds)
 {
-    const int hour = static_cast<int>(second / 3600);
-    const int minute = static_cast<int>(second / 60 % 60);
-    char text[64];
-    if (withSeconds)
-        std::snprintf(text, sizeof text, "%02d:%02d:%02d", hour, minute, static_cast<int>(second % 60));
-    else
-        std::snprintf(text, sizeof text, "%02d:%02d", hour, minute);
-    return text;
+    const std::string minutes = padded(second / 3600, 2) + ':' + padded(second / 60 % 60, 2);
+    return withSeconds ? minutes + ':' + padded(second % 60, 2) : minutes;
 }
 
 std::int64_t floorDivide(std::int64_t a, std::int64_t b)

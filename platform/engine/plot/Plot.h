@@ -2,13 +2,21 @@
 
 #include "engine/data/DataReader.h"
 
+#include <cstddef>
 #include <memory>
 #include <string>
 
 namespace velmora::engine {
 
 class Breath;
+class KeptGeometry;
 struct GLFunctions;
+
+/// How much of a plot a drawing shows.
+enum class Detail {
+    Full,
+    Coarse ///< all that there is, as exactly as a fraction of a slice of time allows
+};
 
 /// Where and how large a plot is drawn. The viewport is the whole target; the frame may be larger
 /// than the target and lie partly outside it, as it does when a picture is drawn in tiles.
@@ -21,6 +29,10 @@ struct Drawing {
     double frameWidth = 0;
     double frameHeight = 0;
     double pixelsPerPoint = 1; ///< 1 point is 1/72 inch of paper: text and line widths
+    Detail detail = Detail::Full;
+    std::size_t coarseTriangles = 0; ///< of a surface in a coarse drawing, at most
+    KeptGeometry* kept = nullptr;    ///< of the current context; null: nothing is kept
+    bool asksOften = false;          ///< after each small portion, however fast it was drawn
 };
 
 /// Which kinds of object a pick takes.
@@ -55,7 +67,8 @@ public:
     virtual std::string description() const = 0;
 };
 
-/// A plot for the data: XY lines for a table, a surface for a grid.
-std::unique_ptr<Plot> makePlot(const DataSet& data);
+/// A plot for the data: XY lines for a table, a surface for a grid. Large data take their time: it asks
+/// `breath` to go on, and throws ReadInterrupted when that says no.
+std::unique_ptr<Plot> makePlot(const DataSet& data, Breath& breath);
 
 } // namespace velmora::engine

@@ -1,5 +1,7 @@
 #include "engine/plot/Series.h"
 
+#include "engine/core/Breath.h"
+#include "engine/data/DataReader.h"
 #include "engine/plot/Palette.h"
 
 #include <cmath>
@@ -11,26 +13,31 @@ namespace {
 
 constexpr double roomBeside = 0.015;
 constexpr double roomAbove = 0.05;
+constexpr std::size_t rowsAPortion = 65536;
 
 } // namespace
 
-std::vector<Series> seriesOf(const Table& table)
+std::vector<Series> seriesOf(const Table& table, Breath& breath)
 {
     std::vector<Series> series;
     const std::vector<Column>& columns = table.columns;
     if (columns.size() == 1)
-        series.push_back({nullptr, &columns.front(), lineColor(0)});
+        series.push_back({nullptr, &columns.front(), lineColor(0), nullptr});
     for (std::size_t i = 1; i < columns.size(); ++i)
-        series.push_back({&columns.front(), &columns[i], lineColor(i - 1)});
+        series.push_back({&columns.front(), &columns[i], lineColor(i - 1), nullptr});
+    for (Series& line : series)
+        line.blocks = std::make_shared<SeriesBlocks>(line.x, *line.y, breath);
     return series;
 }
 
-void findRanges(const std::vector<Series>& series, AxisRange& x, AxisRange& y)
+void findRanges(const std::vector<Series>& series, AxisRange& x, AxisRange& y, Breath& breath)
 {
     constexpr double most = std::numeric_limits<double>::infinity();
     Rect covered{most, most, -most, -most};
     for (const Series& line : series)
         for (std::size_t row = 0; row < line.size(); ++row) {
+            if (row % rowsAPortion == 0 && !breath.goOn(1))
+                throw ReadInterrupted();
             const Point point = line.at(row);
             if (std::isfinite(point.x) && std::isfinite(point.y))
                 covered.take(point);

@@ -2,6 +2,7 @@
 
 #include "engine/data/Table.h"
 #include "engine/plot/Geometry.h"
+#include "engine/plot/SeriesBlocks.h"
 #include "engine/plot/Ticks.h"
 
 #include <cstddef>
@@ -17,15 +18,16 @@ struct Series {
     const Column* x = nullptr;
     const Column* y = nullptr;
     Color color;
+    std::shared_ptr<const SeriesBlocks> blocks;
 
     std::size_t size() const { return x ? std::min(x->values.size(), y->values.size()) : y->values.size(); }
     Point at(std::size_t row) const { return {x ? x->values[row] : static_cast<double>(row) + 1, y->values[row]}; }
 };
 
-/// The lines of a table. They point into it.
-std::vector<Series> seriesOf(const Table& table);
+/// The lines of a table. They point into it. Asks `breath` to go on; throws ReadInterrupted when it says no.
+std::vector<Series> seriesOf(const Table& table, Breath& breath);
 
-/// What the lines cover; rows with a gap count on neither axis.
-void findRanges(const std::vector<Series>& series, AxisRange& x, AxisRange& y);
+/// What the lines cover; rows with a gap count on neither axis. Asks `breath` as well.
+void findRanges(const std::vector<Series>& series, AxisRange& x, AxisRange& y, Breath& breath);
 
 } // namespace velmora::engine

@@ -1,5 +1,6 @@
 #include "engine/plot/SeriesPath.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace velmora::engine {
@@ -10,11 +11,13 @@ namespace {
 // under half a millisecond, the latter with their drawing by a software OpenGL.
 constexpr std::size_t rowsAPortion = 8192;
 constexpr std::size_t segmentsAPortion = 160;
+// In a column of pixels: more than these are drawn as a bar where a coarse picture will do.
+constexpr std::size_t mostPointsOfLines = 4;
 
 } // namespace
 
-SeriesPath::SeriesPath(const Series& series, const AxisMap& map, double lineWidth)
-    : m_series(series), m_map(map), m_clip(map.plot.grown(8 + 4 * lineWidth))
+SeriesPath::SeriesPath(const Series& series, const AxisMap& map, double lineWidth, Detail detail)
+    : m_series(series), m_map(map), m_clip(map.plot.grown(8 + 4 * lineWidth)), m_detail(detail)
 {}
 
 std::size_t SeriesPath::mostPortions(const Series& series)
@@ -26,11 +29,14 @@ bool SeriesPath::next(Portion& portion)
 {
     portion.lines.clear();
     portion.dots.clear();
+    portion.bars.clear();
     if (m_row >= m_series.size())
         return false;
     m_segments = 0;
-    for (std::size_t rows = 0; rows < rowsAPortion && m_segments < segmentsAPortion && m_row < m_series.size(); ++rows)
-        takeRow(portion);
+    portion.rows = 0;
+    for (; portion.rows < rowsAPortion && m_segments < segmentsAPortion && m_row < m_series.size(); ++portion.rows)
+        if (!takeBlock(portion))
+            takeRow(portion);
     if (m_row == m_series.size())
         endLine(portion);
     return true;
@@ -61,6 +67,24 @@ void SeriesPath::takeRow(Portion& portion)
         portion.dots.push_back({point.x, point.y, 0});
 }
 
+/// Many rows that are all in the same column of pixels: those that show are known.
+bool SeriesPath::takeBlock(Portion& portion)
+{
+    if (m_row % SeriesBlocks::rowsABlock != 0 || !m_series.blocks || !m_series.blocks->blockOf(m_row).isPlain)
+        return false;
+    const SeriesBlocks::Block& block = m_series.blocks->blockOf(m_row);
+    const Point first = m_map(m_series.at(m_row));
+    const Point last = m_map(m_series.at(m_row + SeriesBlocks::rowsABlock - 1));
+    if (std::floor(first.x) != std::floor(last.x))
+        return false;
+    addToColumn(first, portion);
+    addToColumn(m_map(m_series.at(m_row + std::min(block.lowest, block.highest))), portion);
+    addToColumn(m_map(m_series.at(m_row + std::max(block.lowest, block.highest))), portion);
+    addToColumn(last, portion);
+    m_row += SeriesBlocks::rowsABlock;
+    return true;
+}
+
 void SeriesPath::addToColumn(Point point, Portion& portion)
 {
     const double number = std::floor(point.x);
@@ -89,12 +113,27 @@ void SeriesPath::endColumn(Portion& portion)
         return;
     const bool lowestFirst = column.lowestAt < column.highestAt;
     lineTo(column.first, portion);
+    if (m_detail == Detail::Coarse && column.points > mostPointsOfLines) {
+        addBar(column, portion);
+        return;
+    }
     if (column.points > 2) {
         lineTo(lowestFirst ? column.lowest : column.highest, portion);
         lineTo(lowestFirst ? column.highest : column.lowest, portion);
     }
     if (column.points > 1)
         lineTo(column.last, portion);
+}
+
+/// The lines between the points of a column cover all from the lowest to the highest one.
+void SeriesPath::addBar(const PixelColumn& column, Portion& portion)
+{
+    const Rect bar{column.number, std::max(column.lowest.y, m_clip.y1), column.number + 1,
+                   std::min(column.highest.y, m_clip.y2)};
+    if (bar.y1 < bar.y2 && bar.x2 > m_clip.x1 && bar.x1 < m_clip.x2)
+        portion.bars.push_back(bar);
+    ++m_segments;
+    m_last = column.last;
 }
 
 void SeriesPath::endLine(Portion& portion)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "engine/plot/Plot.h"
 #include "engine/plot/Series.h"
 #include "engine/plot/Stroke.h"
 
@@ -29,9 +30,11 @@ public:
     struct Portion {
         std::vector<std::vector<StrokePoint>> lines;
         std::vector<StrokePoint> dots; ///< values between two gaps
+        std::vector<Rect> bars;        ///< of a coarse path: what lines cover in one column of pixels
+        std::size_t rows = 0;          ///< that were read for it
     };
 
-    SeriesPath(const Series& series, const AxisMap& map, double lineWidth);
+    SeriesPath(const Series& series, const AxisMap& map, double lineWidth, Detail detail = Detail::Full);
 
     /// The next portion; false when there is none.
     bool next(Portion& portion);
@@ -48,10 +51,12 @@ private:
     };
 
     void takeRow(Portion& portion);
+    bool takeBlock(Portion& portion);
     bool isAlone(std::size_t row) const;
     bool isGap(std::size_t row) const;
     void addToColumn(Point point, Portion& portion);
     void endColumn(Portion& portion);
+    void addBar(const PixelColumn& column, Portion& portion);
     void endLine(Portion& portion);
     void lineTo(Point point, Portion& portion);
     void append(Point from, Point to, Portion& portion);
@@ -59,6 +64,7 @@ private:
     Series m_series;
     AxisMap m_map;
     Rect m_clip;
+    Detail m_detail;
     std::size_t m_row = 0;
     PixelColumn m_column;
     bool m_hasLast = false;

@@ -97,6 +97,15 @@ void Stroke::addRun(const std::vector<StrokePoint>& points)
     addBand(static_cast<unsigned>(m_vertices.size()) - 8);
 }
 
+void Stroke::addBar(const Rect& bar)
+{
+    const auto first = static_cast<unsigned>(m_vertices.size());
+    for (const Point corner : {Point{bar.x1, bar.y1}, {bar.x2, bar.y1}, {bar.x2, bar.y2}, {bar.x1, bar.y2}})
+        m_vertices.push_back({static_cast<float>(corner.x), static_cast<float>(corner.y), 0, m_color});
+    for (const unsigned i : {0u, 1u, 2u, 0u, 2u, 3u})
+        m_indices.push_back(first + i);
+}
+
 void Stroke::addDisc(const StrokePoint& center, double radius)
 {
     const auto middle = static_cast<unsigned>(m_vertices.size());

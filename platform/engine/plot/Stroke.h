@@ -32,6 +32,8 @@ public:
 
     /// Adds the line through the points.
     void addLine(const StrokePoint* points, std::size_t count);
+    /// Adds a rectangle, without soft edges.
+    void addBar(const Rect& bar);
     /// Adds a filled circle.
     void addDisc(const StrokePoint& center, double radius);
     void clear();

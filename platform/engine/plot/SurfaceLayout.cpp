@@ -2,6 +2,7 @@
 
 #include "engine/plot/Palette.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace velmora::engine {
@@ -18,6 +19,12 @@ constexpr double tickLength = 4;
 constexpr double barWidth = 14;
 constexpr double barRoom = 76;
 constexpr double labelRoom = 40;
+constexpr double roomBesideBar = 40; ///< for labels between it and the surface
+constexpr double labelDistance = 2;
+constexpr double shortestScale = 40; ///< an axis that is shorter in the picture has none
+constexpr int mostTicks = 12;
+constexpr int mostLines = 4; ///< of labels beside an axis where there is little room
+constexpr double lineHeight = 1.3;
 
 constexpr double barShare = 0.62; ///< of the frame's height
 
@@ -25,7 +32,7 @@ Rect surfaceArea(const FrameSize& frame)
 {
     Rect area = frame.rect().grown(-frame.points(edge + labelRoom));
     area.y2 += frame.points(labelRoom - titleSize - gap);
-    area.x2 -= frame.points(barRoom - labelRoom);
+    area.x2 -= frame.points(barRoom - labelRoom + roomBesideBar);
     return {area.x1, area.y1, std::max(area.x2, area.x1 + 1), std::max(area.y2, area.y1 + 1)};
 }
 
@@ -33,6 +40,12 @@ Rect surfaceArea(const FrameSize& frame)
 Align alignFor(double direction)
 {
     return direction > 0.4 ? Align::Start : direction < -0.4 ? Align::End : Align::Middle;
+}
+
+Point turned(Point vector, double angle)
+{
+    return {vector.x * std::cos(angle) - vector.y * std::sin(angle),
+            vector.x * std::sin(angle) + vector.y * std::cos(angle)};
 }
 
 Point unit(Point vector)
@@ -51,6 +64,13 @@ struct AxisEdge {
     AxisRange range;
 };
 
+/// To where the labels of an axis stand, and how far away from it the ground is free.
+struct Outwards {
+    Point direction;
+    double inside = 0;
+};
+
+/// The title and the colour bar come first: they have one place only.
 class Builder {
 public:
     Builder(const Grid& grid, const SurfaceShape& shape, const SurfaceView& view, const FrameSize& frame)
@@ -62,9 +82,10 @@ public:
     {
         findNearCorner();
         addFloorAndWalls();
-        addAxes();
         addTitle();
         addBar();
+        takePlaces();
+        addAxes();
         return std::move(m_layout);
     }
 
@@ -80,10 +101,16 @@ private:
     void addAxes();
     void addAxis(const AxisEdge& axisEdge);
     bool isFree(const Rect& rect) const;
-    double addTicks(const AxisEdge& axisEdge, Point away, SurfaceAxis& axis) const;
-    std::vector<Tick> ticksFor(const AxisEdge& axisEdge, double pixels) const;
+    double insideBox(const AxisEdge& axisEdge, Point away) const;
+    Point pointOn(const AxisEdge& axisEdge, double t) const;
+    SurfaceAxis withTicks(const AxisEdge& axisEdge, const Outwards& outwards, int most, int lines) const;
+    TextItem labelAt(const std::string& text, Point foot, Point away, double distance) const;
+    static double nearestCorner(const Rect& rect, Point from, Point away);
+    SurfaceAxis withBestTicks(const AxisEdge& axisEdge, const Outwards& outwards) const;
+    void addAxisTitle(const AxisEdge& axisEdge, Point away, double reach);
     void addTitle();
     void addBar();
+    void takePlaces();
     void addGridLine(const Vector3& a, const Vector3& b) { m_layout.grid.push_back({at(a), at(b)}); }
     void addEdge(const Vector3& a, const Vector3& b) { m_layout.edges.push_back({at(a), at(b)}); }
 
@@ -91,18 +118,20 @@ private:
     const SurfaceShape& m_shape;
     const FrameSize& m_frame;
     SurfaceLayout m_layout;
-    double m_nearX = 0; ///< of the floor's corner nearest to the viewer
+    std::vector<Rect> m_taken; ///< by texts and the bar
+    double m_nearX = 0;        ///< of the floor's corner nearest to the viewer
     double m_nearY = 0;
 };
 
 void Builder::findNearCorner()
 {
-    double nearest = -1e30;
+    // The lowest in the picture, which from above says more than the distance: that is the same for all.
+    double lowest = 1e30;
     for (double x : {-m_shape.halfX(), m_shape.halfX()})
         for (double y : {-m_shape.halfY(), m_shape.halfY()}) {
-            const double nearness = m_layout.camera.nearness({x, y, 0});
-            if (nearness > nearest) {
-                nearest = nearness;
+            const double height = at({x, y, -m_shape.halfZ()}).y;
+            if (height < lowest) {
+                lowest = height;
                 m_nearX = x;
                 m_nearY = y;
             }
@@ -155,85 +184,164 @@ void Builder::addAxes()
     addAxis({surfaceobject::zAxis, surfaceobject::zTitle, "z", {x, y, -hz}, {x, y, hz}, m_shape.heights()});
 }
 
-std::vector<Tick> Builder::ticksFor(const AxisEdge& axisEdge, double pixels) const
-{
-    std::vector<Tick> ticks;
-    for (int most = std::clamp(static_cast<int>(pixels / points(labelSize * 1.9)), 0, 6); most >= 1; --most) {
-        ticks = numberTicks(axisEdge.range, most);
-        double widest = 0;
-        for (const Tick& tick : ticks)
-            widest = std::max(widest, measureText(FontFace::regular(), tick.label, points(labelSize)).width);
-        // Labels beside an upright axis stand above one another, at the others side by side.
-        const bool isUpright = axisEdge.object == surfaceobject::zAxis;
-        if (isUpright || (widest + points(gap)) * static_cast<double>(ticks.size()) < pixels * 1.15)
-            return ticks;
-    }
-    return {};
-}
-
-// Where two axes meet at a narrow angle their last labels would lie upon each other.
 bool Builder::isFree(const Rect& rect) const
 {
-    for (const SurfaceAxis& axis : m_layout.axes)
-        for (const TextItem& label : axis.labels)
-            if (rect.meets(textRect(label).grown(points(2))))
-                return false;
-    return true;
+    const Rect frame = m_frame.rect();
+    const Rect room = rect.grown(points(labelDistance));
+    return frame.contains({rect.x1, rect.y1}) && frame.contains({rect.x2, rect.y2}) &&
+           std::none_of(m_taken.begin(), m_taken.end(), [&room](const Rect& taken) { return room.meets(taken); });
 }
 
-/// Adds ticks and labels; how far the labels reach away from the axis.
-double Builder::addTicks(const AxisEdge& axisEdge, Point away, SurfaceAxis& axis) const
+/// How far an edge of the floor lies within what the box covers, where that is seen from above: its labels
+/// stand outside all of it.
+double Builder::insideBox(const AxisEdge& axisEdge, Point away) const
 {
-    const double size = points(labelSize);
-    const Point a = axis.line.from;
-    const Point b = axis.line.to;
-    double reach = 0;
-    for (const Tick& tick : ticksFor(axisEdge, std::hypot(b.x - a.x, b.y - a.y))) {
-        const double t = (tick.value - axisEdge.range.from) / axisEdge.range.span();
-        const Vector3& f = axisEdge.from;
-        const Vector3& e = axisEdge.to;
-        const Point foot = at({f.x + (e.x - f.x) * t, f.y + (e.y - f.y) * t, f.z + (e.z - f.z) * t});
-        const double length = points(tickLength);
-        axis.ticks.push_back({foot, {foot.x + away.x * length, foot.y + away.y * length}});
-        const double far = length + points(gap / 2);
-        const TextItem label{tick.label,
-                             {foot.x + away.x * far, foot.y + away.y * far},
-                             size,
-                             alignFor(away.x),
-                             alignFor(away.y),
-                             false,
-                             false,
-                             palette::label};
-        const Rect rect = textRect(label);
-        if (isFree(rect))
-            axis.labels.push_back(label);
-        reach = std::max(reach, far + std::fabs(away.x) * rect.width() + std::fabs(away.y) * rect.height());
+    double inside = 0;
+    for (Vector3 end : {axisEdge.from, axisEdge.to}) {
+        const Point foot = at(end);
+        end.z = m_shape.halfZ();
+        const Point top = at(end);
+        inside = std::max(inside, (top.x - foot.x) * away.x + (top.y - foot.y) * away.y);
     }
-    return reach;
+    return axisEdge.object == surfaceobject::zAxis ? 0 : inside;
+}
+
+Point Builder::pointOn(const AxisEdge& axisEdge, double t) const
+{
+    const Vector3& f = axisEdge.from;
+    const Vector3& e = axisEdge.to;
+    return at({f.x + (e.x - f.x) * t, f.y + (e.y - f.y) * t, f.z + (e.z - f.z) * t});
+}
+
+/// A label beside an axis, all of it at least `distance` away.
+TextItem Builder::labelAt(const std::string& text, Point foot, Point away, double distance) const
+{
+    TextItem label;
+    label.text = text;
+    label.size = points(labelSize);
+    label.color = palette::label;
+    label.along = alignFor(away.x);
+    label.across = alignFor(away.y);
+    label.anchor = {foot.x + away.x * distance, foot.y + away.y * distance};
+    const double back = std::max(0.0, distance - nearestCorner(textRect(label), foot, away));
+    label.anchor = {label.anchor.x + away.x * back, label.anchor.y + away.y * back};
+    return label;
+}
+
+/// The ticks of which there are `most` at most, with those labels that stand free, each in the first of so many
+/// lines beside the axis that has room for it.
+SurfaceAxis Builder::withTicks(const AxisEdge& axisEdge, const Outwards& outwards, int most, int lines) const
+{
+    SurfaceAxis axis{axisEdge.object, {at(axisEdge.from), at(axisEdge.to)}, {}, {}};
+    const Point away = outwards.direction;
+    const auto isApart = [&](const Rect& rect) {
+        const Rect room = rect.grown(points(labelDistance));
+        return std::none_of(axis.labels.begin(), axis.labels.end(),
+                            [&room](const TextItem& label) { return room.meets(textRect(label)); });
+    };
+    for (const Tick& tick : numberTicks(axisEdge.range, most)) {
+        const Point foot = pointOn(axisEdge, (tick.value - axisEdge.range.from) / axisEdge.range.span());
+        double end = outwards.inside + points(tickLength);
+        for (int line = 0; line < lines; ++line) {
+            const double further = line * points(labelSize) * lineHeight;
+            const TextItem label = labelAt(tick.label, foot, away, end + further + points(gap / 2));
+            if (!isApart(textRect(label)) || !isFree(textRect(label)))
+                continue;
+            axis.labels.push_back(label);
+            end += further;
+            break;
+        }
+        axis.ticks.push_back({foot, {foot.x + away.x * end, foot.y + away.y * end}});
+    }
+    return axis;
+}
+
+/// Of a rectangle's corners the one that lies least far away from a point.
+double Builder::nearestCorner(const Rect& rect, Point from, Point away)
+{
+    const double x = away.x > 0 ? rect.x1 : rect.x2;
+    const double y = away.y > 0 ? rect.y1 : rect.y2;
+    return (x - from.x) * away.x + (y - from.y) * away.y;
+}
+
+/// As many ticks as have labels that stand free, all of them if possible; at least two, for one tells no scale.
+SurfaceAxis Builder::withBestTicks(const AxisEdge& axisEdge, const Outwards& outwards) const
+{
+    SurfaceAxis best{axisEdge.object, {at(axisEdge.from), at(axisEdge.to)}, {}, {}};
+    const Point along{best.line.to.x - best.line.from.x, best.line.to.y - best.line.from.y};
+    const double length = std::hypot(along.x, along.y);
+    if (length < points(shortestScale))
+        return best;
+    const int usual = std::clamp(static_cast<int>(length / points(labelSize * 1.9)), 2, 6);
+    for (int most = usual; most >= 1; --most) {
+        SurfaceAxis axis = withTicks(axisEdge, outwards, most, 1);
+        if (axis.labels.size() >= 2 && axis.labels.size() == axis.ticks.size())
+            return axis;
+        if (axis.labels.size() > best.labels.size())
+            best = std::move(axis);
+    }
+    for (int most = 1; most <= mostTicks && best.labels.size() < 2; ++most) {
+        SurfaceAxis axis = withTicks(axisEdge, outwards, most, mostLines);
+        if (axis.labels.size() > best.labels.size())
+            best = std::move(axis);
+    }
+    return best;
 }
 
 void Builder::addAxis(const AxisEdge& axisEdge)
 {
-    SurfaceAxis axis{axisEdge.object, {at(axisEdge.from), at(axisEdge.to)}, {}, {}};
-    const Point a = axis.line.from;
-    const Point b = axis.line.to;
+    const Point a = at(axisEdge.from);
+    const Point b = at(axisEdge.to);
     const Point middle{(a.x + b.x) / 2, (a.y + b.y) / 2};
     const Point center = at({0, 0, axisEdge.object == surfaceobject::zAxis ? 0 : -m_shape.halfZ()});
     Point away = unit({-(b.y - a.y), b.x - a.x});
     if (away.x * (middle.x - center.x) + away.y * (middle.y - center.y) < 0)
         away = {-away.x, -away.y};
-    const double reach = addTicks(axisEdge, away, axis) + points(gap);
-    SurfaceText title{{axisEdge.title,
-                       {middle.x + away.x * reach, middle.y + away.y * reach},
-                       points(axisTitleSize),
-                       alignFor(away.x),
-                       alignFor(away.y),
-                       false,
-                       true,
-                       palette::ink},
-                      axisEdge.titleObject};
-    m_layout.texts.push_back(title);
+    // From above the upright axis is a point or nearly so: what belongs to it stands beyond the corner.
+    const double length = std::hypot(b.x - a.x, b.y - a.y);
+    const bool isShort = length < points(shortestScale);
+    if (isShort)
+        away = unit({middle.x - center.x, middle.y - center.y});
+    const Outwards outwards{away, insideBox(axisEdge, away)};
+    SurfaceAxis axis = withBestTicks(axisEdge, outwards);
+    double reach = outwards.inside + points(tickLength) + (isShort ? length / 2 : 0);
+    for (const TextItem& label : axis.labels) {
+        const Rect rect = textRect(label);
+        m_taken.push_back(rect);
+        const Point back{-away.x, -away.y};
+        reach = std::max(reach, -nearestCorner(rect, middle, back));
+    }
+    addAxisTitle(axisEdge, away, reach + points(gap));
     m_layout.axes.push_back(std::move(axis));
+}
+
+/// In the middle of the axis, or beside it where something else stands.
+void Builder::addAxisTitle(const AxisEdge& axisEdge, Point away, double reach)
+{
+    TextItem title;
+    title.text = axisEdge.title;
+    title.size = points(axisTitleSize);
+    title.bold = true;
+    title.color = palette::ink;
+    const auto place = [&](double t, double distance, Point direction) {
+        const Point foot = pointOn(axisEdge, t);
+        title.anchor = {foot.x + direction.x * distance, foot.y + direction.y * distance};
+        title.along = alignFor(direction.x);
+        title.across = alignFor(direction.y);
+        return isFree(textRect(title));
+    };
+    const auto placeSomewhere = [&] {
+        for (const double turn : {0.0, 0.7, -0.7, 1.4, -1.4})
+            for (const double more : {0.0, 1.0, 2.0, 3.0})
+                for (const double t : {0.5, 0.4, 0.6, 0.3, 0.7, 0.2, 0.8, 0.1, 0.9, 0.0, 1.0, -0.1, 1.1})
+                    if (place(t, reach + more * title.size, turned(away, turn)))
+                        return true;
+        return false;
+    };
+    if (!placeSomewhere())
+        place(0.5, reach, away);
+    m_taken.push_back(textRect(title));
+    m_layout.texts.push_back({title, axisEdge.titleObject});
 }
 
 void Builder::addTitle()
@@ -280,6 +388,15 @@ void Builder::addBar()
                                true,
                                palette::ink},
                               surfaceobject::barTitle});
+}
+
+void Builder::takePlaces()
+{
+    m_taken.push_back(m_layout.bar);
+    for (const TextItem& label : m_layout.barLabels)
+        m_taken.push_back(textRect(label));
+    for (const SurfaceText& text : m_layout.texts)
+        m_taken.push_back(textRect(text.item));
 }
 
 } // namespace

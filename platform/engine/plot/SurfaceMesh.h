@@ -1,72 +1,70 @@
 #pragma once
 
 #include "engine/plot/Camera.h"
+#include "engine/plot/HeightPatch.h"
 #include "engine/plot/SurfaceShape.h"
 
+#include <cstdint>
 #include <vector>
 
 namespace velmora::engine {
 
 /// A corner of the surface. `band` is where its height lies between the lowest and highest band.
 struct MeshVertex {
-    float band;
-    float normal[3];
     float position[3];
+    float band;
+    std::int16_t normal[3]; ///< of length 32767
+    std::int16_t unused;
 };
 
 /// A piece of the surface.
 struct MeshPart {
     std::vector<MeshVertex> vertices;
-    std::vector<unsigned> indices; ///< of triangles
+    std::vector<std::uint16_t> indices; ///< of triangles
     void clear();
 };
 
-/// Makes the triangles of a grid piece by piece, never all at once. Its nodes are the centres of
-/// every `stride`-th cell and of the last ones. Cells around a gap are left out; a value without
-/// neighbours shows as a level cell.
+/// Makes the triangles of a level of detail, piece by piece. Cells around a gap are left out; a value
+/// without neighbours shows as a level cell.
 class SurfaceMesh {
 public:
-    /// Nodes along the side of a piece.
-    static constexpr int pieceSide = 16;
+    /// Meshes along the side of a piece. A power of two: the nodes of a level this many levels further up
+    /// stand for whole pieces.
+    static constexpr int pieceLevels = 5;
+    static constexpr int pieceSide = 1 << pieceLevels;
 
-    SurfaceMesh(const Grid& grid, const SurfaceShape& shape, int stride);
+    SurfaceMesh(const SurfaceLevels& levels, const SurfaceShape& shape, int level);
 
-    /// The stride at which the meshes of a surface `scale` pixels wide are about a pixel wide.
-    static int strideFor(const Grid& grid, double scale);
-
+    int level() const { return m_level; }
     int columns() const { return m_columns; } ///< of nodes
     int rows() const { return m_rows; }
     int pieceColumns() const { return pieces(m_columns); }
     int pieceRows() const { return pieces(m_rows); }
     void makePiece(int pieceColumn, int pieceRow, MeshPart& part) const;
-    /// The corners of the box that holds the piece whatever its heights are.
+    /// The corners of the box that holds the piece; none for a piece of nothing but gaps.
     std::vector<Vector3> pieceBox(int pieceColumn, int pieceRow) const;
-    /// The part of a wall from the surface's border down to the floor that stands at the nodes
-    /// first to last of a side: 0 south, 1 east, 2 north, 3 west.
-    void makeSkirt(int side, int first, int last, MeshPart& part) const;
+    /// The part of a wall from the surface's border down to the floor that stands at `count` nodes of a
+    /// side, from `first` on: 0 south, 1 east, 2 north, 3 west.
+    void makeSkirt(int side, int first, int count, MeshPart& part) const;
     int sideLength(int side) const { return side % 2 == 0 ? m_columns : m_rows; }
-
-    /// The place of a node; false for a gap.
-    bool node(int column, int row, Vector3& place) const;
-    /// The n-th node of a side.
-    bool sideNode(int side, int n, Vector3& place) const;
+    /// The upper border of that wall. Two neighbours are joined where both are values; NaN stands for a gap.
+    std::vector<Vector3> sideNodes(int side, int first, int count) const;
+    /// The first and the last of these nodes, on the floor.
+    std::vector<Vector3> sideEnds(int side, int first, int count) const;
 
 private:
     static int pieces(int nodes);
-    bool isValue(int column, int row) const;
-    float value(int column, int row) const;
-    int gridColumn(int column) const;
-    int gridRow(int row) const;
-    bool isAlone(int column, int row) const;
-    int valuesInMesh(int column, int row) const;
-    double slope(int column, int row, int dColumn, int dRow) const;
-    MeshVertex vertex(int column, int row) const;
-    void addMesh(int column, int row, unsigned lowerLeft, unsigned across, MeshPart& part) const;
-    void addLevelCell(int column, int row, MeshPart& part) const;
+    int sideColumn(int side, int n) const { return side % 2 == 0 ? n : side == 1 ? m_columns - 1 : 0; }
+    int sideRow(int side, int n) const { return side % 2 != 0 ? n : side == 0 ? m_rows - 1 : 0; }
+    Vector3 place(const HeightPatch& patch, int column, int row) const;
+    double slopeX(const HeightPatch& patch, int column, int row) const;
+    double slopeY(const HeightPatch& patch, int column, int row) const;
+    MeshVertex vertex(const HeightPatch& patch, int column, int row) const;
+    void addLevelCell(const HeightPatch& patch, int column, int row, MeshPart& part) const;
 
-    const Grid& m_grid;
+    const SurfaceLevels& m_levels;
     const SurfaceShape& m_shape;
-    int m_stride;
+    int m_level;
     int m_columns;
     int m_rows;
 };

@@ -38,20 +38,14 @@ bool meetsTriangles(const MeshPart& part, const Camera& camera, const Rect& rect
 
 bool mayMeet(const std::vector<Vector3>& box, const Camera& camera, const Rect& rect)
 {
-    Rect covered{1e30, 1e30, -1e30, -1e30};
-    for (const Vector3& corner : box) {
-        const StrokePoint place = camera.project(corner);
-        covered.take({place.x, place.y});
-    }
-    return covered.meets(rect);
+    return !box.empty() && coveredBy(box, camera).meets(rect);
 }
 
 } // namespace
 
-SurfacePlot::SurfacePlot(std::shared_ptr<const Grid> grid)
+SurfacePlot::SurfacePlot(std::shared_ptr<const Grid> grid, Breath& breath)
 {
-    m_content.shape = std::make_shared<SurfaceShape>(*grid);
-    m_content.grid = std::move(grid);
+    m_content.data = std::make_shared<SurfaceData>(std::move(grid), breath);
 }
 
 bool SurfacePlot::draw(const Drawing& drawing, Breath& breath)
@@ -97,14 +91,14 @@ void SurfacePlot::fit()
 
 std::string SurfacePlot::description() const
 {
-    const Grid& grid = *m_content.grid;
+    const Grid& grid = m_content.data->grid();
     std::string text = std::to_string(grid.columns) + " x " + std::to_string(grid.rows) + " grid, ";
     return text + (grid.gaps == 0 ? "no" : std::to_string(grid.gaps)) + (grid.gaps == 1 ? " gap" : " gaps");
 }
 
 void SurfacePlot::collect(const Rect& rect, const PickFilter& filter, Selection& found) const
 {
-    const SurfaceLayout layout = layOut(*m_content.grid, *m_content.shape, m_content.view, frameSize());
+    const SurfaceLayout layout = layOut(m_content.data->grid(), m_content.data->shape, m_content.view, frameSize());
     if (filter.zones && meetsSurface(layout.camera, rect))
         found.insert({ObjectKind::Zone, surfaceobject::surface});
     if (filter.geometries) {
@@ -123,8 +117,8 @@ void SurfacePlot::collect(const Rect& rect, const PickFilter& filter, Selection&
 
 bool SurfacePlot::meetsSurface(const Camera& camera, const Rect& rect) const
 {
-    const Grid& grid = *m_content.grid;
-    const SurfaceMesh mesh(grid, *m_content.shape, SurfaceMesh::strideFor(grid, camera.scale()));
+    const SurfaceData& data = *m_content.data;
+    const SurfaceMesh mesh(data.levels, data.shape, fullLevel(data, camera));
     MeshPart part;
     for (int row = 0; row < mesh.pieceRows(); ++row)
         for (int column = 0; column < mesh.pieceColumns(); ++column)

@@ -11,7 +11,8 @@ namespace velmora::engine {
 /// from above only: the underside of heights shows nothing.
 class SurfacePlot : public SelectablePlot {
 public:
-    explicit SurfacePlot(std::shared_ptr<const Grid> grid);
+    /// Asks `breath` to go on; throws ReadInterrupted when it says no.
+    SurfacePlot(std::shared_ptr<const Grid> grid, Breath& breath);
 
     bool draw(const Drawing& drawing, Breath& breath) override;
     bool canRotate() const override { return true; }

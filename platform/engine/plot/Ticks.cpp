@@ -1,8 +1,9 @@
 #include "engine/plot/Ticks.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <cmath>
-#include <cstdio>
 
 namespace velmora::engine {
 
@@ -25,12 +26,15 @@ int decimalsFor(double step)
     return std::clamp(static_cast<int>(std::ceil(-std::log10(step) - 1e-9)), 0, 17);
 }
 
+// The same in every locale: what a file shows must not depend on where it was drawn.
 std::string plainNumber(double value, int decimals)
 {
-    char text[400];
-    std::snprintf(text, sizeof text, "%.*f", decimals, value);
-    const bool isZero = std::string(text).find_first_of("123456789") == std::string::npos;
-    return isZero && text[0] == '-' ? text + 1 : text;
+    std::array<char, 400> buffer{};
+    const auto written =
+        std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::fixed, decimals);
+    const std::string text(buffer.data(), written.ptr);
+    const bool isZero = text.find_first_of("123456789") == std::string::npos;
+    return isZero && text[0] == '-' ? text.substr(1) : text;
 }
 
 std::string withoutTrailingNoughts(std::string digits)

@@ -20,6 +20,9 @@ constexpr double axisWidth = 0.8;
 constexpr double selectedAxisWidth = 2;
 constexpr double tickLength = 4;
 
+// So many rows are read while a triangle is set up.
+constexpr double rowsATriangle = 16;
+
 constexpr Color halo{255, 178, 80, 150};
 
 // Of the whole work: the grid, then the lines, then the rest.
@@ -91,17 +94,20 @@ void XYPainter::paintLines()
 
 void XYPainter::paintLine(std::size_t line, double width, Color color, bool withDots)
 {
-    SeriesPath path(m_content.series[line], m_layout.map, width);
+    SeriesPath path(m_content.series[line], m_layout.map, width, m_canvas.drawing().detail);
     SeriesPath::Portion portion;
     Stroke stroke(width, color);
     while (!m_canvas.stopped() && path.next(portion)) {
         stroke.clear();
         for (const auto& points : portion.lines)
             stroke.addLine(points.data(), points.size());
+        for (const Rect& bar : portion.bars)
+            stroke.addBar(bar);
         for (const StrokePoint& dot : portion.dots)
             if (withDots)
                 stroke.addDisc(dot, points(dotRadius));
         m_canvas.stroke(stroke);
+        m_canvas.charge(static_cast<double>(portion.rows) / rowsATriangle);
         m_canvas.step();
     }
 }
@@ -121,6 +127,7 @@ void XYPainter::paintMarkers(std::size_t line)
         }
         if ((row + 1) % 1024 == 0 || markers.vertices().size() > 1000 || row + 1 == series.size()) {
             m_canvas.stroke(markers);
+            m_canvas.charge(1024 / rowsATriangle);
             markers.clear();
             m_canvas.step();
         }

@@ -1,6 +1,7 @@
 #include "engine/plot/XYPlot.h"
 
 #include "engine/gl/GLStateGuard.h"
+#include "engine/gl/KeptGeometry.h"
 #include "engine/plot/XYPainter.h"
 
 #include <cmath>
@@ -60,17 +61,19 @@ Rect common(const Rect& a, const Rect& b)
 
 } // namespace
 
-XYPlot::XYPlot(std::shared_ptr<const Table> table)
+XYPlot::XYPlot(std::shared_ptr<const Table> table, Breath& breath)
 {
     m_content.table = std::move(table);
-    m_content.series = seriesOf(*m_content.table);
-    findRanges(m_content.series, m_fullX, m_fullY);
+    m_content.series = seriesOf(*m_content.table, breath);
+    findRanges(m_content.series, m_fullX, m_fullY, breath);
     XYPlot::fit();
 }
 
 bool XYPlot::draw(const Drawing& drawing, Breath& breath)
 {
     rememberFrameSize(drawing);
+    if (drawing.kept)
+        drawing.kept->release(*drawing.gl);
     const GLStateGuard guard(*drawing.gl);
     return XYPainter(drawing, breath, m_content, selection()).paint();
 }

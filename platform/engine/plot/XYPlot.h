@@ -10,7 +10,8 @@ namespace velmora::engine {
 /// The columns of a table as lines over its first column. The view is the range of both axes.
 class XYPlot : public SelectablePlot {
 public:
-    explicit XYPlot(std::shared_ptr<const Table> table);
+    /// Asks `breath` to go on; throws ReadInterrupted when it says no.
+    XYPlot(std::shared_ptr<const Table> table, Breath& breath);
 
     bool draw(const Drawing& drawing, Breath& breath) override;
     bool canRotate() const override { return false; }

@@ -113,7 +113,7 @@ TEST_F(ExportedPicture, OfAnEmptyPageIsWhite)
 
 TEST_F(ExportedPicture, IsSmootherWithSupersamplingAndTheSamePictureOtherwise)
 {
-    load(gridFile());
+    load(hillFile());
     const PngPicture plain = picture(options(240, 180));
     for (int factor = 2; factor <= 8; ++factor) {
         const PngPicture smooth = picture(options(240, 180, factor));

@@ -41,9 +41,24 @@ TEST_F(Busy, TheApplicationGetsItsTurnsOnlyWhileTheEngineIsBusy)
     slowDown();
     show(area);
     turns = busyInTurns = 0;
-    VelEngTurn();
+    VelUtilWorkFinish();
     EXPECT_GT(turns, 5);
     EXPECT_EQ(busyInTurns, turns);
+}
+
+TEST_F(Busy, APictureThatIsRefinedInTheEnginesOwnTurnIsNoBusyWork)
+{
+    FakeArea area(200, 150);
+    load(tableFile());
+    slowDown();
+    show(area);
+    turns = busyInTurns = 0;
+    progress.clear();
+    EXPECT_EQ(VelEngTurn(), 1);
+    EXPECT_GT(turns, 5);
+    EXPECT_EQ(busyInTurns, 0);
+    EXPECT_TRUE(progress.empty());
+    EXPECT_EQ(VelUtilPageIsComplete(), 1);
 }
 
 TEST_F(Busy, LongPortionsGiveTurnsAsOftenAsFiveMillisecondsDemand)
@@ -82,7 +97,7 @@ TEST_F(Busy, WorkInsideOtherWorkIsOneStretchForTheNotBusyCallback)
         }
         return 0;
     };
-    VelEngTurn();
+    VelUtilWorkFinish();
     EXPECT_TRUE(loaded);
     EXPECT_EQ(notBusyCalls, 1);
     EXPECT_EQ(VelUtilIsBusy(), 0);

@@ -51,7 +51,7 @@ TEST_F(DirectDrawing, AViewChangeIsDrawnInTheNextTurn)
     EXPECT_EQ(VelUtilPageIsComplete(), 0);
     notBusyCalls = 0;
     EXPECT_EQ(VelEngTurn(), 1);
-    EXPECT_EQ(notBusyCalls, 1);
+    EXPECT_GE(notBusyCalls, 1);
     EXPECT_EQ(VelUtilPageIsComplete(), 1);
     EXPECT_NE(area.surface.bytes(), before);
 }

@@ -87,7 +87,8 @@ TEST_F(ScreenDrawing, AnotherAreaPaintedInMidDrawingDoesNotDisturbThePicture)
 
 TEST_F(ScreenDrawing, WhateverTheApplicationPaintsInItsTurnTheDrawingFindsItsStateAsItWas)
 {
-    load(tableFile());
+    load(gridFile());
+    area.surface.resize(700, 500);
     m_page = show(area);
     VelUtilWorkFinish();
     const std::vector<unsigned char> undisturbed = area.surface.bytes();

@@ -111,15 +111,30 @@ std::string EngineFixture::tableFile()
     return write("lines.csv", text);
 }
 
+namespace {
+
+std::string gridText(int size, int (*height)(int column, int row))
+{
+    const std::string side = std::to_string(size);
+    std::string text = "ncols " + side + "\nnrows " + side + "\nxllcorner 0\nyllcorner 0\ncellsize 1\n";
+    for (int row = 0; row < size; ++row)
+        for (int column = 0; column < size; ++column)
+            text += std::to_string(height(column, row)) + (column == size - 1 ? "\n" : " ");
+    return text;
+}
+
+} // namespace
+
 std::string EngineFixture::gridFile()
 {
-    constexpr int Size = 120;
-    const std::string size = std::to_string(Size);
-    std::string text = "ncols " + size + "\nnrows " + size + "\nxllcorner 0\nyllcorner 0\ncellsize 1\n";
-    for (int row = 0; row < Size; ++row)
-        for (int column = 0; column < Size; ++column)
-            text += std::to_string((row * column) % 60) + (column == Size - 1 ? "\n" : " ");
-    return write("heights.asc", text);
+    return write("heights.asc", gridText(120, [](int column, int row) { return (row * column) % 60; }));
+}
+
+std::string EngineFixture::hillFile()
+{
+    return write("hill.asc", gridText(120, [](int column, int row) {
+                     return 3600 - (column - 60) * (column - 60) / 2 - (row - 60) * (row - 60) / 2;
+                 }));
 }
 
 void EngineFixture::load(const std::string& fileName)

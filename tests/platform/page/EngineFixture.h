@@ -20,7 +20,8 @@ protected:
     /// A file below a folder of this test's own.
     std::string write(const std::string& name, const std::string& content);
     std::string tableFile();
-    std::string gridFile();
+    std::string gridFile(); ///< rough
+    std::string hillFile(); ///< smooth
     void load(const std::string& fileName);
     /// Makes drawing and reading take long enough for many turns.
     static void slowDown();

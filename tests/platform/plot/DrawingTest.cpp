@@ -39,7 +39,7 @@ struct Kind {
 
 class EveryPlot : public testing::TestWithParam<Kind> {
 protected:
-    std::unique_ptr<Plot> plot() const { return makePlot(GetParam().data()); }
+    std::unique_ptr<Plot> plot() const { return makePlot(GetParam().data(), patience()); }
 };
 
 constexpr int width = 400;
@@ -240,13 +240,16 @@ TEST_P(EveryPlot, StopsAtOnceWhereverItIsToldToAndLeavesNothingBehind)
 {
     const auto drawn = plot();
     CountingBreath whole;
-    Picture(width, height).draw(*drawn, whole);
+    Picture first(width, height);
+    Drawing drawing = first.drawing();
+    drawing.asksOften = true; // else it would ask as often as the machine is slow
+    ASSERT_TRUE(drawn->draw(drawing, whole));
     for (long stopAt = 1; stopAt <= whole.questions; stopAt += 1 + whole.questions / 40) {
         Picture picture(width, height);
         const std::vector<double> before = glState(currentGL());
         StoppingBreath breath;
         breath.stopAt = stopAt;
-        EXPECT_FALSE(picture.draw(*drawn, breath));
+        EXPECT_FALSE(drawn->draw(drawing, breath));
         EXPECT_EQ(breath.questions, stopAt);
         EXPECT_EQ(breath.afterStop, 0);
         EXPECT_EQ(glState(currentGL()), before);
@@ -259,7 +262,7 @@ TEST_P(EveryPlot, ProgressRisesToOne)
     CountingBreath breath;
     Picture(width, height).draw(*plot(), breath);
     EXPECT_TRUE(breath.isMonotonous);
-    EXPECT_GT(breath.questions, 15);
+    EXPECT_GT(breath.questions, 3);
     EXPECT_GT(breath.lastFraction, 0.85);
     EXPECT_LE(breath.lastFraction, 1);
 }
@@ -286,7 +289,7 @@ TEST_P(EveryPlot, MayGoWhileItIsDrawn)
     public:
         bool goOn(double fraction) override
         {
-            if (questions == 5)
+            if (questions == 2)
                 plot.reset();
             return CountingBreath::goOn(fraction);
         }
@@ -311,23 +314,21 @@ TEST(LargeData, ALargeGridIsDrawnInManySmallPortions)
 {
     const std::shared_ptr<const Grid> grid =
         gridOf(1200, 1200, [](int column, int row) { return 100 * std::sin(column * 0.01) * std::cos(row * 0.013); });
-    const auto drawn = makePlot(grid);
+    const auto drawn = makePlot(grid, patience());
     Picture picture(1000, 800);
     CountingBreath breath;
     ASSERT_TRUE(picture.draw(*drawn, breath));
-    // Some 500 by 500 pixels of surface in pieces of 16 by 16 meshes, twice: for the surface and
-    // for the lines on it.
-    EXPECT_GT(breath.questions, 2 * 500 * 500 / (16 * 16));
+    EXPECT_GT(breath.questions, 50);
 }
 
 TEST(LargeData, AFewLargeCellsAreFilledInPortions)
 {
     const std::shared_ptr<const Grid> grid = gridOf(3, 3, [](int column, int row) { return column + row * 1.0; });
-    const auto drawn = makePlot(grid);
+    const auto drawn = makePlot(grid, patience());
     Picture picture(1600, 1200);
     CountingBreath breath;
     ASSERT_TRUE(picture.draw(*drawn, breath));
-    EXPECT_GT(breath.questions, 60);
+    EXPECT_GT(breath.questions, 15);
 }
 
 TEST(LargeData, ManyRowsAreReadInPortions)
@@ -336,9 +337,9 @@ TEST(LargeData, ManyRowsAreReadInPortions)
     for (int i = 0; i < 500000; ++i)
         values.push_back(std::sin(i * 0.001));
     const std::shared_ptr<const Table> table = tableOf({values});
-    const auto drawn = makePlot(table);
+    const auto drawn = makePlot(table, patience());
     Picture picture(800, 600);
     CountingBreath breath;
     ASSERT_TRUE(picture.draw(*drawn, breath));
-    EXPECT_GT(breath.questions, 500000 / 8192);
+    EXPECT_GT(breath.questions, 15);
 }

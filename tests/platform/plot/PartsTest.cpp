@@ -1,12 +1,15 @@
 #include "engine/plot/Contours.h"
 #include "engine/plot/Palette.h"
 #include "engine/plot/SeriesPath.h"
+#include "engine/plot/SurfaceMesh.h"
 #include "engine/plot/SurfaceShape.h"
 #include "tests/platform/plot/SampleData.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
+#include <random>
 #include <set>
 
 using namespace velmora::engine;
@@ -20,7 +23,7 @@ const Rect square{0, 0, 100, 100};
 std::vector<std::vector<StrokePoint>> linesOf(const Table& table, AxisRange x, AxisRange y,
                                               std::vector<StrokePoint>* dots = nullptr)
 {
-    SeriesPath path(seriesOf(table).front(), {x, y, square}, 1);
+    SeriesPath path(seriesOf(table, patience()).front(), {x, y, square}, 1);
     SeriesPath::Portion portion;
     std::vector<std::vector<StrokePoint>> lines;
     while (path.next(portion)) {
@@ -31,23 +34,29 @@ std::vector<std::vector<StrokePoint>> linesOf(const Table& table, AxisRange x, A
     return lines;
 }
 
-MeshPart wholeMesh(const Grid& grid, int stride)
+struct WholeMesh {
+    std::vector<MeshVertex> vertices;
+    std::vector<std::size_t> indices;
+};
+
+WholeMesh wholeMesh(const std::shared_ptr<Grid>& grid, int level = 0)
 {
-    const SurfaceShape shape(grid);
-    const SurfaceMesh mesh(grid, shape, stride);
-    MeshPart all;
+    const SurfaceShape shape(*grid);
+    const SurfaceLevels levels(grid, patience());
+    const SurfaceMesh mesh(levels, shape, level);
+    WholeMesh all;
     MeshPart part;
     for (int row = 0; row < mesh.pieceRows(); ++row)
         for (int column = 0; column < mesh.pieceColumns(); ++column) {
             mesh.makePiece(column, row, part);
             for (unsigned index : part.indices)
-                all.indices.push_back(static_cast<unsigned>(all.vertices.size()) + index);
+                all.indices.push_back(all.vertices.size() + index);
             all.vertices.insert(all.vertices.end(), part.vertices.begin(), part.vertices.end());
         }
     return all;
 }
 
-double flatArea(const MeshPart& part)
+double flatArea(const WholeMesh& part)
 {
     double area = 0;
     for (std::size_t i = 0; i < part.indices.size(); i += 3) {
@@ -123,6 +132,64 @@ TEST(SeriesPath, KeepsTheExtremesOfManyRowsInOneColumnOfPixels)
     EXPECT_LT(points, 600u);
     EXPECT_NEAR(highest, 90, 1e-9);
     EXPECT_NEAR(lowest, 10, 1e-9);
+}
+
+TEST(SeriesPath, BlocksOfRowsLookLikeTheirRows)
+{
+    std::mt19937 random(5);
+    std::normal_distribution<double> noise;
+    std::vector<double> values(60000);
+    for (std::size_t i = 0; i < values.size(); ++i)
+        values[i] = i / 7000 == 3 && i % 700 == 5 ? missing : 50 + 10 * noise(random);
+    const auto table = tableOf({values});
+    std::swap(table->columns[0].values[20000], table->columns[0].values[20900]); // it goes back here
+    for (const double from : {0.0, 12345.6}) {
+        Series series = seriesOf(*table, patience()).front();
+        const AxisMap map{{from, 60000}, {0, 100}, square};
+        const auto pathOf = [&] {
+            SeriesPath path(series, map, 1);
+            SeriesPath::Portion portion;
+            std::vector<Point> points;
+            while (path.next(portion))
+                for (const auto& line : portion.lines)
+                    for (const StrokePoint& point : line)
+                        points.push_back({point.x, point.y});
+            return points;
+        };
+        const std::vector<Point> withBlocks = pathOf();
+        series.blocks = nullptr;
+        const std::vector<Point> without = pathOf();
+        // Portions end elsewhere, and where one ends its last point comes again.
+        const auto distinct = [](std::vector<Point> points) {
+            points.erase(
+                std::unique(points.begin(), points.end(), [](Point a, Point b) { return a.x == b.x && a.y == b.y; }),
+                points.end());
+            return points;
+        };
+        const std::vector<Point> a = distinct(withBlocks);
+        const std::vector<Point> b = distinct(without);
+        ASSERT_EQ(a.size(), b.size()) << from;
+        for (std::size_t i = 0; i < a.size(); ++i)
+            ASSERT_TRUE(a[i].x == b[i].x && a[i].y == b[i].y) << i;
+    }
+}
+
+TEST(SeriesPath, ACoarsePathOfManyRowsIsTheirEnvelope)
+{
+    std::vector<double> values;
+    for (int i = 0; i < 100000; ++i)
+        values.push_back(i == 45678 ? 90 : i == 71234 ? 5 : 50 + i % 7);
+    const auto table = tableOf({values});
+    SeriesPath path(seriesOf(*table, patience()).front(), {{0, 100000}, {0, 100}, square}, 1, Detail::Coarse);
+    SeriesPath::Portion portion;
+    std::vector<Rect> bars;
+    while (path.next(portion))
+        bars.insert(bars.end(), portion.bars.begin(), portion.bars.end());
+    ASSERT_EQ(bars.size(), 100u) << "one for each column of pixels";
+    for (const Rect& bar : bars) {
+        EXPECT_NEAR(bar.y2, bar.x1 == 45 ? 90 : 56, 1e-9);
+        EXPECT_NEAR(bar.y1, bar.x1 == 71 ? 5 : 50, 1e-9);
+    }
 }
 
 TEST(SeriesPath, CutsOffWhatIsFarOutside)
@@ -225,9 +292,9 @@ TEST(SurfaceMesh, CoversEveryCellOnceWithTrianglesThatFaceUp)
 {
     const auto grid = gridOf(41, 41, flat);
     const SurfaceShape shape(*grid);
-    EXPECT_NEAR(flatArea(wholeMesh(*grid, 1)), 40 * 40 * shape.stepX() * shape.stepY(), 1e-5);
-    EXPECT_NEAR(flatArea(wholeMesh(*grid, 3)), 40 * 40 * shape.stepX() * shape.stepY(), 1e-5)
-        << "the last column and row count also where the stride misses them";
+    EXPECT_NEAR(flatArea(wholeMesh(grid)), 40 * 40 * shape.stepX() * shape.stepY(), 1e-5);
+    EXPECT_NEAR(flatArea(wholeMesh(grid, 2)), 40 * 40 * shape.stepX() * shape.stepY(), 1e-5)
+        << "the last column and row count also where the level has fewer";
 }
 
 TEST(SurfaceMesh, AGapIsAHole)
@@ -235,56 +302,77 @@ TEST(SurfaceMesh, AGapIsAHole)
     const auto grid = gridOf(41, 41, [](int column, int row) { return column == 20 && row == 20 ? missing : 1; });
     const SurfaceShape shape(*grid);
     // Four cells around the gap keep the half that needs it not.
-    EXPECT_NEAR(flatArea(wholeMesh(*grid, 1)), (40 * 40 - 2) * shape.stepX() * shape.stepY(), 1e-5);
+    EXPECT_NEAR(flatArea(wholeMesh(grid)), (40 * 40 - 2) * shape.stepX() * shape.stepY(), 1e-5);
 }
 
 TEST(SurfaceMesh, ValuesWithoutNeighboursAreLevelCells)
 {
     const auto one = gridOf(9, 9, [](int column, int row) { return column == 4 && row == 2 ? 7 : missing; });
-    EXPECT_NEAR(flatArea(wholeMesh(*one, 1)), 1 / 81.0, 1e-6);
+    EXPECT_NEAR(flatArea(wholeMesh(one)), 1 / 81.0, 1e-6);
     const auto row = gridOf(8, 1, flat);
     const SurfaceShape rowShape(*row);
-    EXPECT_NEAR(flatArea(wholeMesh(*row, 1)), 8 * rowShape.stepX() * rowShape.stepY(), 1e-6);
+    EXPECT_NEAR(flatArea(wholeMesh(row)), 8 * rowShape.stepX() * rowShape.stepY(), 1e-6);
 }
 
 TEST(SurfaceMesh, NormalsLeanAwayFromTheRise)
 {
-    const auto eastwards = wholeMesh(*gridOf(9, 9, [](int column, int) { return column * 1.0; }), 1);
+    const auto eastwards = wholeMesh(gridOf(9, 9, [](int column, int) { return column * 1.0; }));
     for (const MeshVertex& vertex : eastwards.vertices) {
-        EXPECT_LT(vertex.normal[0], -0.1F);
-        EXPECT_NEAR(vertex.normal[1], 0, 1e-6);
+        EXPECT_LT(vertex.normal[0], -3000);
+        EXPECT_NEAR(vertex.normal[1], 0, 1);
     }
-    const auto northwards = wholeMesh(*gridOf(9, 9, [](int, int row) { return -row * 1.0; }), 1);
+    const auto northwards = wholeMesh(gridOf(9, 9, [](int, int row) { return -row * 1.0; }));
     for (const MeshVertex& vertex : northwards.vertices)
-        EXPECT_LT(vertex.normal[1], -0.1F);
+        EXPECT_LT(vertex.normal[1], -3000);
 }
 
-TEST(SurfaceMesh, TheStrideGrowsWithTheCellsInAPixel)
+namespace {
+
+ContourLines contoursOfGrid(const std::shared_ptr<Grid>& grid, double tolerance)
 {
-    const auto grid = gridOf(1000, 10, flat);
-    EXPECT_EQ(SurfaceMesh::strideFor(*grid, 5000), 1);
-    EXPECT_EQ(SurfaceMesh::strideFor(*grid, 600), 1);
-    EXPECT_EQ(SurfaceMesh::strideFor(*grid, 250), 4);
+    const SurfaceShape shape(*grid);
+    const SurfaceLevels levels(grid, patience());
+    MeshPart part;
+    SurfaceMesh(levels, shape, 0).makePiece(0, 0, part);
+    return contoursOf(part, shape, tolerance);
 }
+
+} // namespace
 
 TEST(Contours, LieAtTheBandBorders)
 {
     const auto grid = gridOf(33, 33, [](int column, int row) { return column + 0.1 * row; });
     const SurfaceShape shape(*grid);
-    std::vector<ContourSegment> segments;
-    addContours(wholeMesh(*grid, 1), shape, segments);
-    EXPECT_GT(segments.size(), 100u);
+    const ContourLines lines = contoursOfGrid(grid, 0);
+    EXPECT_EQ(lines.size(), shape.bandEdges().size() - 2) << "one for each border inside";
     const double step = shape.z(shape.bandEdges()[1]) - shape.z(shape.bandEdges()[0]);
-    for (const ContourSegment& segment : segments) {
-        EXPECT_NEAR(std::remainder(segment.first.z + shape.halfZ(), step), 0, 1e-5);
-        EXPECT_NEAR(segment.first.z, segment.second.z, 1e-6);
+    for (const ContourLine& line : lines) {
+        EXPECT_GE(line.size(), 2u);
+        for (const Vector3& point : line) {
+            EXPECT_NEAR(std::remainder(point.z + shape.halfZ(), step), 0, 1e-5);
+            EXPECT_NEAR(point.z, line.front().z, 1e-6);
+        }
     }
+}
+
+TEST(Contours, AroundAHillAreClosed)
+{
+    const ContourLines lines = contoursOfGrid(hill(31), 0);
+    ASSERT_FALSE(lines.empty());
+    for (const ContourLine& line : lines) {
+        EXPECT_NEAR(line.front().x, line.back().x, 1e-9);
+        EXPECT_NEAR(line.front().y, line.back().y, 1e-9);
+    }
+}
+
+TEST(Contours, StraightLinesNeedFewPoints)
+{
+    const auto slope = gridOf(33, 33, [](int column, int) { return column * 1.0 + 0.001; });
+    for (const ContourLine& line : contoursOfGrid(slope, 1e-4))
+        EXPECT_LE(line.size(), 10u);
 }
 
 TEST(Contours, ALevelSurfaceHasNone)
 {
-    const auto grid = gridOf(5, 5, flat);
-    std::vector<ContourSegment> segments;
-    addContours(wholeMesh(*grid, 1), SurfaceShape(*grid), segments);
-    EXPECT_TRUE(segments.empty());
+    EXPECT_TRUE(contoursOfGrid(gridOf(5, 5, flat), 0).empty());
 }

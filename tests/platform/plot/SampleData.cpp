@@ -1,5 +1,7 @@
 #include "tests/platform/plot/SampleData.h"
 
+#include "engine/core/Breath.h"
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -42,6 +44,15 @@ std::shared_ptr<Grid> gridOf(int columns, int rows, const std::function<double(i
             grid->maximum = std::max(grid->maximum, value);
         }
     return grid;
+}
+
+Breath& patience()
+{
+    class Patience final : public Breath {
+        bool goOn(double) override { return true; }
+    };
+    static Patience patience;
+    return patience;
 }
 
 std::shared_ptr<Grid> hill(int side)

@@ -67,7 +67,7 @@ std::size_t countSelected(const Picture& picture)
 TEST(SurfacePlot, HigherGroundIsDrawnHigherAndBrighter)
 {
     const auto grid = hill(61);
-    SurfacePlot plot(grid);
+    GridPlot plot(grid);
     Picture picture(width, height);
     ASSERT_TRUE(picture.draw(plot));
     const Point top = placeOf(plot, *grid, 30, 30);
@@ -85,7 +85,7 @@ TEST(SurfacePlot, HeightRaisesTheSamePlace)
         const auto grid = gridOf(21, 21, [middle](int column, int row) {
             return column == 10 && row == 10 ? middle : column == 0 && row == 0 ? 4 : 0;
         });
-        return placeOf(SurfacePlot(grid), *grid, 10, 10).y;
+        return placeOf(GridPlot(grid), *grid, 10, 10).y;
     };
     EXPECT_GT(at(4), at(2) + 5);
     EXPECT_GT(at(2), at(0) + 5);
@@ -95,7 +95,7 @@ TEST(SurfacePlot, HillsHideWhatIsBehindThem)
 {
     // A high wall in front of a dark plain: behind it the wall's colours show.
     const auto grid = gridOf(41, 41, [](int, int row) { return row > 26 && row < 33 ? 12.0 : 0; });
-    SurfacePlot plot(grid);
+    GridPlot plot(grid);
     plot.rotate(-plot.view().aboutVertical, 12 - plot.view().tilt);
     Picture picture(width, height);
     ASSERT_TRUE(picture.draw(plot));
@@ -109,7 +109,7 @@ TEST(SurfacePlot, AGapIsAHoleInTheSurface)
     const auto grid = gridOf(31, 31, [](int column, int row) {
         return std::abs(column - 15) < 4 && std::abs(row - 15) < 4 ? missing : 5.0 + column * 0.01;
     });
-    SurfacePlot plot(grid);
+    GridPlot plot(grid);
     plot.rotate(0, 90);
     Picture picture(width, height);
     ASSERT_TRUE(picture.draw(plot));
@@ -127,7 +127,7 @@ TEST(SurfacePlot, ShadingChangesWithTheDirectionOfSight)
 {
     // A level cannot change its shading by turning, a slope must.
     const auto slope = gridOf(31, 31, [](int column, int) { return column * 1.0; });
-    SurfacePlot plot(slope);
+    GridPlot plot(slope);
     const auto brightness = [&](double turn) {
         plot.fit();
         plot.rotate(turn - plot.view().aboutVertical, 0);
@@ -147,7 +147,7 @@ TEST(SurfacePlot, ShadingChangesWithTheDirectionOfSight)
 
 TEST(SurfacePlot, FitRestoresThePicture)
 {
-    SurfacePlot plot(hill(31));
+    GridPlot plot(hill(31));
     Picture first(width, height);
     first.draw(plot);
     const std::vector<unsigned char> before = first.bytes();
@@ -166,7 +166,7 @@ TEST(SurfacePlot, FitRestoresThePicture)
 TEST(SurfacePlot, ZoomKeepsThePlaceUnderThePoint)
 {
     const auto grid = hill(31);
-    SurfacePlot plot(grid);
+    GridPlot plot(grid);
     Picture(width, height).draw(plot);
     plot.translate(0.05, -0.07);
     const Point before = placeOf(plot, *grid, 22, 9);
@@ -183,7 +183,7 @@ TEST(SurfacePlot, ZoomKeepsThePlaceUnderThePoint)
 TEST(SurfacePlot, TranslateMovesByFractionsOfTheFrame)
 {
     const auto grid = hill(31);
-    SurfacePlot plot(grid);
+    GridPlot plot(grid);
     Picture(width, height).draw(plot);
     const Point before = placeOf(plot, *grid, 3, 9);
     plot.translate(0.25, -0.1);
@@ -194,7 +194,7 @@ TEST(SurfacePlot, TranslateMovesByFractionsOfTheFrame)
 
 TEST(SurfacePlot, TheTiltStaysAboveTheGround)
 {
-    SurfacePlot plot(hill(11));
+    GridPlot plot(hill(11));
     plot.rotate(0, 1000);
     EXPECT_EQ(plot.view().tilt, 90);
     plot.rotate(0, -1000);
@@ -207,7 +207,7 @@ TEST(SurfacePlot, TheWholeBoxFitsWheneverItIsTurned)
 {
     const auto grid = hill(31);
     const SurfaceShape shape(*grid);
-    SurfacePlot plot(grid);
+    GridPlot plot(grid);
     for (int turn = 0; turn < 24; ++turn) {
         for (double tilt : {3.0, 30.0, 60.0, 90.0}) {
             plot.rotate(15, tilt - plot.view().tilt);
@@ -225,7 +225,7 @@ TEST(SurfacePlot, TheWholeBoxFitsWheneverItIsTurned)
 TEST(SurfacePlot, PicksTheSurfaceWhereItIs)
 {
     const auto grid = hill(31);
-    SurfacePlot plot(grid);
+    GridPlot plot(grid);
     Picture(width, height).draw(plot);
     const PickFilter zones{true, false, false, true};
     EXPECT_EQ(pickAt(plot, {20, 20}, zones), 0);
@@ -242,7 +242,7 @@ TEST(SurfacePlot, AHoleIsNotPicked)
     const auto grid = gridOf(31, 31, [](int column, int row) {
         return std::abs(column - 15) < 6 && std::abs(row - 15) < 6 ? missing : 5.0;
     });
-    SurfacePlot plot(grid);
+    GridPlot plot(grid);
     Picture(width, height).draw(plot);
     const SurfaceShape shape(*grid);
     const StrokePoint hole = layoutOf(plot, *grid).camera.project({shape.x(15), shape.y(15), shape.z(5)});
@@ -252,7 +252,7 @@ TEST(SurfacePlot, AHoleIsNotPicked)
 TEST(SurfacePlot, PicksTextsAxesAndTheColorBar)
 {
     const auto grid = hill(31);
-    SurfacePlot plot(grid);
+    GridPlot plot(grid);
     Picture(width, height).draw(plot);
     const SurfaceLayout layout = layoutOf(plot, *grid);
     EXPECT_EQ(pickAt(plot, middleOf(layout.bar), {false, true, false, true}), 1);
@@ -267,7 +267,7 @@ TEST(SurfacePlot, PicksTextsAxesAndTheColorBar)
 TEST(SurfacePlot, SelectedThingsAreSeen)
 {
     const auto grid = hill(31);
-    SurfacePlot plot(grid);
+    GridPlot plot(grid);
     Picture picture(width, height);
     picture.draw(plot);
     EXPECT_EQ(countSelected(picture), 0u);
@@ -295,7 +295,7 @@ TEST(SurfacePlot, UnusualGridsAreDrawn)
         gridOf(20, 20, [](int column, int) { return column % 2 ? 1e30 : -1e30; }),
     };
     for (const std::shared_ptr<Grid>& grid : grids) {
-        SurfacePlot plot(grid);
+        GridPlot plot(grid);
         plot.rotate(0, 40);
         Picture picture(width, height);
         EXPECT_TRUE(picture.draw(plot));
@@ -311,7 +311,7 @@ TEST(SurfacePlot, UnusualGridsAreDrawn)
 
 TEST(SurfacePlot, NothingButGapsStillHasABox)
 {
-    SurfacePlot plot(gridOf(5, 5, [](int, int) { return missing; }));
+    GridPlot plot(gridOf(5, 5, [](int, int) { return missing; }));
     Picture picture(width, height);
     EXPECT_TRUE(picture.draw(plot));
     EXPECT_GT(picture.countInk(), 2000u);
@@ -320,7 +320,7 @@ TEST(SurfacePlot, NothingButGapsStillHasABox)
 
 TEST(SurfacePlot, DescribesItself)
 {
-    EXPECT_EQ(SurfacePlot(hill(12)).description(), "12 x 12 grid, no gaps");
+    EXPECT_EQ(GridPlot(hill(12)).description(), "12 x 12 grid, no gaps");
     const auto holed = gridOf(4, 3, [](int column, int row) { return column + row == 0 ? missing : 1; });
-    EXPECT_EQ(SurfacePlot(holed).description(), "4 x 3 grid, 1 gap");
+    EXPECT_EQ(GridPlot(holed).description(), "4 x 3 grid, 1 gap");
 }

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+namespace velmora::engine {
+
+class Breath;
+struct Column;
+
+/// The rows of a line in blocks, with the lowest and the highest value of each: so a picture of many rows need
+/// not look at all of them.
+class SeriesBlocks {
+public:
+    static constexpr std::size_t rowsABlock = 256;
+
+    struct Block {
+        std::uint8_t lowest = 0; ///< row in the block
+        std::uint8_t highest = 0;
+        bool isPlain = false; ///< full, without a gap, and the horizontal values never go back
+    };
+
+    /// `x` is null for row numbers. Asks `breath` to go on; throws ReadInterrupted when it says no.
+    SeriesBlocks(const Column* x, const Column& y, Breath& breath);
+
+    const Block& blockOf(std::size_t row) const { return m_blocks[row / rowsABlock]; }
+
+private:
+    std::vector<Block> m_blocks;
+};
+
+} // namespace velmora::engine
