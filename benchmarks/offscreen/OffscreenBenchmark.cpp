@@ -5,6 +5,7 @@
 #include "benchmarks/support/Report.h"
 #include "engine/VelEng.h"
 #include "integration/offscreen/ExportableImageInterface.h"
+#include "integration/opengl/OSMesaLibrary.h"
 #include "integration/services/OffscreenImageService.h"
 #include "interfaces/GLContextInterface.h"
 #include "interfaces/OffscreenImageInterface.h"
@@ -18,7 +19,7 @@
 #include <functional>
 #include <vector>
 
-#include <GL/osmesa.h>
+#include <GL/gl.h>
 
 using namespace velmora::sdk::integration;
 using velmora::benchmark::rounded;
@@ -32,7 +33,7 @@ int exceeded = 0;
 template <typename Function>
 Function softwareFunction(Function, const char* name)
 {
-    return reinterpret_cast<Function>(OSMesaGetProcAddress(name));
+    return reinterpret_cast<Function>(intern::osMesa()->getProcAddress(name));
 }
 
 void clearInSoftware()
