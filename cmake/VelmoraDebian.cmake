@@ -68,7 +68,8 @@ if(NOT VELMORA_SDK_ROOT)
     SUMMARY "Reference platform of the Velmora integration for Qt (headers)"
     TEXT "The headers of the engine's libraries, and the interfaces that the engine and" "the integration share.")
 endif()
-velmora_package(runtime ${library} LIBRARY SECTION libs DEPENDS ${needs_platform}
+# Both are loaded at run time; either is enough to draw images by software.
+velmora_package(runtime ${library} LIBRARY SECTION libs DEPENDS ${needs_platform} RECOMMENDS "libegl1 | libosmesa6"
   SUMMARY "Binds a visualisation engine to a Qt desktop application" TEXT ${about})
 velmora_package(development libvlsdkintegrationmanager-qt-dev SECTION libdevel
   DEPENDS "${library} ${same}" ${needs_platform_development} libboost-dev qtbase5-dev libqt5opengl5-dev

@@ -4,10 +4,13 @@
 
 #include "benchmarks/support/Report.h"
 #include "engine/VelEng.h"
+#include "integration/StyleSettings.h"
 #include "integration/offscreen/ExportableImageInterface.h"
+#include "integration/opengl/OSMesaLibrary.h"
 #include "integration/services/OffscreenImageService.h"
 #include "interfaces/GLContextInterface.h"
 #include "interfaces/OffscreenImageInterface.h"
+#include "toolbox/StyleValue.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -18,7 +21,7 @@
 #include <functional>
 #include <vector>
 
-#include <GL/osmesa.h>
+#include <GL/gl.h>
 
 using namespace velmora::sdk::integration;
 using velmora::benchmark::rounded;
@@ -32,7 +35,7 @@ int exceeded = 0;
 template <typename Function>
 Function softwareFunction(Function, const char* name)
 {
-    return reinterpret_cast<Function>(OSMesaGetProcAddress(name));
+    return reinterpret_cast<Function>(intern::osMesa()->getProcAddress(name));
 }
 
 void clearInSoftware()
@@ -83,6 +86,10 @@ public:
 
     void software()
     {
+        if (!intern::osMesa()) {
+            std::fprintf(stderr, "OSMesa is not installed and is left out.\n");
+            return;
+        }
         OffscreenImageInterface* const image = draw(ImageRenderingStrategy_Software);
         const double flipped = time([&] { flippedCopy(); });
         reportRatio("OSMesa image: toImage / flipped copy of the rows", time([&] { toImage(image); }), flipped, 1.5);
@@ -94,16 +101,25 @@ public:
         m_service.imageDestroy(image);
     }
 
-    void pixelBuffer()
+    void pixelBuffer() { readBackAndRows("pixel buffer: read-back and rows / memcpy of its bytes"); }
+
+    void egl()
     {
-        OffscreenImageInterface* const image = draw(ImageRenderingStrategy_Hardware);
-        const auto forget = [&] { m_service.imageDestroy(nullptr); };
-        reportRatio("pixel buffer: read-back and rows / memcpy of its bytes", time([&] { readRows(image); }, forget),
-                    m_memcpy, 12.0);
-        m_service.imageDestroy(image);
+        const velmora::toolbox::StyleValue section("Interface", "OpenGLConfig", "ImageRendering");
+        writeStyleInteger(section, "PreferEGL", 1);
+        readBackAndRows("EGL image: read-back and rows / memcpy of its bytes");
+        writeStyleInteger(section, "PreferEGL", 0);
     }
 
 private:
+    void readBackAndRows(const char* what)
+    {
+        OffscreenImageInterface* const image = draw(ImageRenderingStrategy_Hardware);
+        const auto forget = [&] { m_service.imageDestroy(nullptr); };
+        reportRatio(what, time([&] { readRows(image); }, forget), m_memcpy, 4.0);
+        m_service.imageDestroy(image);
+    }
+
     OffscreenImageInterface* draw(ImageRenderingStrategy_e strategy)
     {
         softwareIsDrawing = strategy != ImageRenderingStrategy_Hardware;
@@ -160,5 +176,6 @@ int main(int argc, char** argv)
     Benchmark benchmark(side);
     benchmark.software();
     benchmark.pixelBuffer();
+    benchmark.egl();
     return exceeded > 0 ? 1 : 0;
 }

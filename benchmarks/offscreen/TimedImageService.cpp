@@ -93,6 +93,8 @@ int TimedImageService::readRow(AnyImage* image, int row, unsigned char* red, uns
     if (!self.m_isReadBack)
         self.enter(ExportPhase::Rows);
     self.m_isReadBack = true;
+    if (row == image->height() - 1)
+        self.enter(ExportPhase::Png); // the image may be drawn again
     return done ? 1 : 0;
 }
 
@@ -100,8 +102,9 @@ void TimedImageService::destroy(AnyImage* image, long client)
 {
     auto& self = *reinterpret_cast<TimedImageService*>(client);
     self.enter(ExportPhase::Images);
+    self.m_isReadBack = false;
     const std::unique_ptr<Image> timed(dynamic_cast<Image*>(image));
-    self.m_service.imageDestroy(timed->real());
+    self.m_service.imageDestroy(timed ? timed->real() : nullptr);
     self.enter(ExportPhase::Png);
 }
 

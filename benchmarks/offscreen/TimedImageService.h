@@ -12,7 +12,7 @@ enum class ExportPhase {
     Drawing,  ///< until the driver is done
     ReadBack, ///< the first row, with which an image is read back as a whole
     Rows,     ///< the other rows, as planes and again as RGB
-    Png       ///< all the rest: compressing and writing
+    Png       ///< all the rest: handing rows over to be compressed on another thread, and waiting for that
 };
 constexpr std::size_t ExportPhases = 5;
 

@@ -27,6 +27,11 @@ bool isOnX11()
     return platform.isEmpty() ? qgetenv("WAYLAND_DISPLAY").isEmpty() : platform.startsWith("xcb");
 }
 
+bool isDisplayNamed()
+{
+    return !qgetenv("DISPLAY").isEmpty();
+}
+
 bool canConnect()
 {
     Display* const display = XOpenDisplay(nullptr);
@@ -48,17 +53,23 @@ void tellDisplayLost()
 
 } // namespace
 
+void doWithoutDisplay()
+{
+    if (isOnX11() && !isDisplayNamed() && qgetenv("QT_QPA_PLATFORM").isEmpty())
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+}
+
 QString displayProblem()
 {
     if (!isOnX11() || canConnect())
         return QString();
-    const QByteArray name = qgetenv("DISPLAY");
-    const QString problem = name.isEmpty()
-                                ? QString::fromLatin1("There is no display: DISPLAY is not set.")
-                                : QString::fromLatin1("The display \"%1\" cannot be opened.").arg(name.constData());
+    const QString problem =
+        isDisplayNamed()
+            ? QString::fromLatin1("The display \"%1\" cannot be opened.").arg(qgetenv("DISPLAY").constData())
+            : QString::fromLatin1("There is no display: DISPLAY is not set.");
     return problem +
            QString::fromLatin1(" Set DISPLAY to an X server that lets you in, or run the viewer under xvfb-run. "
-                               "QT_QPA_PLATFORM=offscreen is enough to print, and to export with --strategy software.");
+                               "To --print and to --export none is needed: unset DISPLAY and QT_QPA_PLATFORM.");
 }
 
 // An X server that does the drawing itself may offer contexts that do not work.

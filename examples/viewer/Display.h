@@ -5,6 +5,10 @@ class QString;
 
 namespace viewer {
 
+/// For a task that shows nothing, before there is an application object: where no display is named, the
+/// toolkit does without one. A display that is named is used, for its OpenGL may be the faster one.
+void doWithoutDisplay();
+
 /// Why there can be no application object here, and what to do about it; empty when there can. For
 /// before there is one: the toolkit would abort the process.
 QString displayProblem();

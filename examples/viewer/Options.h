@@ -27,6 +27,8 @@ struct Options {
 
     /// Whether the task makes a picture instead of a window.
     bool writes() const { return task >= TakeSnapshot; }
+    /// Whether it takes a window, which a picture of the screen is taken of, too.
+    bool showsWindow() const { return task <= TakeSnapshot; }
     QSize pictureSize() const { return size.isValid() ? size : QSize(1000, 700); }
 };
 

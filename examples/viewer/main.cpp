@@ -99,6 +99,8 @@ int main(int argc, char** argv)
             std::printf("viewer %s\n", VIEWER_VERSION);
         return AllWell;
     }
+    if (!options.showsWindow())
+        viewer::doWithoutDisplay();
     const QString problem = viewer::displayProblem();
     if (!problem.isEmpty())
         return tell(NoDisplay, problem);

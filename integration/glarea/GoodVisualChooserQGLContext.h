@@ -13,7 +13,7 @@ namespace integration {
 /// back to "VisualID": with the switch on, the contexts created later in the same run take that
 /// visual without ranking again; with it off, the toolkit chooses anew for each.
 ///
-/// GUI thread only. Without X11, without any TrueColor visual, or with a configured ID that matches
+/// GUI thread only. Without X11 or GLX, without any TrueColor visual, or with a configured ID that matches
 /// none, the toolkit chooses and nothing is written. Exceptions of the toolbox pass through.
 class VELMORA_INTEGRATION_EXPORT GoodVisualChooserQGLContext : public toolkit::VisualChoosingContext {
 public:

@@ -75,7 +75,8 @@ struct VisualList::Impl {
 VisualList::VisualList() : m_impl(std::make_unique<Impl>())
 {
     m_impl->display = toolkit::xDisplay();
-    if (!m_impl->display)
+    // Without GLX every visual would count as one of no size at all.
+    if (!m_impl->display || !glXQueryExtension(m_impl->display, nullptr, nullptr))
         return;
     XVisualInfo wanted = {};
     wanted.c_class = TrueColor;

@@ -19,7 +19,7 @@ struct VisualRequest {
 };
 
 /// The TrueColor visuals of the toolkit's X display, as they were when the list was made. Empty
-/// without X11.
+/// without X11, and on a server without GLX, by which alone they could be told apart.
 class VisualList {
 public:
     VisualList();

@@ -3,6 +3,7 @@
 #include "engine/VelEng.h"
 #include "integration/intern/ModifierMask.h"
 #include "integration/intern/Mouse3DInput.h"
+#include "integration/opengl/SurfacelessContext.h"
 
 #include <QAbstractEventDispatcher>
 #include <QApplication>
@@ -77,6 +78,9 @@ private:
 void ApplicationEventMonitor::processWhileBusy_Internal()
 {
     const Turn turn(m_eventFilter.nestedLoops());
+    // An application that paints in its turn could not make its own context current over an image's. The engine
+    // makes it current again after each turn, as that of every image.
+    SurfacelessContext::releaseCurrent();
     m_eventFilter.deliverParkedEvent();
     // Nothing could come of further events before the waiting one has been sent.
     if (m_eventFilter.hasInterruptedEvent())

@@ -8,7 +8,10 @@ bool canDrawOffscreen(const QSize& size)
 {
     if (size.isEmpty())
         return false;
-    static const QSize limit = largestOffscreenSize();
+    // A query that failed says nothing of the next one.
+    static QSize limit;
+    if (limit.isEmpty())
+        limit = largestOffscreenSize();
     return size.width() <= limit.width() && size.height() <= limit.height();
 }
 

@@ -29,15 +29,16 @@ public:
     /// In pixels, of the buffer that was really made.
     QSize size() const;
 
-    /// Makes the buffer's context current; whether it is now. After a no, nothing may be drawn: whatever was
-    /// current before may still be.
+    /// Makes the buffer's context current with the buffer to draw into, whatever framebuffer object was bound
+    /// to it before; whether that is so now. After a no, nothing may be drawn: whatever was current before may
+    /// still be.
     bool makeCurrent();
     /// Leaves no context current, whosever it was.
     void doneCurrent();
 
     /// What has been drawn, the top row first. Makes the buffer's context current. A null image
-    /// when it cannot be read. How the drawing left pixels to be stored or changed on their way, and
-    /// a buffer object that it left bound for them, do not matter and are as they were afterwards.
+    /// when it cannot be read, for whatever reason. How the drawing left pixels to be stored or changed on their way,
+    /// and a buffer object that it left bound for them, do not matter and are as they were afterwards.
     QImage readBack();
 
     /// Whether the toolkit survives it when the buffer is destroyed now. The context that is current

@@ -1,28 +1,46 @@
 // The viewer where there is no display, or none that it may use.
 
 #include "tests/faults/FaultyRun.h"
+#include "tests/support/Pixels.h"
+#include "tests/viewer/PictureColours.h"
 
 #include <QFile>
+#include <QImage>
 
 using namespace velmora::test;
 
 namespace {
 
 constexpr int NoDisplay = 3;
+constexpr int Failed = 1;
 
 class WithoutDisplay : public FaultyRun {
 protected:
     WithoutDisplay() { setVariable("QT_QPA_PLATFORM", QString()); }
 
-    void expectRefusals(const QStringList& words)
+    void expectRefusals(const QStringList& tasks, const QStringList& words)
     {
         const QString out = folder.file("out");
-        const QString data = folder.writeGrid();
         expectRun(QStringList() << data, NoDisplay, words);
-        for (const char* const task : {"--snapshot", "--export", "--print"})
+        for (const QString& task : tasks)
             expectRun(QStringList() << task << out << data, NoDisplay, words);
         EXPECT_FALSE(QFile::exists(out));
     }
+
+    /// What an export writes, in the environment as it is set.
+    QImage exported(const char* strategy)
+    {
+        const QString out = folder.file("out.png");
+        QFile::remove(out);
+        expectRun(QStringList() << "--export" << out << "--size"
+                                << "500x400"
+                                << "--strategy" << strategy << data,
+                  0);
+        return QImage(out);
+    }
+
+    const QStringList everyTask = QString::fromLatin1("--snapshot --export --print").split(' ');
+    const QString data = folder.writeGrid();
 };
 
 } // namespace
@@ -30,8 +48,8 @@ protected:
 TEST_F(WithoutDisplay, AnUnsetVariableIsToldWithItsRemedy)
 {
     setVariable("DISPLAY", QString());
-    expectRefusals(QStringList() << "DISPLAY is not set"
-                                 << "xvfb-run");
+    expectRefusals(QStringList() << "--snapshot", QStringList() << "DISPLAY is not set"
+                                                                << "xvfb-run");
 }
 
 TEST_F(WithoutDisplay, ADisplayThatIsNotThereIsToldByName)
@@ -39,27 +57,52 @@ TEST_F(WithoutDisplay, ADisplayThatIsNotThereIsToldByName)
     XServer gone;
     useDisplay(gone);
     gone.kill();
-    expectRefusals(QStringList() << gone.name() << "cannot be opened"
-                                 << "xvfb-run");
+    expectRefusals(everyTask, QStringList() << gone.name() << "cannot be opened"
+                                            << "xvfb-run");
 }
 
 TEST_F(WithoutDisplay, ANameThatIsNoneIsToldByName)
 {
     setVariable("DISPLAY", "nonsense");
-    expectRefusals(QStringList() << "\"nonsense\" cannot be opened");
+    expectRefusals(everyTask, QStringList() << "\"nonsense\" cannot be opened");
 }
 
-TEST_F(WithoutDisplay, TheRemedyThatIsNamedForPrintingAndSoftwareWorks)
+TEST_F(WithoutDisplay, ExportingAndPrintingNeedNone)
 {
     setVariable("DISPLAY", QString());
-    setVariable("QT_QPA_PLATFORM", "offscreen");
-    const QString data = folder.writeGrid();
-    expectRun(QStringList() << "--print" << folder.file("out.pdf") << data, 0);
-    expectRun(QStringList() << "--export" << folder.file("out.png") << "--strategy"
-                            << "software" << data,
-              0);
-    EXPECT_TRUE(QFile::exists(folder.file("out.pdf")));
-    EXPECT_TRUE(QFile::exists(folder.file("out.png")));
+    for (const char* const osMesa : {"", "/there/is/none"}) {
+        setVariable("VELMORA_OSMESA_LIBRARY", osMesa);
+        for (const char* const strategy : {"hardware", "software"})
+            expectSurface(exported(strategy));
+        expectRun(QStringList() << "--print" << folder.file("out.pdf") << data, 0);
+        EXPECT_TRUE(QFile::exists(folder.file("out.pdf")));
+        QFile::remove(folder.file("out.pdf"));
+    }
+    EXPECT_EQ(told().toStdString(), "");
+}
+
+TEST_F(WithoutDisplay, AnExportHasThePictureThatItHasOnADisplay)
+{
+    // As the drawings of tests/offscreen agree with each other.
+    constexpr int PerChannel = 2;
+    constexpr double Share = 0.001;
+    const QImage throughPixelBuffer = exported("hardware");
+    setVariable("DISPLAY", QString());
+    EXPECT_LE(differingFraction(exported("hardware"), throughPixelBuffer, PerChannel), Share) << "through EGL";
+    EXPECT_LE(differingFraction(exported("software"), throughPixelBuffer, PerChannel), Share) << "by software";
+    setVariable("VELMORA_OSMESA_LIBRARY", "/there/is/none");
+    EXPECT_LE(differingFraction(exported("software"), throughPixelBuffer, PerChannel), Share) << "without OSMesa";
+}
+
+TEST_F(WithoutDisplay, WithNeitherEglNorOSMesaAnExportFailsWithAReasonAndPrintingToo)
+{
+    setVariable("DISPLAY", QString());
+    setVariable("VELMORA_OSMESA_LIBRARY", "/there/is/none");
+    setVariable("VELMORA_EGL_LIBRARY", "/there/is/none");
+    for (const QString& task : {QString("--export"), QString("--print")})
+        expectRun(QStringList() << task << folder.file("out") << data, Failed,
+                  QStringList() << "Failed to create an offscreen image.");
+    EXPECT_FALSE(QFile::exists(folder.file("out")));
 }
 
 TEST_F(WithoutDisplay, TheVersionAndTheHelpNeedNone)

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <gtest/gtest.h>
+#include <set>
 #include <tuple>
 
 // After Qt, whose enumerators some of Xlib's macros would replace.
@@ -64,6 +65,27 @@ TEST(VisualList, TheComparatorAgreesWithTheKeyForEveryPairOfRealVisuals)
     for (const VisualCandidate& a : candidates)
         for (const VisualCandidate& b : candidates)
             ASSERT_EQ(CompareVisual(&a, &b), keyOf(a) > keyOf(b) ? 1 : 0) << a.visualId << " " << b.visualId;
+}
+
+TEST(VisualList, HasTheTrueColorVisualsOfTheServerAndNoOther)
+{
+    // Without a mask the server lists all that it has, of every class.
+    XVisualInfo any = {};
+    int count = 0;
+    XVisualInfo* const all = XGetVisualInfo(toolkit::xDisplay(), VisualNoMask, &any, &count);
+    const OwnedVisual owner(all);
+    std::multiset<int> trueColor;
+    std::set<int> classes;
+    for (int i = 0; i < count; ++i) {
+        classes.insert(all[i].c_class);
+        if (all[i].c_class == TrueColor)
+            trueColor.insert(static_cast<int>(all[i].visualid));
+    }
+    ASSERT_GT(classes.size(), 1u) << "a server with one class proves nothing";
+    std::multiset<int> listed;
+    for (const VisualCandidate& candidate : VisualList().candidates({32, 4, 16}))
+        listed.insert(candidate.visualId);
+    EXPECT_EQ(listed, trueColor);
 }
 
 namespace {

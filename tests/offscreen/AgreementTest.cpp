@@ -1,6 +1,5 @@
-// One and the same plot of the engine on the screen, in a pixel buffer, in a hidden widget and by
-// software, against each other and against pictures that a person has looked at. How to renew those
-// is told in reference/README.md.
+// One and the same plot of the engine on the screen and in every kind of image, against each other and against pictures
+// that a person has looked at. How to renew those is told in reference/README.md.
 
 #include "engine/VelUtil.h"
 #include "integration/Manager.h"
@@ -126,15 +125,14 @@ INSTANTIATE_TEST_SUITE_P(OfA, Agreement,
 
 TEST_P(Agreement, EveryKindOfImageIsTheReferencePicture)
 {
-    const QImage software = inImage(ImageKind::Software);
+    const QImage software = inImage(kindsWithoutDisplay().back());
     if (std::getenv(RenewVariable)) {
         ASSERT_TRUE(software.save(referenceFile()));
         GTEST_SKIP() << referenceFile().toStdString() << " is renewed. Look at it.";
     }
     const QImage wanted = reference();
-    expectLike(software, wanted, LikeReference, "software");
-    expectLike(inImage(ImageKind::PixelBuffer), wanted, LikeReference, "pixel-buffer");
-    expectLike(inImage(ImageKind::Pixmap), wanted, LikeReference, "widget");
+    for (const ImageKind kind : everyKind())
+        expectLike(inImage(kind), wanted, LikeReference, nameOf(kind).c_str());
 }
 
 TEST_P(Agreement, AnExportedFileIsTheReferencePicture)
@@ -157,16 +155,17 @@ TEST_P(Agreement, TheScreenShowsTheReferencePictureWithSmootherEdges)
 
 TEST_P(Agreement, EveryKindOfImageHasTheSamePixels)
 {
-    const QImage software = inImage(ImageKind::Software);
-    expectLike(inImage(ImageKind::PixelBuffer), software, Alike, "pixel-buffer");
-    expectLike(inImage(ImageKind::Pixmap), software, Alike, "widget");
+    const QImage first = inImage(everyKind().front());
+    for (const ImageKind kind : everyKind())
+        expectLike(inImage(kind), first, Alike, nameOf(kind).c_str());
 }
 
-TEST_P(Agreement, APixelBufferWithTheScreensSamplesHasTheScreensPixels)
+TEST_P(Agreement, AnImageWithTheScreensSamplesHasTheScreensPixels)
 {
     const QImage screen = onScreen();
     const ImageSetting samples("MaxMultiSamples", 4);
-    expectLike(inImage(ImageKind::PixelBuffer), screen, Alike, "pixel-buffer-with-samples");
+    for (const ImageKind kind : {ImageKind::PixelBuffer, ImageKind::Egl})
+        expectLike(inImage(kind), screen, Alike, (nameOf(kind) + "-with-samples").c_str());
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-// The toolkit's OpenGL and OSMesa share the driver's per-thread state. Whoever drew before, the next
+// The toolkit's OpenGL, EGL and OSMesa share the driver's per-thread state. Whoever drew before, the next
 // one's pixels must be right.
 
 #include "integration/services/OffscreenImageService.h"
@@ -6,6 +6,7 @@
 #include "interfaces/GLContextInterface.h"
 #include "interfaces/OffscreenImageInterface.h"
 #include "tests/offscreen/EngineStandIn.h"
+#include "tests/offscreen/HostContext.h"
 #include "tests/offscreen/ImageKinds.h"
 #include "tests/offscreen/TestPicture.h"
 #include "tests/support/Pixels.h"
@@ -53,20 +54,34 @@ protected:
 
     void expectTurn(int who, int variant)
     {
-        const ImageKind kinds[] = {ImageKind::PixelBuffer, ImageKind::Pixmap, ImageKind::Software};
-        if (who == 3)
+        const std::vector<ImageKind> kinds = everyKind();
+        if (who == static_cast<int>(kinds.size()))
             expectOnScreen(variant);
         else
-            expectOffscreen(kinds[who], variant);
+            expectOffscreen(kinds[static_cast<std::size_t>(who)], variant);
     }
 
     QGLWidget m_onScreen;
     services::OffscreenImageService m_service;
 };
 
-TEST_F(ContextOrder, ScreenPixelBufferPixmapAndSoftwareDrawRightInEveryOrder)
+TEST_F(ContextOrder, TheScreenAndEveryKindOfImageDrawRightAfterEachOther)
 {
-    int order[] = {0, 1, 2, 3};
+    const int count = static_cast<int>(everyKind().size()) + 1;
+    int variant = 0;
+    for (int before = 0; before < count && !HasFailure(); ++before)
+        for (int after = 0; after < count; ++after) {
+            SCOPED_TRACE(std::to_string(before) + " then " + std::to_string(after));
+            expectTurn(before, variant++);
+            expectTurn(after, variant++);
+        }
+}
+
+TEST_F(ContextOrder, TheScreenPixelBufferPixmapAndSoftwareDrawRightInEveryOrder)
+{
+    const int screen = static_cast<int>(everyKind().size());
+    int order[] = {0, 1, screen - 2, screen};
+    std::sort(order, order + 4);
     int variant = 0;
     do
         for (const int who : order)
@@ -75,13 +90,28 @@ TEST_F(ContextOrder, ScreenPixelBufferPixmapAndSoftwareDrawRightInEveryOrder)
     EXPECT_EQ(variant, 24 * 4);
 }
 
-TEST_F(ContextOrder, SoftwareDrawsRightWhileTheScreensContextIsCurrentAndBack)
+/// The kinds whose context the toolkit does not know of.
+class ForeignContext : public ContextOrder, public ::testing::WithParamInterface<ImageKind> {
+protected:
+    /// With none of the toolkit's, which would have the host's released with its own.
+    void makeOnlyTheHostsCurrent()
+    {
+        toolkit::releaseCurrentContext();
+        ASSERT_TRUE(m_host.makeCurrent());
+    }
+
+    const HostContext m_host;
+};
+
+INSTANTIATE_TEST_SUITE_P(Of, ForeignContext, ::testing::ValuesIn(kindsWithoutDisplay()),
+                         [](const auto& kind) { return nameOf(kind.param); });
+
+TEST_P(ForeignContext, DrawsRightWhileTheScreensContextIsCurrentAndBack)
 {
-    auto image = createImage(ImageKind::Software, Width, Height);
+    auto image = createImage(GetParam(), Width, Height);
     for (int turn = 0; turn < 4; ++turn) {
         expectOnScreen(turn);
-        renderImage(ImageKind::Software, *image,
-                    [&](const GLTable& gl, int w, int h) { drawTiles(gl, w, h, turn + 1); });
+        renderImage(GetParam(), *image, [&](const GLTable& gl, int w, int h) { drawTiles(gl, w, h, turn + 1); });
         expectOnScreen(turn + 2);
         EXPECT_EQ(readRows(m_service, *image), tiles(Width, Height, turn + 1));
         m_service.imageDestroy(nullptr);
@@ -89,13 +119,14 @@ TEST_F(ContextOrder, SoftwareDrawsRightWhileTheScreensContextIsCurrentAndBack)
     m_service.imageDestroy(image.release());
 }
 
-TEST_F(ContextOrder, AnApplicationThatPaintsInTheMiddleOfASoftwareDrawingSpoilsNothing)
+TEST_P(ForeignContext, IsNotSpoiledByAnApplicationThatPaintsInTheMiddleOfTheDrawing)
 {
-    auto image = createImage(ImageKind::Software, Width, Height);
+    auto image = createImage(GetParam(), Width, Height);
     const EngineDraws drawing([&](ExportRegion_e, OffscreenImageInterface& target) {
-        const GLTable& gl = softwareGL();
+        const GLTable& gl = glOf(GetParam());
         EXPECT_TRUE(target.getGLContext().setCurrentGL());
         drawCorner(gl, Width, Height);
+        EXPECT_TRUE(target.getGLContext().clearCurrentGL());
         expectOnScreen(3);
         EXPECT_TRUE(target.getGLContext().setCurrentGL());
         drawTiles(gl, Width, Height, 4);
@@ -107,25 +138,24 @@ TEST_F(ContextOrder, AnApplicationThatPaintsInTheMiddleOfASoftwareDrawingSpoilsN
     m_service.imageDestroy(image.release());
 }
 
-TEST_F(ContextOrder, AnApplicationThatPaintsAtTheEndOfADrawingSpoilsNoKindOfImage)
+TEST_P(ForeignContext, LeavesNothingOfTheToolkitCurrentWhileItIs)
 {
-    for (const ImageKind kind : {ImageKind::PixelBuffer, ImageKind::Pixmap, ImageKind::Software}) {
-        auto image = createImage(kind, Width, Height);
-        renderImage(kind, *image, [&](const GLTable& gl, int w, int h) {
-            drawTiles(gl, w, h, 4);
-            expectOnScreen(3);
-        });
-        EXPECT_EQ(readRows(m_service, *image), tiles(Width, Height, 4)) << nameOf(kind);
-        m_service.imageDestroy(image.release());
-    }
+    m_onScreen.makeCurrent();
+    auto image = createImage(GetParam(), 4, 4);
+    EXPECT_EQ(QGLContext::currentContext(), m_onScreen.context());
+    EXPECT_TRUE(image->getGLContext().setCurrentGL());
+    EXPECT_EQ(QGLContext::currentContext(), nullptr);
 }
 
-TEST_F(ContextOrder, ASoftwareImageDestroyedWhileTheScreensContextIsCurrentLeavesThatInWorkingOrder)
+TEST_P(ForeignContext, IsReadAndDestroyedWithoutTakingTheScreensContextAway)
 {
-    auto image = createImage(ImageKind::Software, Width, Height);
-    renderImage(ImageKind::Software, *image, [](const GLTable& gl, int w, int h) { drawTiles(gl, w, h); });
+    auto image = createImage(GetParam(), Width, Height);
+    renderImage(GetParam(), *image, [](const GLTable& gl, int w, int h) { drawTiles(gl, w, h); });
     m_onScreen.makeCurrent();
+    EXPECT_EQ(readRows(m_service, *image), tiles(Width, Height));
+    EXPECT_EQ(QGLContext::currentContext(), m_onScreen.context());
     m_service.imageDestroy(image.release());
+    EXPECT_EQ(QGLContext::currentContext(), m_onScreen.context());
     ASSERT_NE(glGetString(GL_VERSION), nullptr);
     drawTiles(screenGL(), Width, Height, 7);
     m_onScreen.swapBuffers();
@@ -133,25 +163,67 @@ TEST_F(ContextOrder, ASoftwareImageDestroyedWhileTheScreensContextIsCurrentLeave
         waitUntil([&] { return differingFraction(grabFromScreen(m_onScreen), tiles(Width, Height, 7), 0) == 0.0; }));
 }
 
-TEST_F(ContextOrder, ASoftwareImageDestroyedWhileItsOwnContextIsCurrentSpoilsNoOther)
+TEST_P(ForeignContext, IsDestroyedWhileItIsCurrentAndSpoilsNoOther)
 {
-    auto first = createImage(ImageKind::Software, Width, Height);
-    auto second = createImage(ImageKind::Software, Width, Height);
+    auto first = createImage(GetParam(), Width, Height);
+    auto second = createImage(GetParam(), Width, Height);
     ASSERT_TRUE(first->getGLContext().setCurrentGL());
     m_service.imageDestroy(first.release());
-    renderImage(ImageKind::Software, *second, [](const GLTable& gl, int w, int h) { drawTiles(gl, w, h, 2); });
+    renderImage(GetParam(), *second, [](const GLTable& gl, int w, int h) { drawTiles(gl, w, h, 2); });
     EXPECT_EQ(readRows(m_service, *second), tiles(Width, Height, 2));
     expectOnScreen(1);
     m_service.imageDestroy(second.release());
 }
 
-TEST_F(ContextOrder, SoftwareReleasesTheToolkitsContextFirst)
+TEST_P(ForeignContext, LetsAContextThatTheHostMadeItselfBeMadeCurrentAgain)
 {
-    m_onScreen.makeCurrent();
-    auto image = createImage(ImageKind::Software, 4, 4);
-    EXPECT_EQ(QGLContext::currentContext(), m_onScreen.context());
-    EXPECT_TRUE(image->getGLContext().setCurrentGL());
-    EXPECT_EQ(QGLContext::currentContext(), nullptr);
+    for (int turn = 0; turn < 3; ++turn) {
+        makeOnlyTheHostsCurrent();
+        expectOffscreen(GetParam(), turn);
+        ASSERT_TRUE(m_host.makeCurrent());
+        EXPECT_TRUE(m_host.draws(turn * 100)) << "after image " << turn;
+    }
+    m_host.release();
+    expectOnScreen(1);
+}
+
+TEST_P(ForeignContext, TakesTheThreadOverFromAContextThatTheHostMadeItself)
+{
+    auto image = createImage(GetParam(), Width, Height);
+    makeOnlyTheHostsCurrent();
+    ASSERT_TRUE(image->getGLContext().setCurrentGL());
+    EXPECT_FALSE(m_host.isCurrent());
+    drawTiles(glOf(GetParam()), Width, Height, 3);
+    EXPECT_TRUE(image->getGLContext().clearCurrentGL());
+    ASSERT_TRUE(m_host.makeCurrent());
+    EXPECT_TRUE(m_host.draws(150));
+    m_service.imageDestroy(image.release());
+}
+
+TEST_P(ForeignContext, IsReadAndDestroyedWithoutTakingTheHostsOwnContextAway)
+{
+    auto image = createImage(GetParam(), Width, Height);
+    renderImage(GetParam(), *image, [](const GLTable& gl, int w, int h) { drawTiles(gl, w, h); });
+    makeOnlyTheHostsCurrent();
+    EXPECT_EQ(readRows(m_service, *image), tiles(Width, Height));
+    EXPECT_TRUE(m_host.isCurrent());
+    m_service.imageDestroy(image.release());
+    EXPECT_TRUE(m_host.isCurrent());
+    EXPECT_TRUE(m_host.draws(50));
+}
+
+TEST_F(ContextOrder, AnApplicationThatPaintsAtTheEndOfADrawingSpoilsNoKindOfImage)
+{
+    for (const ImageKind kind : everyKind()) {
+        auto image = createImage(kind, Width, Height);
+        renderImage(kind, *image, [&](const GLTable& gl, int w, int h) {
+            drawTiles(gl, w, h, 4);
+            image->getGLContext().clearCurrentGL();
+            expectOnScreen(3);
+        });
+        EXPECT_EQ(readRows(m_service, *image), tiles(Width, Height, 4)) << nameOf(kind);
+        m_service.imageDestroy(image.release());
+    }
 }
 
 TEST_F(ContextOrder, AKeeperBringsBackTheContextThatWasCurrentOrNone)

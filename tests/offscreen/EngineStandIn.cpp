@@ -28,7 +28,9 @@ EngineDraws::~EngineDraws()
 
 const GLTable& glOf(ImageKind kind)
 {
-    return kind == ImageKind::Software ? softwareGL() : screenGL();
+    if (kind == ImageKind::Software)
+        return softwareGL();
+    return isOfEgl(kind) ? eglGL() : screenGL();
 }
 
 bool renderImage(ImageKind kind, sdk::integration::OffscreenImageInterface& image,

@@ -4,7 +4,7 @@
 
 namespace velmora::test {
 
-/// The OpenGL calls that the tests draw with, of one of the two libraries that have them.
+/// The OpenGL calls that the tests draw with, of one of the libraries that have them.
 struct GLTable {
     decltype(&::glClear) clear;
     decltype(&::glClearColor) clearColor;
@@ -24,6 +24,9 @@ struct GLTable {
     decltype(&::glGetError) getError;
     decltype(&::glPixelStorei) pixelStorei;
     decltype(&::glFinish) finish;
+    decltype(&::glReadBuffer) readBuffer;
+    decltype(&::glPixelTransferf) pixelTransferf;
+    void (*bindFramebuffer)(GLenum target, GLuint framebuffer);
 
     int integer(GLenum name) const
     {
@@ -35,7 +38,9 @@ struct GLTable {
 
 /// For the toolkit's contexts.
 const GLTable& screenGL();
-/// For OSMesa's.
+/// For OSMesa's, where it is installed.
 const GLTable& softwareGL();
+/// For EGL's.
+const GLTable& eglGL();
 
 } // namespace velmora::test

@@ -1,6 +1,7 @@
 #include "tests/offscreen/ImageKinds.h"
 
 #include "integration/offscreen/OffscreenImageChoice.h"
+#include "integration/offscreen/OffscreenImageEgl.h"
 #include "integration/offscreen/OffscreenImageMesa.h"
 #include "integration/offscreen/OffscreenImagePBuffer.h"
 #include "integration/offscreen/OffscreenImagePixmap.h"
@@ -8,7 +9,6 @@
 #include "interfaces/OffscreenImageInterface.h"
 
 #include <stdexcept>
-#include <vector>
 
 namespace velmora::test {
 
@@ -35,24 +35,63 @@ bool isKind(ImageKind kind, const OffscreenImageInterface& image)
         return dynamic_cast<const intern::OffscreenImagePixmap*>(&image);
     case ImageKind::Software:
         return dynamic_cast<const intern::OffscreenImageMesa*>(&image);
+    case ImageKind::Egl:
+    case ImageKind::EglSoftware:
+        return dynamic_cast<const intern::OffscreenImageEgl*>(&image);
     }
     return false;
+}
+
+intern::ImageSurroundings surroundingsFor(ImageKind kind)
+{
+    switch (kind) {
+    case ImageKind::Pixmap:
+        return {no, yes};
+    case ImageKind::Egl:
+        return {no, no};
+    case ImageKind::EglSoftware:
+        return {no, no, no};
+    default:
+        return intern::toolkitSurroundings();
+    }
 }
 
 } // namespace
 
 std::string nameOf(ImageKind kind)
 {
-    return kind == ImageKind::PixelBuffer ? "PixelBuffer" : kind == ImageKind::Pixmap ? "Pixmap" : "Software";
+    const char* const names[] = {"PixelBuffer", "Pixmap", "Egl", "Software", "EglSoftware"};
+    return names[static_cast<int>(kind)];
+}
+
+bool isOfEgl(ImageKind kind)
+{
+    return kind == ImageKind::Egl || kind == ImageKind::EglSoftware;
+}
+
+std::vector<ImageKind> everyKind()
+{
+    std::vector<ImageKind> kinds = kindsWithoutDisplay();
+    kinds.insert(kinds.begin(), {ImageKind::PixelBuffer, ImageKind::Pixmap});
+    return kinds;
+}
+
+std::vector<ImageKind> kindsWithoutDisplay()
+{
+    if (intern::hasOSMesa())
+        return {ImageKind::Egl, ImageKind::Software, ImageKind::EglSoftware};
+    return {ImageKind::Egl, ImageKind::EglSoftware};
+}
+
+ImageRenderingStrategy_e strategyOf(ImageKind kind)
+{
+    const bool software = kind == ImageKind::Software || kind == ImageKind::EglSoftware;
+    return software ? ImageRenderingStrategy_Software : ImageRenderingStrategy_Hardware;
 }
 
 std::unique_ptr<OffscreenImageInterface> createImage(ImageKind kind, int width, int height)
 {
-    const auto strategy =
-        kind == ImageKind::Software ? ImageRenderingStrategy_Software : ImageRenderingStrategy_Hardware;
-    const intern::ImageSurroundings withoutPixelBuffers{no, yes};
-    auto image = intern::chooseOffscreenImage(
-        width, height, strategy, kind == ImageKind::Pixmap ? withoutPixelBuffers : intern::toolkitSurroundings());
+    auto image = intern::chooseOffscreenImage(width, height, strategyOf(kind), surroundingsFor(kind));
     if (!isKind(kind, *image))
         throw std::logic_error("not an image of kind " + nameOf(kind));
     return image;

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "interfaces/EngineEnumerations.h"
+
 #include <QImage>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace velmora::sdk::integration {
 class OffscreenImageInterface;
@@ -13,9 +16,22 @@ class OffscreenImageService;
 
 namespace velmora::test {
 
-enum class ImageKind { PixelBuffer, Pixmap, Software };
+enum class ImageKind {
+    PixelBuffer,
+    Pixmap,
+    Egl,        ///< what the hardware strategy has where the toolkit has nothing
+    Software,   ///< OSMesa
+    EglSoftware ///< what the software strategy has where there is no OSMesa
+};
 
 std::string nameOf(ImageKind kind);
+bool isOfEgl(ImageKind kind);
+/// The kinds of a process with a display: all, but for OSMesa where that is not installed.
+std::vector<ImageKind> everyKind();
+/// Those that need neither display nor toolkit.
+std::vector<ImageKind> kindsWithoutDisplay();
+/// The strategy that the kind is of.
+sdk::integration::ImageRenderingStrategy_e strategyOf(ImageKind kind);
 
 /// An image of the kind, made the way the service makes it; throws when another kind came out.
 std::unique_ptr<sdk::integration::OffscreenImageInterface> createImage(ImageKind kind, int width, int height);

@@ -89,6 +89,50 @@ TEST(OffscreenImagePBuffer, TheConfiguredDepthIsThere)
     EXPECT_GE(valueWhileDrawing(image, GL_DEPTH_BITS), 24);
 }
 
+/// What the toolkit was asked for.
+QGLFormat requestedFormat()
+{
+    OffscreenImagePBuffer image(32, 32);
+    QGLFormat format;
+    renderImage(ImageKind::PixelBuffer, image,
+                [&](const GLTable&, int, int) { format = QGLContext::currentContext()->requestedFormat(); });
+    return format;
+}
+
+TEST(OffscreenImagePBuffer, TheToolkitIsAskedForAPlainBufferWithoutDirectRenderingAndDoubleBuffering)
+{
+    const QGLFormat format = requestedFormat();
+    EXPECT_FALSE(format.doubleBuffer());
+    EXPECT_FALSE(format.directRendering());
+    EXPECT_FALSE(format.sampleBuffers());
+    EXPECT_FALSE(format.accum());
+    EXPECT_EQ(format.depthBufferSize(), QGLFormat().depthBufferSize());
+}
+
+TEST(OffscreenImagePBuffer, TheToolkitIsAskedForWhatIsConfigured)
+{
+    const ImageSetting depth("DepthBufferSize", 16);
+    const ImageSetting samples("MaxMultiSamples", 4);
+    const ImageSetting accumulation("MaxAccumBufferSize", 8);
+    const QGLFormat format = requestedFormat();
+    EXPECT_EQ(format.depthBufferSize(), 16);
+    EXPECT_EQ(format.samples(), 4);
+    EXPECT_EQ(format.accumBufferSize(), 8);
+    EXPECT_FALSE(format.doubleBuffer());
+    EXPECT_FALSE(format.directRendering());
+}
+
+TEST(OffscreenImagePBuffer, TheConfigurationIsReadInTheOrderThatIsStated)
+{
+    testing::EngineProbe::startLog();
+    const OffscreenImagePBuffer image(32, 32);
+    const std::string section = "styleGet Interface/OpenGLConfig/ImageRendering/";
+    EXPECT_THAT(testing::EngineProbe::log(),
+                ::testing::ElementsAre(section + "DepthBufferSize", section + "MaxMultiSamples",
+                                       section + "MaxAccumBufferSize"));
+    testing::EngineProbe::reset();
+}
+
 TEST(OffscreenImagePBuffer, ASettingThatCannotBeReadIsNotApplied)
 {
     testing::EngineProbe::failStyleReads("Interface/OpenGLConfig/ImageRendering/MaxMultiSamples");

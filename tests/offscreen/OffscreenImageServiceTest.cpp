@@ -2,10 +2,12 @@
 #include "exception/ExceptionBase.h"
 #include "integration/offscreen/ExportableImageInterface.h"
 #include "integration/offscreen/OffscreenImageChoice.h"
+#include "integration/offscreen/OffscreenImageEgl.h"
 #include "integration/offscreen/OffscreenImageMesa.h"
 #include "integration/offscreen/OffscreenImagePBuffer.h"
 #include "integration/offscreen/OffscreenImagePixmap.h"
 #include "tests/offscreen/AllocationCount.h"
+#include "tests/offscreen/ImageSetting.h"
 #include "tests/offscreen/TestPicture.h"
 
 #include <gtest/gtest.h>
@@ -104,16 +106,43 @@ TEST(OffscreenImageService, WithoutAValidPixelBufferAGuiClientGetsAHiddenWidget)
     EXPECT_TRUE(isA<intern::OffscreenImagePixmap>(hardwareImage({yes, yes}, 1000000)));
 }
 
-TEST(OffscreenImageService, WithNeitherTheHardwarePathFailsAndDoesNotTurnToSoftware)
+TEST(OffscreenImageService, WithNeitherTheHardwarePathTurnsToEglAndNotToSoftware)
 {
-    for (const bool invalidBuffer : {false, true})
-        try {
-            hardwareImage({invalidBuffer ? yes : no, no}, invalidBuffer ? 1000000 : 16);
-            FAIL() << "an image was created";
-        } catch (const ExceptionBase& exception) {
-            EXPECT_STREQ(exception.what(), "Failed to create an offscreen image.");
-            EXPECT_FALSE(exception.isLogged());
-        }
+    EXPECT_TRUE(isA<intern::OffscreenImageEgl>(hardwareImage({no, no})));
+    EXPECT_TRUE(isA<intern::OffscreenImageEgl>(hardwareImage({no, no, yes})));
+}
+
+void expectFailure(ImageRenderingStrategy_e strategy, intern::ImageSurroundings surroundings, int width)
+{
+    try {
+        intern::chooseOffscreenImage(width, 16, strategy, surroundings);
+        FAIL() << "an image was created";
+    } catch (const ExceptionBase& exception) {
+        EXPECT_STREQ(exception.what(), "Failed to create an offscreen image.");
+        EXPECT_FALSE(exception.isLogged());
+    }
+}
+
+TEST(OffscreenImageService, WithNothingOfItsOwnEachPathFailsAndDoesNotTurnToTheOther)
+{
+    expectFailure(ImageRenderingStrategy_Hardware, {no, no, yes, no}, 16);
+    expectFailure(ImageRenderingStrategy_Hardware, {yes, no, yes, no}, 1000000);
+    expectFailure(ImageRenderingStrategy_Hardware, {no, no, yes, yes}, 1000000);
+    expectFailure(ImageRenderingStrategy_Software, {yes, yes, no, no}, 16);
+}
+
+TEST(OffscreenImageService, WithoutOSMesaTheSoftwarePathTurnsToTheSoftwareOfEgl)
+{
+    const auto image = intern::chooseOffscreenImage(16, 16, ImageRenderingStrategy_Software, {yes, yes, no});
+    EXPECT_TRUE(isA<intern::OffscreenImageEgl>(image));
+}
+
+TEST(OffscreenImageService, ASettingPutsEglFirstInEitherPath)
+{
+    const ImageSetting setting("PreferEGL", 1);
+    for (const auto strategy : {ImageRenderingStrategy_Hardware, ImageRenderingStrategy_Software}) {
+        EXPECT_TRUE(isA<intern::OffscreenImageEgl>(intern::chooseOffscreenImage(16, 16, strategy, {yes, yes})));
+    }
 }
 
 TEST(OffscreenImageService, EveryStrategyBut1MeansSoftware)
@@ -121,11 +150,11 @@ TEST(OffscreenImageService, EveryStrategyBut1MeansSoftware)
     for (const int strategy : {0, 2, 3, 17, -1, -2147483647}) {
         const auto image =
             intern::chooseOffscreenImage(4, 4, static_cast<ImageRenderingStrategy_e>(strategy), {yes, yes});
-        EXPECT_TRUE(isA<intern::OffscreenImageMesa>(image)) << strategy;
+        EXPECT_TRUE(isA<intern::OffscreenImageMesa>(image) || !intern::hasOSMesa()) << strategy;
     }
 }
 
-TEST(OffscreenImageService, TheSoftwarePathDoesNotAskAboutTheSurroundings)
+TEST(OffscreenImageService, TheSoftwarePathDoesNotAskAboutTheToolkit)
 {
     const auto fail = [] {
         ADD_FAILURE() << "asked";

@@ -34,8 +34,7 @@ protected:
     services::OffscreenImageService m_service;
 };
 
-INSTANTIATE_TEST_SUITE_P(EveryKind, OffscreenImages,
-                         ::testing::Values(ImageKind::PixelBuffer, ImageKind::Pixmap, ImageKind::Software),
+INSTANTIATE_TEST_SUITE_P(EveryKind, OffscreenImages, ::testing::ValuesIn(everyKind()),
                          [](const auto& kind) { return nameOf(kind.param); });
 
 TEST_P(OffscreenImages, EveryPixelOfEverySizeArrivesWhereItWasDrawn)
@@ -198,9 +197,7 @@ TEST_P(OffscreenImages, AnEmptyOrNegativeSizeNeverYieldsPixels)
     for (const QSize& size : {QSize(0, 0), QSize(0, 5), QSize(5, 0), QSize(-3, 5), QSize(5, -3), QSize(-3, -5)}) {
         OffscreenImageInterface* image = nullptr;
         try {
-            image = m_service.imageCreate(size.width(), size.height(),
-                                          kind() == ImageKind::Software ? ImageRenderingStrategy_Software
-                                                                        : ImageRenderingStrategy_Hardware);
+            image = m_service.imageCreate(size.width(), size.height(), strategyOf(kind()));
         } catch (const ExceptionBase&) {
             continue;
         }
@@ -210,6 +207,93 @@ TEST_P(OffscreenImages, AnEmptyOrNegativeSizeNeverYieldsPixels)
         EXPECT_EQ(plane, 0x5a);
         m_service.imageDestroy(image);
     }
+}
+
+TEST_P(OffscreenImages, ThePictureIsThereAlsoWhenTheDrawingWasNotFinished)
+{
+    auto image = createImage(kind(), 40, 30);
+    EXPECT_TRUE(renderImage(kind(), *image, [](const GLTable& gl, int w, int h) {
+        GLTable unfinished = gl;
+        unfinished.finish = [] {};
+        drawTiles(unfinished, w, h, 2);
+    }));
+    EXPECT_EQ(readRows(m_service, *image), tiles(40, 30, 2));
+    m_service.imageDestroy(image.release());
+}
+
+TEST_P(OffscreenImages, ADrawingThatFollowsOneThatLeftAnotherFramebufferBoundIsSeen)
+{
+    auto image = createImage(kind(), 40, 30);
+    for (const int variant : {0, 1})
+        EXPECT_TRUE(renderImage(kind(), *image, [&](const GLTable& gl, int w, int h) {
+            drawTiles(gl, w, h, variant);
+            gl.bindFramebuffer(GL_FRAMEBUFFER, 0);
+        }));
+    EXPECT_EQ(readRows(m_service, *image), tiles(40, 30, 1));
+    m_service.imageDestroy(image.release());
+}
+
+class ReadBackThatFails : public OffscreenImages {
+protected:
+    /// After a picture that could be read, so that there is an old one to be mistaken for it.
+    void expectNoPicture(const std::function<void(const GLTable&)>& spoil)
+    {
+        auto image = createImage(kind(), 64, 48);
+        renderImage(kind(), *image, [](const GLTable& gl, int w, int h) { drawTiles(gl, w, h); });
+        EXPECT_EQ(readRows(m_service, *image), tiles(64, 48));
+        m_service.imageDestroy(nullptr);
+        renderImage(kind(), *image, [&](const GLTable& gl, int w, int h) {
+            drawTiles(gl, w, h, 1);
+            spoil(gl);
+        });
+        EXPECT_TRUE(readRows(m_service, *image).isNull());
+        m_service.imageDestroy(image.release());
+    }
+};
+
+INSTANTIATE_TEST_SUITE_P(EveryKind, ReadBackThatFails, ::testing::ValuesIn(everyKind()),
+                         [](const auto& kind) { return nameOf(kind.param); });
+
+TEST_P(ReadBackThatFails, IsNoPictureWhenThereIsNoBufferToRead)
+{
+    if (kind() == ImageKind::Software)
+        GTEST_SKIP() << "OSMesa's memory is not read through OpenGL";
+    for (const int samples : {0, 4}) {
+        const ImageSetting setting("MaxMultiSamples", samples);
+        expectNoPicture([](const GLTable& gl) { gl.readBuffer(GL_NONE); });
+    }
+}
+
+TEST_P(ReadBackThatFails, IsNoPictureWhenAPrimitiveWasLeftOpen)
+{
+    for (const int samples : {0, 4}) {
+        const ImageSetting setting("MaxMultiSamples", samples);
+        expectNoPicture([](const GLTable& gl) { gl.begin(GL_TRIANGLES); });
+    }
+}
+
+TEST_P(OffscreenImages, AnErrorThatTheDrawingLeavesDoesNotSpoilThePicture)
+{
+    auto image = createImage(kind(), 40, 30);
+    EXPECT_TRUE(renderImage(kind(), *image, [](const GLTable& gl, int w, int h) {
+        drawTiles(gl, w, h);
+        gl.enable(GL_TRIANGLES);
+    }));
+    EXPECT_EQ(readRows(m_service, *image), tiles(40, 30));
+    m_service.imageDestroy(image.release());
+}
+
+TEST_P(OffscreenImages, HowTheDrawingLeavesPixelsToBeReadDoesNotMatter)
+{
+    auto image = createImage(kind(), 41, 30);
+    EXPECT_TRUE(renderImage(kind(), *image, [](const GLTable& gl, int w, int h) {
+        drawTiles(gl, w, h);
+        gl.pixelStorei(GL_PACK_ROW_LENGTH, 30);
+        gl.pixelStorei(GL_PACK_SKIP_ROWS, 3);
+        gl.pixelTransferf(GL_RED_SCALE, 0.5f);
+    }));
+    EXPECT_EQ(readRows(m_service, *image), tiles(41, 30));
+    m_service.imageDestroy(image.release());
 }
 
 } // namespace

@@ -1,5 +1,8 @@
 #include "tests/soak/GLCounts.h"
 
+#include "integration/opengl/EglLibrary.h"
+#include "integration/opengl/OSMesaLibrary.h"
+
 #include <dlfcn.h>
 #include <memory>
 #include <mutex>
@@ -11,7 +14,6 @@
 #include <GL/gl.h>
 #include <GL/glext.h>
 #include <GL/glx.h>
-#include <GL/osmesa.h>
 
 #define EXPORTED extern "C" __attribute__((visibility("default")))
 
@@ -53,11 +55,24 @@ Function next(const char* name)
     return reinterpret_cast<Function>(dlsym(RTLD_NEXT, name));
 }
 
+/// Of a library that the process loads when it needs it.
+template <typename Function>
+Function real(const char* library, const char* name)
+{
+    return reinterpret_cast<Function>(dlsym(dlopen(library, RTLD_LAZY), name));
+}
+constexpr const char* Egl = "libEGL.so.1";
+constexpr const char* OSMesa = "libOSMesa.so.8";
+
 const void* currentContext()
 {
     if (const void* const context = glXGetCurrentContext())
         return context;
-    return OSMesaGetCurrentContext();
+    if (const auto* const library = sdk::integration::intern::loadedEgl())
+        if (const void* const context = library->GetCurrentContext())
+            return context;
+    void* const mesa = dlopen(OSMesa, RTLD_LAZY | RTLD_NOLOAD);
+    return mesa ? reinterpret_cast<void* (*)()>(dlsym(mesa, "OSMesaGetCurrentContext"))() : nullptr;
 }
 
 template <typename Context>
@@ -90,7 +105,7 @@ void note(int kind, GLuint name, bool exists)
 
 // Counting entry points, for each library its own: they call what that library gave for the name.
 
-enum Library { LibGL, Mesa, LibraryCount };
+enum Library { LibGL, EglOfLibGL, Mesa, LibraryCount };
 using EntryPoint = void (*)();
 
 template <int kind, int library>
@@ -230,9 +245,13 @@ std::map<std::string, long> glCounts()
 using velmora::test::counting;
 using velmora::test::created;
 using velmora::test::destroyed;
+using velmora::test::Egl;
+using velmora::test::EglOfLibGL;
 using velmora::test::EntryPoint;
 using velmora::test::Mesa;
 using velmora::test::next;
+using velmora::test::OSMesa;
+using velmora::test::real;
 
 EXPORTED EntryPoint glXGetProcAddress(const GLubyte* name)
 {
@@ -244,31 +263,47 @@ EXPORTED EntryPoint glXGetProcAddressARB(const GLubyte* name)
     return velmora::test::libGLEntryPoint("glXGetProcAddressARB", name);
 }
 
-EXPORTED OSMESAproc OSMesaGetProcAddress(const char* name)
+EXPORTED EntryPoint eglGetProcAddress(const char* name)
 {
-    const auto real = next<decltype(&OSMesaGetProcAddress)>("OSMesaGetProcAddress");
-    return counting<Mesa>(name, real(name));
+    return counting<EglOfLibGL>(name, real<EntryPoint (*)(const char*)>(Egl, "eglGetProcAddress")(name));
+}
+
+EXPORTED EntryPoint OSMesaGetProcAddress(const char* name)
+{
+    return counting<Mesa>(name, real<EntryPoint (*)(const char*)>(OSMesa, "OSMesaGetProcAddress")(name));
+}
+
+EXPORTED EGLContext eglCreateContext(EGLDisplay display, EGLConfig config, EGLContext share, const EGLint* attributes)
+{
+    const auto create = real<decltype(&eglCreateContext)>(Egl, "eglCreateContext");
+    return created(create(display, config, share, attributes), share);
+}
+
+EXPORTED EGLBoolean eglDestroyContext(EGLDisplay display, EGLContext context)
+{
+    destroyed(context);
+    return real<decltype(&eglDestroyContext)>(Egl, "eglDestroyContext")(display, context);
 }
 
 EXPORTED GLXContext glXCreateContext(Display* display, XVisualInfo* visual, GLXContext share, Bool direct)
 {
-    const auto real = next<decltype(&glXCreateContext)>("glXCreateContext");
-    return created(real(display, visual, share, direct), share);
+    const auto original = next<decltype(&glXCreateContext)>("glXCreateContext");
+    return created(original(display, visual, share, direct), share);
 }
 
 EXPORTED GLXContext glXCreateNewContext(Display* display, GLXFBConfig config, int type, GLXContext share, Bool direct)
 {
-    const auto real = next<decltype(&glXCreateNewContext)>("glXCreateNewContext");
-    return created(real(display, config, type, share, direct), share);
+    const auto original = next<decltype(&glXCreateNewContext)>("glXCreateNewContext");
+    return created(original(display, config, type, share, direct), share);
 }
 
 EXPORTED GLXContext glXCreateContextAttribsARB(Display* display, GLXFBConfig config, GLXContext share, Bool direct,
                                                const int* attributes)
 {
     const auto resolve = next<EntryPoint (*)(const GLubyte*)>("glXGetProcAddress");
-    const auto real = reinterpret_cast<PFNGLXCREATECONTEXTATTRIBSARBPROC>(
+    const auto original = reinterpret_cast<PFNGLXCREATECONTEXTATTRIBSARBPROC>(
         resolve(reinterpret_cast<const GLubyte*>("glXCreateContextAttribsARB")));
-    return created(real(display, config, share, direct, attributes), share);
+    return created(original(display, config, share, direct, attributes), share);
 }
 
 EXPORTED void glXDestroyContext(Display* display, GLXContext context)
@@ -277,15 +312,18 @@ EXPORTED void glXDestroyContext(Display* display, GLXContext context)
     next<decltype(&glXDestroyContext)>("glXDestroyContext")(display, context);
 }
 
-EXPORTED OSMesaContext OSMesaCreateContextExt(GLenum format, GLint depth, GLint stencil, GLint accumulation,
+using OSMesaContext = velmora::sdk::integration::intern::OSMesaLibrary::Context;
+
+EXPORTED OSMesaContext OSMesaCreateContextExt(unsigned format, int depth, int stencil, int accumulation,
                                               OSMesaContext share)
 {
-    const auto real = next<decltype(&OSMesaCreateContextExt)>("OSMesaCreateContextExt");
-    return created(real(format, depth, stencil, accumulation, share), share);
+    const auto create =
+        real<OSMesaContext (*)(unsigned, int, int, int, OSMesaContext)>(OSMesa, "OSMesaCreateContextExt");
+    return created(create(format, depth, stencil, accumulation, share), share);
 }
 
 EXPORTED void OSMesaDestroyContext(OSMesaContext context)
 {
     destroyed(context);
-    next<decltype(&OSMesaDestroyContext)>("OSMesaDestroyContext")(context);
+    real<void (*)(OSMesaContext)>(OSMesa, "OSMesaDestroyContext")(context);
 }

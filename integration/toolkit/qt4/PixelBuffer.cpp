@@ -1,8 +1,8 @@
 #include "integration/toolkit/PixelBuffer.h"
 
+#include "integration/opengl/PlainReading.h"
 #include "integration/toolkit/CurrentContext.h"
 #include "integration/toolkit/GuiClient.h"
-#include "integration/toolkit/PlainPixels.h"
 
 #include <QGLContext>
 #include <QGLPixelBuffer>
@@ -23,6 +23,12 @@ QGLFormat formatFor(const FormatRequest& request)
     format.setDirectRendering(false);
     format.setDoubleBuffer(false);
     return format;
+}
+
+intern::ReadingGL::EntryPoint entryPoint(const char* name)
+{
+    return reinterpret_cast<intern::ReadingGL::EntryPoint>(
+        QGLContext::currentContext()->getProcAddress(QLatin1String(name)));
 }
 
 } // namespace
@@ -80,8 +86,13 @@ QImage PixelBuffer::readBack()
 {
     if (!isUsable() || !makeCurrent())
         return QImage();
-    const PlainPixels plainPixels;
-    return m_impl->buffer.toImage();
+    const intern::ReadingGL gl(entryPoint);
+    gl.forgetErrors();
+    if (!gl.answers())
+        return QImage();
+    const intern::PlainReading plain(gl);
+    const QImage image = m_impl->buffer.toImage();
+    return gl.succeeded() ? image : QImage();
 }
 
 } // namespace velmora::sdk::integration::toolkit

@@ -3,14 +3,11 @@
 #include "integration/toolkit/CurrentContext.h"
 #include "integration/toolkit/FramebufferLimit.h"
 #include "integration/toolkit/GuiClient.h"
-#include "integration/toolkit/LargeImage.h"
-#include "integration/toolkit/PlainPixels.h"
+#include "integration/toolkit/qt5/FramebufferReading.h"
 
 #include <QGLPixelBuffer>
 #include <QOpenGLContext>
-#include <QOpenGLExtraFunctions>
-#include <QOpenGLFramebufferObject>
-#include <algorithm>
+#include <QOpenGLFunctions>
 
 namespace velmora::sdk::integration::toolkit {
 
@@ -28,58 +25,6 @@ QGLFormat formatFor(const FormatRequest& request)
     format.setDirectRendering(false);
     format.setDoubleBuffer(false);
     return format;
-}
-
-GLint integerOf(QOpenGLFunctions& gl, GLenum name)
-{
-    GLint value = 0;
-    gl.glGetIntegerv(name, &value);
-    return value;
-}
-
-/// Copies a multisampled framebuffer object into a plain one, whatever the scissor is.
-void resolve(GLuint multisampled, const QOpenGLFramebufferObject& plain)
-{
-    QOpenGLExtraFunctions& gl = *QOpenGLContext::currentContext()->extraFunctions();
-    const bool scissored = gl.glIsEnabled(GL_SCISSOR_TEST);
-    gl.glDisable(GL_SCISSOR_TEST);
-    gl.glBindFramebuffer(GL_READ_FRAMEBUFFER, multisampled);
-    gl.glBindFramebuffer(GL_DRAW_FRAMEBUFFER, plain.handle());
-    gl.glBlitFramebuffer(0, 0, plain.width(), plain.height(), 0, 0, plain.width(), plain.height(), GL_COLOR_BUFFER_BIT,
-                         GL_NEAREST);
-    if (scissored)
-        gl.glEnable(GL_SCISSOR_TEST);
-}
-
-/// OpenGL's first row is the lowest.
-void turnUpsideDown(QImage& image)
-{
-    for (int y = 0; y < image.height() / 2; ++y) {
-        uchar* const row = image.scanLine(y);
-        std::swap_ranges(row, row + image.bytesPerLine(), image.scanLine(image.height() - 1 - y));
-    }
-}
-
-/// The toolkit's own way fills two images with the pixels, one after the other.
-QImage readPixels(GLuint framebuffer, const QSize& size)
-{
-    QImage image = newLargeImage(size.width(), size.height(), QImage::Format_RGB32);
-    if (image.isNull())
-        return image;
-    QOpenGLFunctions& gl = *QOpenGLContext::currentContext()->functions();
-    gl.glBindFramebuffer(GL_FRAMEBUFFER, framebuffer);
-    gl.glReadPixels(0, 0, size.width(), size.height(), GL_BGRA, GL_UNSIGNED_INT_8_8_8_8_REV, image.bits());
-    turnUpsideDown(image);
-    return image;
-}
-
-QImage readResolved(GLuint multisampled, const QSize& size)
-{
-    const QOpenGLFramebufferObject plain(size, QOpenGLFramebufferObjectFormat());
-    if (!plain.isValid())
-        return QImage();
-    resolve(multisampled, plain);
-    return readPixels(plain.handle(), size);
 }
 
 } // namespace
@@ -106,8 +51,8 @@ PixelBuffer::PixelBuffer(const QSize& size, const FormatRequest& request) : m_im
     QOpenGLContext* const context = QOpenGLContext::currentContext();
     QOpenGLFunctions& gl = *context->functions();
     // The first makeCurrent binds the framebuffer object behind the buffer, if that could be made.
-    m_impl->framebuffer = static_cast<GLuint>(integerOf(gl, GL_FRAMEBUFFER_BINDING));
-    const int samples = integerOf(gl, GL_SAMPLES);
+    m_impl->framebuffer = static_cast<GLuint>(currentInteger(GL_FRAMEBUFFER_BINDING));
+    const int samples = currentInteger(GL_SAMPLES);
     const QGLFormat asked = formatFor(request);
     m_impl->isUsable = m_impl->framebuffer != context->defaultFramebufferObject() &&
                        gl.glCheckFramebufferStatus(GL_FRAMEBUFFER) == GL_FRAMEBUFFER_COMPLETE &&
@@ -136,7 +81,12 @@ bool PixelBuffer::makeCurrent()
     if (!context)
         return false;
     context->makeCurrent();
-    return QGLContext::currentContext() == context && m_impl->buffer.makeCurrent();
+    if (QGLContext::currentContext() != context || !m_impl->buffer.makeCurrent())
+        return false;
+    // The toolkit binds it the first time only.
+    if (m_impl->framebuffer != 0)
+        QOpenGLContext::currentContext()->functions()->glBindFramebuffer(GL_FRAMEBUFFER, m_impl->framebuffer);
+    return true;
 }
 
 void PixelBuffer::doneCurrent()
@@ -156,11 +106,7 @@ QImage PixelBuffer::readBack()
 {
     if (!isUsable() || !makeCurrent())
         return QImage();
-    const PlainPixels plainPixels;
-    const GLuint framebuffer = m_impl->framebuffer;
-    QImage image = m_impl->isMultisampled ? readResolved(framebuffer, size()) : readPixels(framebuffer, size());
-    QOpenGLContext::currentContext()->functions()->glBindFramebuffer(GL_FRAMEBUFFER, framebuffer);
-    return image;
+    return readFramebuffer(m_impl->framebuffer, size(), m_impl->isMultisampled);
 }
 
 } // namespace velmora::sdk::integration::toolkit

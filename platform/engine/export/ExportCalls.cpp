@@ -9,7 +9,9 @@
 #include "engine/export/ExportFailure.h"
 #include "engine/export/PictureRows.h"
 #include "engine/export/PngRows.h"
+#include "engine/export/Progress.h"
 #include "engine/export/RowSink.h"
+#include "engine/export/RowsBehind.h"
 #include "engine/export/TargetFile.h"
 #include "engine/export/TextSize.h"
 #include "testing/EngineProbe.h"
@@ -104,6 +106,20 @@ PictureRequest requestOfPaper(double dotsPerInch, int strategy)
     return request;
 }
 
+/// Compresses a picture on another thread while the next rows are drawn.
+void drawAndCompress(const PictureRequest& request, const std::string& writing, PngRows& png)
+{
+    // As much memory as the rows of a band take at most.
+    constexpr long MostBytesBehind = 32L * 1024 * 1024;
+    const long rowBytes = 3L * request.width;
+    RowsBehind rows(png, static_cast<std::size_t>(rowBytes), static_cast<int>(MostBytesBehind / rowBytes));
+    PictureRows(request, writing).sendTo(rows);
+    double reached = 1;
+    Progress progress(writing, reached, 1, 1);
+    while (!rows.isDone())
+        progress.stepWithin();
+}
+
 // The file is opened first, so that nobody waits for a picture that cannot be written.
 void exportImage(const std::string& fileName, const VelExportImageOptions* options)
 {
@@ -113,7 +129,7 @@ void exportImage(const std::string& fileName, const VelExportImageOptions* optio
     const std::string writing = "Writing " + fileName;
     TargetFile file(fileName);
     PngRows png(file, request.width, request.height, options->dotsPerInch);
-    PictureRows(request, writing).sendTo(png);
+    drawAndCompress(request, writing, png);
     png.finish();
     file.commit();
     callbacks().progress(writing.c_str(), 1);

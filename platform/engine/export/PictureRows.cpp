@@ -50,6 +50,8 @@ PictureRows::PictureRows(const PictureRequest& request, std::string writing)
     : m_request(request), m_writing(std::move(writing)), m_tileSize(request)
 {}
 
+PictureRows::~PictureRows() = default;
+
 void PictureRows::sendTo(RowSink& sink)
 {
     int row = 0;
@@ -69,6 +71,7 @@ int PictureRows::drawBand(int firstRow)
             drawTiles(firstRow, rows);
             return rows;
         } catch (const ImageRefused& refusal) {
+            m_image.reset();
             // The later ones speak of sizes that nobody asked for.
             if (firstRefusal.empty())
                 firstRefusal = refusal.what();
@@ -93,12 +96,23 @@ void PictureRows::drawTiles(int firstRow, int rows)
 void PictureRows::drawTile(const Tile& tile, double done)
 {
     requireSameView();
-    ServiceImage image(tile.width, tile.height, m_request.strategy);
+    ServiceImage& image = imageOf(tile.width, tile.height);
     const double drawn = m_done + (std::max(done, m_done) - m_done) * DrawingOfTile;
     const ExportRequestScope scope(partOfPicture(tile, drawn));
     image.draw(m_request.region);
     m_done = drawn;
     readBack(image, tile, done);
+}
+
+// Making an image takes a context and memory for all its pixels, so that the tiles share one. Only one may
+// live at a time.
+ServiceImage& PictureRows::imageOf(int width, int height)
+{
+    if (!m_image || m_image->width() != width || m_image->height() != height) {
+        m_image.reset();
+        m_image = std::make_unique<ServiceImage>(width, height, m_request.strategy);
+    }
+    return *m_image;
 }
 
 ExportRequest PictureRows::partOfPicture(const Tile& tile, double drawn) const
@@ -137,6 +151,8 @@ void PictureRows::writeBand(int firstRow, int rows, RowSink& sink)
 {
     Progress progress(m_writing, m_done, (firstRow + rows) / static_cast<double>(m_request.height), rows);
     for (int i = 0; i < rows; ++i) {
+        while (!sink.hasRoom())
+            progress.stepWithin();
         sink.takeRow(firstRow + i, m_band.data() + rgbBytes(m_request.width) * static_cast<std::size_t>(i));
         progress.step();
     }

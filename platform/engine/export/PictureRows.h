@@ -4,6 +4,7 @@
 #include "engine/export/TileSize.h"
 #include "engine/export/ViewStamp.h"
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -22,6 +23,9 @@ class PictureRows {
 public:
     /// `writing` is what the sink does, in a few words for a person.
     PictureRows(const PictureRequest& request, std::string writing);
+    ~PictureRows();
+    PictureRows(const PictureRows&) = delete;
+    PictureRows& operator=(const PictureRows&) = delete;
 
     /// Throws ExportFailure or ExportInterrupted, and what the sink throws.
     void sendTo(RowSink& sink);
@@ -38,6 +42,7 @@ private:
     int drawBand(int firstRow);
     void drawTiles(int firstRow, int rows);
     void drawTile(const Tile& tile, double done);
+    ServiceImage& imageOf(int width, int height);
     ExportRequest partOfPicture(const Tile& tile, double drawn) const;
     void readBack(ServiceImage& image, const Tile& tile, double done);
     void writeBand(int firstRow, int rows, RowSink& sink);
@@ -47,7 +52,8 @@ private:
     std::string m_writing;
     TileSize m_tileSize;
     ViewStamp m_view;
-    double m_done = 0; ///< of the whole, 0 to 1
+    double m_done = 0;                     ///< of the whole, 0 to 1
+    std::unique_ptr<ServiceImage> m_image; ///< of the last tile, for the next one of its size
     std::vector<unsigned char> m_band;
 };
 

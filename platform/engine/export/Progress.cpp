@@ -16,6 +16,11 @@ void Progress::step()
 {
     ++m_stepsDone;
     m_reached = m_begin + (m_end - m_begin) * m_stepsDone / m_steps;
+    stepWithin();
+}
+
+void Progress::stepWithin()
+{
     if (!m_work.goOn(m_reached))
         throw ExportInterrupted();
     if (!isRunning())

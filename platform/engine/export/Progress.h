@@ -15,6 +15,8 @@ public:
 
     /// After each step. Throws ExportInterrupted, or ExportFailure when the engine was stopped.
     void step();
+    /// The same in the middle of a step: the progress stays.
+    void stepWithin();
 
 private:
     SlicedWork m_work;

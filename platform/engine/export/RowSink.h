@@ -9,6 +9,10 @@ public:
     /// ExportInterrupted to end the picture.
     virtual void takeRow(int row, const unsigned char* rgb) = 0;
 
+    /// Whether there is room for a row. May wait for it, but only a moment; whoever has a row asks until there
+    /// is. Throws like takeRow().
+    virtual bool hasRoom() { return true; }
+
 protected:
     ~RowSink() = default;
 };

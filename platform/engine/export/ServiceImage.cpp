@@ -81,11 +81,23 @@ ServiceImage::~ServiceImage()
     giveBack(m_image);
 }
 
+int ServiceImage::width() const
+{
+    return m_image->width();
+}
+
+int ServiceImage::height() const
+{
+    return m_image->height();
+}
+
 // Whether the image was drawn is known from the drawing itself: an image of the binding may answer
 // for no more than its pixels being there, even if the drawing was interrupted.
 void ServiceImage::draw(velmora::sdk::integration::ExportRegion_e region)
 {
     clearLastError();
+    // The service forgets the rows of the drawing before when it is given an image back, also none.
+    giveBack(nullptr);
     noteImageDrawing(ImageDrawing::NotBegun);
     const bool rendered = m_image->render(region);
     const ImageDrawing drawing = lastImageDrawing();

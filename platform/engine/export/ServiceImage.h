@@ -10,7 +10,7 @@ namespace velmora::engine {
 
 /// An off-screen image of the binding's service, given back at the end of its life. All pixels must
 /// be drawn before the first row is read, and only one of these may live at a time: the service
-/// reads an image back as a whole and keeps that for the rows that follow.
+/// reads an image back as a whole and keeps that for the rows that follow. It may be drawn and read again.
 class ServiceImage {
 public:
     /// Throws ImageRefused when there is none of that size, ExportFailure when there is no service.
@@ -18,6 +18,9 @@ public:
     ~ServiceImage();
     ServiceImage(const ServiceImage&) = delete;
     ServiceImage& operator=(const ServiceImage&) = delete;
+
+    int width() const;
+    int height() const;
 
     /// Draws the part of the picture that the current ExportRequest describes. Throws ImageRefused,
     /// ExportFailure or ExportInterrupted.

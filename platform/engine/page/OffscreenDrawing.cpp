@@ -41,14 +41,14 @@ public:
         const Picture picture = regionPicture(*m_page, region, width, height, currentExportRequest());
         ShareOfExport share(*this, currentExportRequest());
         const bool finished = paintPicture(picture, m_gl, width, height, share);
-        m_gl.Finish();
+        m_gl.waitUntilDrawn(); // the image itself hands out what is drawn
         if (!finished)
             setLastError(whyNot());
         return finished;
     }
 
 protected:
-    void completeSlice() override { m_gl.Finish(); }
+    void completeSlice() override { m_gl.waitUntilDrawn(); }
     void beforeTurn() override { m_beforeTurn.emplace(m_gl); }
 
     bool afterTurn() override

@@ -2,9 +2,9 @@
 
 namespace velmora::engine {
 
-/// The context of the window system that was current when this was made. An off-screen image whose
-/// toolkit has made its context current for the time of a call cannot make it current again itself;
-/// this can.
+/// The context of the window system that was current when this was made, by GLX or by EGL. An off-screen
+/// image whose toolkit has made its context current for the time of a call cannot make it current again
+/// itself; this can.
 class WindowSystemContext {
 public:
     WindowSystemContext();
@@ -12,10 +12,16 @@ public:
     bool makeCurrentAgain() const;
 
 private:
-    void* m_display;
-    void* m_context;
-    unsigned long m_draw;
-    unsigned long m_read;
+    bool makeGlxCurrentAgain() const;
+    bool makeEglCurrentAgain() const;
+
+    bool m_isEgl = false;
+    void* m_display = nullptr;
+    void* m_context = nullptr;
+    void* m_eglDraw = nullptr;
+    void* m_eglRead = nullptr;
+    unsigned long m_glxDraw = 0;
+    unsigned long m_glxRead = 0;
 };
 
 } // namespace velmora::engine

@@ -3,6 +3,7 @@ set(VELMORA_PLOT_SOURCES
   "${CMAKE_CURRENT_LIST_DIR}/../gl/GLFunctions.cpp"
   "${CMAKE_CURRENT_LIST_DIR}/../gl/GLStateGuard.cpp"
   "${CMAKE_CURRENT_LIST_DIR}/../gl/KeptGeometry.cpp"
+  "${CMAKE_CURRENT_LIST_DIR}/../gl/OpenGLLibraries.cpp"
   "${CMAKE_CURRENT_LIST_DIR}/../text/FontFace.cpp"
   "${CMAKE_CURRENT_LIST_DIR}/../text/FontFinder.cpp"
   "${CMAKE_CURRENT_LIST_DIR}/../text/TextLine.cpp"

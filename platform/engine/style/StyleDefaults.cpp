@@ -36,6 +36,7 @@ std::vector<StyleDefault> plainDefaults()
         {"Interface/OpenGLConfig/ImageRendering/DepthBufferSize", 0L, -Any, Any},
         {"Interface/OpenGLConfig/ImageRendering/MaxMultiSamples", 0L, -Any, Any},
         {"Interface/OpenGLConfig/ImageRendering/MaxAccumBufferSize", 0L, -Any, Any},
+        {"Interface/OpenGLConfig/ImageRendering/PreferEGL", 0L, 0, 1},
         // Whether drawing areas choose their X visual by the binding's own ranking (not 0) or
         // leave it to the toolkit (0), and the visual that they shall take (0: choose one).
         {"Interface/OpenGLConfig/UseAdvancedVisualChooser", 1L, -Any, Any},

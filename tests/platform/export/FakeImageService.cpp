@@ -11,14 +11,15 @@ using sdk::integration::OffscreenImageInterface;
 
 class FakeImageService::Image : public FakeImage {
 public:
-    Image(int width, int height, bool answersAlways) : FakeImage(width, height), m_answersAlways(answersAlways) {}
+    Image(FakeImageService& owner, int width, int height) : FakeImage(width, height), m_owner(owner) {}
     bool render(sdk::integration::ExportRegion_e region) override
     {
-        return FakeImage::render(region) || m_answersAlways;
+        m_owner.drawn.emplace_back(width(), height());
+        return FakeImage::render(region) || m_owner.answersAlways;
     }
 
 private:
-    bool m_answersAlways;
+    FakeImageService& m_owner;
 };
 
 FakeImageService::FakeImageService()
@@ -41,7 +42,7 @@ OffscreenImageInterface* FakeImageService::create(int width, int height, int, lo
     self->created.emplace_back(width, height);
     if (self->createsNull)
         return nullptr;
-    auto image = std::make_unique<Image>(width + self->sizeError, height, self->answersAlways);
+    auto image = std::make_unique<Image>(*self, width + self->sizeError, height);
     image->surface.worksAtAll = self->contextWorks;
     self->mostAlive = std::max(self->mostAlive, ++self->alive);
     return image.release();
@@ -70,7 +71,8 @@ void FakeImageService::destroy(OffscreenImageInterface* image, long clientData)
 {
     auto* const self = reinterpret_cast<FakeImageService*>(clientData);
     self->m_cached.clear();
-    --self->alive;
+    if (image)
+        --self->alive;
     delete image;
 }
 

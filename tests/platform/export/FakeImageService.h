@@ -11,7 +11,7 @@ namespace velmora::test {
 
 /// An off-screen image service whose images are software surfaces, registered with the engine for
 /// its own life. Like the real one it reads an image back as a whole at the first row that is asked
-/// for, and keeps that until an image is destroyed.
+/// for, and keeps that until an image, or none, is destroyed.
 class FakeImageService {
 public:
     FakeImageService();
@@ -29,6 +29,7 @@ public:
 
     // ---- what happened
     std::vector<std::pair<int, int>> created; ///< sizes
+    std::vector<std::pair<int, int>> drawn;   ///< the same, of each drawing
     int alive = 0;
     int mostAlive = 0;
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tests/platform/page/MesaSurface.h"
+#include "tests/platform/page/SoftwareSurface.h"
 
 #include <string>
 #include <vector>

@@ -63,7 +63,7 @@ TEST_F(RenderedPage, ComesInBandsAtAPrintersResolution)
     load(tableFile());
     ASSERT_EQ(render(400), 1); // 3400 x 4400 pixels
     EXPECT_EQ(rows, 4400);
-    EXPECT_GE(service.created.size(), 2U);
+    EXPECT_GE(service.drawn.size(), 2U);
     EXPECT_LE(service.mostAlive, 1);
 }
 

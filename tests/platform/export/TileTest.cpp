@@ -31,9 +31,9 @@ TEST_F(ExportedTiles, AreDrawnWhenTheImageKindHasALimitAndJoin)
         service.largestSide = 16384;
         const PngPicture whole = picture(options(401, 307));
         service.largestSide = 100;
-        service.created.clear();
+        service.drawn.clear();
         const PngPicture joined = picture(options(401, 307));
-        EXPECT_GT(service.created.size(), 15U);
+        EXPECT_GT(service.drawn.size(), 15U);
         // The edges of a few triangles fall on the other side of a pixel's middle.
         EXPECT_LT(differing(whole, joined, 0), 401 * 307 / 500) << file;
         EXPECT_GT(joined.countOther(White), 1000);
@@ -45,10 +45,10 @@ TEST_F(ExportedTiles, JoinWhenTheyAreSupersampled)
     load(gridFile());
     const PngPicture whole = picture(options(150, 101, 5));
     service.largestSide = 130;
-    service.created.clear();
+    service.drawn.clear();
     const PngPicture joined = picture(options(150, 101, 5));
-    EXPECT_GT(service.created.size(), 20U);
-    for (const auto& [width, height] : service.created) {
+    EXPECT_GT(service.drawn.size(), 20U);
+    for (const auto& [width, height] : service.drawn) {
         EXPECT_EQ(width % 5, 0);
         EXPECT_EQ(height % 5, 0);
     }
@@ -74,8 +74,8 @@ TEST_F(ExportedTiles, HoldNoMoreThanABandOfALargePicture)
     load(tableFile());
     VelExportImageOptions wanted = options(4000, 1500, 3);
     picture(wanted); // 12000 x 4500 pixels as drawn
-    EXPECT_GT(service.created.size(), 5U);
-    for (const auto& [width, height] : service.created)
+    EXPECT_GT(service.drawn.size(), 5U);
+    for (const auto& [width, height] : service.drawn)
         EXPECT_LE(static_cast<long>(width) * height, 8L * 1024 * 1024);
 }
 
@@ -84,7 +84,7 @@ TEST_F(ExportedTiles, GoBeyondWhatAnImageCanBeInOneDirection)
     load(tableFile());
     const PngPicture wide = picture(options(40000, 20));
     EXPECT_EQ(wide.width, 40000);
-    EXPECT_GE(service.created.size(), 3U);
+    EXPECT_GE(service.drawn.size(), 3U);
     const PngPicture high = picture(options(20, 40000));
     EXPECT_EQ(high.height, 40000);
 }
@@ -94,10 +94,18 @@ TEST_F(ExportedTiles, BecomeSmallerUntilTheyFitAndStayThatSize)
     load(tableFile());
     service.largestSide = 150;
     picture(options(500, 400));
-    for (const auto& [width, height] : service.created) {
+    for (const auto& [width, height] : service.drawn) {
         EXPECT_LE(std::max(width, height), 150);
         EXPECT_GE(width, 75);
     }
+}
+
+TEST_F(ExportedTiles, OfOneSizeShareAnImage)
+{
+    load(tableFile());
+    picture(options(4000, 1500, 3));
+    EXPECT_GT(service.drawn.size(), 5U);
+    EXPECT_EQ(service.created.size(), 2U) << "one for all bands but the last, which has fewer rows";
 }
 
 TEST_F(ExportedTiles, AreOfOneViewOrThereIsNoPicture)

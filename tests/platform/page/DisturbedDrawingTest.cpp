@@ -4,18 +4,20 @@
 #include "engine/VelEng.h"
 #include "engine/VelUtil.h"
 
-#include <GL/osmesa.h>
+#include <GL/gl.h>
+#include <GL/glext.h>
 
 #include <memory>
 
 namespace velmora::test {
 namespace {
 
-/// An entry point of the software OpenGL.
+/// An entry point of the software OpenGL; it is the same for all its contexts.
 template <typename Function>
 Function* entry(const char* name)
 {
-    return reinterpret_cast<Function*>(OSMesaGetProcAddress(name));
+    static const std::unique_ptr<SoftwareContext> any = SoftwareContext::create();
+    return any->function<Function>(name);
 }
 
 void scaleModelMatrix()

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "interfaces/OffscreenImageInterface.h"
-#include "tests/platform/page/MesaSurface.h"
+#include "tests/platform/page/SoftwareSurface.h"
 #include "tests/support/SilentArea.h"
 
 namespace velmora::test {
@@ -26,7 +26,7 @@ public:
     sdk::integration::GLContextInterface& getGLContext() override { return surface; }
     bool isValidWidget() const override { return valid; }
 
-    MesaSurface surface;
+    SoftwareSurface surface;
     bool visible = true;
     bool valid = true;
     int page = 0; ///< the page it was given, or 0
@@ -42,7 +42,7 @@ public:
     int width() const override { return surface.width(); }
     int height() const override { return surface.height(); }
 
-    MesaSurface surface;
+    SoftwareSurface surface;
 };
 
 } // namespace velmora::test

@@ -1,4 +1,6 @@
 #include "engine/gl/GLFunctions.h"
+#include "integration/opengl/OSMesaLibrary.h"
+#include "integration/opengl/SurfacelessContext.h"
 #include "tests/platform/plot/Picture.h"
 
 #include <gtest/gtest.h>
@@ -7,6 +9,7 @@
 
 using namespace velmora::engine;
 using namespace velmora::engine::test;
+using namespace velmora::sdk::integration::intern;
 
 namespace {
 
@@ -86,6 +89,7 @@ TEST(CurrentGL, FollowsTheContextThatIsCurrent)
         Picture picture(8, 8);
         EXPECT_NE(&currentGL(), windowTable);
         EXPECT_EQ(redAfterClearing(currentGL(), 1), 255);
+        picture.refresh();
         EXPECT_EQ(picture.at(3, 3).red, 255);
     }
     ASSERT_TRUE(window.makeCurrent());
@@ -94,7 +98,36 @@ TEST(CurrentGL, FollowsTheContextThatIsCurrent)
     window.release();
 }
 
-TEST(CurrentGL, AFramebufferObjectIsDrawnThroughEitherTable)
+TEST(CurrentGL, KnowsWhichOfTheLibrariesHasTheContext)
+{
+    const GlxContext window;
+    const auto surfaceless = SurfacelessContext::create(EglRenderer::Any);
+    ASSERT_NE(surfaceless, nullptr);
+    std::vector<const GLFunctions*> tables;
+    const auto note = [&tables] {
+        EXPECT_NE(currentGL().GetString(GL_VERSION), nullptr);
+        tables.push_back(&currentGL());
+    };
+    for (int turn = 0; turn < 2; ++turn) {
+        ASSERT_TRUE(window.makeCurrent());
+        note();
+        window.release();
+        ASSERT_TRUE(surfaceless->makeCurrent());
+        note();
+        surfaceless->release();
+        if (osMesa()) {
+            const Picture picture(8, 8);
+            note();
+        }
+    }
+    const std::size_t kinds = tables.size() / 2;
+    for (std::size_t i = 0; i < kinds; ++i) {
+        EXPECT_EQ(tables[i], tables[kinds + i]);
+        EXPECT_NE(tables[i], tables[(i + 1) % kinds]);
+    }
+}
+
+TEST(CurrentGL, AFramebufferObjectIsDrawnThroughEveryTable)
 {
     const auto drawsIntoOne = [](const GLFunctions& gl) {
         if (!gl.hasFramebufferObjects())
@@ -117,6 +150,11 @@ TEST(CurrentGL, AFramebufferObjectIsDrawnThroughEitherTable)
     ASSERT_TRUE(window.makeCurrent());
     EXPECT_TRUE(drawsIntoOne(currentGL()));
     window.release();
-    const Picture picture(8, 8);
+    {
+        const Picture picture(8, 8);
+        EXPECT_TRUE(drawsIntoOne(currentGL()));
+    }
+    const auto surfaceless = SurfacelessContext::create(EglRenderer::Any);
+    ASSERT_TRUE(surfaceless && surfaceless->makeCurrent());
     EXPECT_TRUE(drawsIntoOne(currentGL()));
 }

@@ -161,6 +161,7 @@ TEST_P(EveryPlot, TilesJoinToTheWholePicture)
             drawing.frameHeight = height;
             CountingBreath breath;
             ASSERT_TRUE(drawn->draw(drawing, breath));
+            tile.refresh();
             const int x = column * width / 2;
             const int y = row * height / 2;
             EXPECT_GT(tile.countInk(), 500u);
@@ -182,6 +183,7 @@ TEST_P(EveryPlot, StaysInItsFrame)
     drawn->draw(drawing, breath);
     drawn->zoom(6, 0.5, 0.5);
     ASSERT_TRUE(drawn->draw(drawing, breath));
+    picture.refresh();
     std::size_t outside = 0;
     for (int y = 0; y < height; ++y)
         for (int x = 0; x < width; ++x)
@@ -276,10 +278,12 @@ TEST_P(EveryPlot, TextKeepsItsSizeOnPaperAtAnyResolution)
         drawing.pixelsPerPoint = scale;
         CountingBreath breath;
         EXPECT_TRUE(drawn->draw(drawing, breath));
+        picture.refresh();
         return picture.meanInk();
     };
     const double coarse = ink(1);
     const double fine = ink(4);
+    EXPECT_GT(coarse, 0);
     EXPECT_NEAR(fine, coarse, 0.15 * coarse);
 }
 

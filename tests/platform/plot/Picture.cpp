@@ -21,18 +21,16 @@ bool Picture::Pixel::isNear(int r, int g, int b, int tolerance) const
 }
 
 Picture::Picture(int width, int height)
-    : m_width(width), m_height(height), m_bytes(static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * 4),
-      m_context(OSMesaCreateContextExt(OSMESA_RGBA, 24, 8, 0, nullptr))
+    : m_width(width), m_height(height), m_context(velmora::test::SoftwareContext::create())
 {
-    if (!m_context || !OSMesaMakeCurrent(m_context, m_bytes.data(), GL_UNSIGNED_BYTE, width, height))
-        throw std::runtime_error("OSMesa gave no context");
+    if (!m_context->makeCurrent(width, height))
+        throw std::runtime_error("The software context cannot be made current.");
     clear();
 }
 
 Picture::~Picture()
 {
-    OSMesaMakeCurrent(nullptr, nullptr, GL_UNSIGNED_BYTE, 0, 0);
-    OSMesaDestroyContext(m_context);
+    m_context->release();
 }
 
 void Picture::clear()
@@ -40,7 +38,7 @@ void Picture::clear()
     const GLFunctions& gl = currentGL();
     gl.ClearColor(1, 1, 1, 1);
     gl.Clear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
-    gl.Finish();
+    refresh();
 }
 
 Drawing Picture::drawing() const
@@ -57,7 +55,7 @@ Drawing Picture::drawing() const
 bool Picture::draw(Plot& plot, Breath& breath)
 {
     const bool done = plot.draw(drawing(), breath);
-    currentGL().Finish();
+    refresh();
     return done;
 }
 

@@ -2,8 +2,7 @@
 
 #include "engine/core/Breath.h"
 #include "engine/plot/Plot.h"
-
-#include <GL/osmesa.h>
+#include "tests/support/SoftwareContext.h"
 
 #include <cstddef>
 #include <string>
@@ -42,6 +41,8 @@ public:
     int width() const { return m_width; }
     int height() const { return m_height; }
     void clear();
+    /// After drawing that did not go through draw(), before the pixels are looked at.
+    void refresh() { m_context->read(m_width, m_height, m_bytes); }
     /// The frame is the whole picture; `pixelsPerPoint` 1.
     Drawing drawing() const;
     bool draw(Plot& plot, Breath& breath);
@@ -58,7 +59,7 @@ private:
     int m_width;
     int m_height;
     std::vector<unsigned char> m_bytes; ///< RGBA from the bottom
-    OSMesaContext m_context;
+    std::unique_ptr<velmora::test::SoftwareContext> m_context;
 };
 
 } // namespace velmora::engine::test

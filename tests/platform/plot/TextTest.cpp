@@ -167,7 +167,7 @@ TEST(PaintTextImage, PutsCoverageOnThePixelsOfThePen)
         block.coverage.assign(6, 255);
         paintTextImage(gl, block, 10, 20, 64, 64);
     }
-    gl.Finish();
+    picture.refresh();
     EXPECT_EQ(picture.countNear(0, 0, 0, 0), 6u);
     EXPECT_EQ(picture.countInk(), 6u);
     EXPECT_TRUE(picture.at(12, 21).isNear(0, 0, 0, 0));

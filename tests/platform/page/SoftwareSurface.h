@@ -1,8 +1,7 @@
 #pragma once
 
 #include "interfaces/GLContextInterface.h"
-
-#include <GL/osmesa.h>
+#include "tests/support/SoftwareContext.h"
 
 #include <ostream>
 #include <vector>
@@ -21,14 +20,14 @@ constexpr Pixel White{255, 255, 255};
 
 std::ostream& operator<<(std::ostream& out, const Pixel& pixel);
 
-/// A software OpenGL context with a buffer of its own: the surface behind the areas and images of
-/// these tests.
-class MesaSurface : public sdk::integration::GLContextInterface {
+/// A software OpenGL context with a framebuffer of its own: the surface behind the areas and images of
+/// these tests. Looking at its pixels makes its context current.
+class SoftwareSurface : public sdk::integration::GLContextInterface {
 public:
-    MesaSurface(int width, int height);
-    ~MesaSurface() override;
-    MesaSurface(const MesaSurface&) = delete;
-    MesaSurface& operator=(const MesaSurface&) = delete;
+    SoftwareSurface(int width, int height);
+    ~SoftwareSurface() override = default;
+    SoftwareSurface(const SoftwareSurface&) = delete;
+    SoftwareSurface& operator=(const SoftwareSurface&) = delete;
 
     void swapBuffers() override;
     bool setCurrentGL() override;
@@ -38,12 +37,13 @@ public:
     int height() const { return m_height; }
     /// Another size; its content is lost, the context stays.
     void resize(int width, int height);
-    /// Fills the buffer, as if another window had lain over it.
+    /// Fills the framebuffer, as if another window had lain over it.
     void spoil();
     Pixel at(int x, int yFromBottom) const;
     /// How many pixels are not of this colour.
     int countOther(const Pixel& colour) const;
-    const std::vector<unsigned char>& bytes() const { return m_bytes; }
+    /// RGBA from the bottom.
+    const std::vector<unsigned char>& bytes() const;
 
     bool worksAtAll = true; ///< whether setCurrentGL succeeds
     int swaps = 0;
@@ -51,8 +51,9 @@ public:
 private:
     int m_width;
     int m_height;
-    std::vector<unsigned char> m_bytes; ///< RGBA from the bottom
-    OSMesaContext m_context;
+    std::unique_ptr<SoftwareContext> m_context;
+    mutable std::vector<unsigned char> m_bytes; ///< as it was when somebody last looked
+    mutable bool m_changed = true;              ///< since then, perhaps
 };
 
 } // namespace velmora::test
