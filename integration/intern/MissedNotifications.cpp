@@ -222,9 +222,11 @@ bool isPressOrRelease(QEvent::Type type)
            type == QEvent::MouseButtonRelease || type == QEvent::KeyPress || type == QEvent::KeyRelease;
 }
 
-bool changesByItself(const QObject& receiver)
+// Goes on stepping while it is pressed, or has all the mouse's events until it is let go, as a dragged dock has.
+bool mustBeLetGo(const QObject& receiver)
 {
-    return qobject_cast<const QAbstractSlider*>(&receiver) || qobject_cast<const QAbstractSpinBox*>(&receiver);
+    return qobject_cast<const QAbstractSlider*>(&receiver) || qobject_cast<const QAbstractSpinBox*>(&receiver) ||
+           &receiver == QWidget::mouseGrabber();
 }
 
 } // namespace
@@ -244,13 +246,13 @@ struct MissedNotifications::Kind {
 // Decided for every event that the toolkit sends or posts on the occasion of a change and does not send again:
 //
 // - told at once, because they are part of a call that is under way: isPartOfACall();
-// - told again after the work: the table; and the kinds that remember() knows beside it: the release of what
-//   was pressed (buttons, sliders and spin boxes, which otherwise stay down and go on stepping; for all other
-//   widgets a release that comes second is lost, as every later event is), the queued calls of a graphics scene,
-//   the changes that only newer toolkits tell of;
+// - told again after the work: the table; and what remember() knows beside it: the release of what was pressed
+//   (buttons, sliders, spin boxes and the widget that has grabbed the mouse, which otherwise stay down, go on
+//   stepping or keep the mouse; for all other widgets a release that comes second is lost, as every later event
+//   is), the queued calls of a graphics scene, the changes that only newer toolkits tell of;
 // - not told again: what comes by itself while its cause lasts (timers, sockets), what a person did (keys,
-//   presses, wheel, moves, help, tool tips), what only announces (AboutToQuit), and what
-//   nobody can repeat: queued calls and a host's own events. A host that needs those chooses HeldBackEvents_Input.
+//   presses, wheel, moves, help, tool tips), what only announces (AboutToQuit), and what nobody can repeat:
+//   queued calls and a host's own events. A host that needs those chooses HeldBackEvents_Input.
 const std::vector<MissedNotifications::Kind> MissedNotifications::s_kinds = {
     // posted; the toolkit posts no second one while it believes the first on its way
     {QEvent::UpdateRequest, Kind::AnyObject, Kind::Once, QEvent::None, postSameType},
@@ -366,7 +368,7 @@ void MissedNotifications::rememberPressOrRelease(QObject* receiver, const QEvent
         return; // as far as the receiver knows it was never pressed
     else if (qobject_cast<QAbstractButton*>(receiver))
         m_missed.push_back({receiver, event.type(), letGo});
-    else if (changesByItself(*receiver))
+    else if (mustBeLetGo(*receiver))
         m_missed.push_back({receiver, event.type(), sendCopy(m_copy(event, *receiver))});
 }
 

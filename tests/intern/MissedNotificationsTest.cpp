@@ -377,6 +377,23 @@ TEST_F(MissedNotifications, AScrollBarAndASliderWhoseReleaseWasSwallowedAreUpAnd
     }
 }
 
+TEST_F(MissedNotifications, AWidgetThatHasGrabbedTheMouseGetsTheReleaseThatEndsIt)
+{
+    class Dragged : public QWidget {
+    protected:
+        void mousePressEvent(QMouseEvent*) override { grabMouse(); }
+        void mouseReleaseEvent(QMouseEvent*) override { releaseMouse(); }
+    } dragged;
+    EXPECT_TRUE(showAndWait(dragged));
+    sendMouse(dragged, QEvent::MouseButtonPress, QPoint(5, 5));
+    EXPECT_EQ(QWidget::mouseGrabber(), &dragged);
+    holdBack();
+    sendMouse(dragged, QEvent::MouseButtonRelease, QPoint(5, 5));
+    EXPECT_EQ(QWidget::mouseGrabber(), &dragged);
+    letGoOn();
+    EXPECT_EQ(QWidget::mouseGrabber(), nullptr);
+}
+
 TEST_F(MissedNotifications, AButtonWhosePressWasSwallowedTooIsLeftAlone)
 {
     QPushButton button;
