@@ -52,6 +52,7 @@ int exportFile(const Options& options)
     image.supersample = options.supersample;
     image.region = ExportRegion_CurrentFrame;
     image.strategy = options.software ? ImageRenderingStrategy_Software : ImageRenderingStrategy_Hardware;
+    image.transparent = options.transparent ? 1 : 0;
     return VelUtilExportImage(options.output.toUtf8().constData(), &image) ? 0 : failWithLastMessage();
 }
 

@@ -114,6 +114,8 @@ bool parseSetting(const QString& word, Words& rest, Options& options)
 {
     if (word == QLatin1String("--slow"))
         options.slow = true;
+    else if (word == QLatin1String("--transparent"))
+        options.transparent = true;
     else if (word == QLatin1String("--landscape"))
         options.landscape = true;
     else if (word == QLatin1String("--size"))
@@ -189,6 +191,7 @@ QString helpText()
         "                          %2, and a window or snapshot no larger than the screen\n"
         "  --supersample N         draws an export N times (1 to 8) larger and averages it\n"
         "  --strategy NAME         draws an export with hardware (the default) or software\n"
+        "  --transparent           exports without the white ground\n"
         "  --paper NAME            prints on %1\n"
         "  --landscape             prints across the paper\n"
         "  --slow                  makes all drawing slow, to try out interrupting it\n"

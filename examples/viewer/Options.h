@@ -19,8 +19,9 @@ struct Options {
     QString output; ///< of a snapshot, an export or a print
     QSize size;     ///< of the picture or the window, not above LargestSide; invalid when not given
     int supersample = 1;
-    bool software = false; ///< draws an export with software
-    int paper = 0;         ///< by the place of its name in EngineSession::paperNames()
+    bool software = false;    ///< draws an export with software
+    bool transparent = false; ///< exports without the white ground
+    int paper = 0;            ///< by the place of its name in EngineSession::paperNames()
     bool landscape = false;
     bool slow = false;
     QString error; ///< what is wrong with the command line; empty when nothing is

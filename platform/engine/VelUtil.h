@@ -119,6 +119,9 @@ struct VelExportImageOptions {
     /// 1000 pixels width (and 500 or more of height) then looks like a window of that size on a screen of
     /// 96 dots per inch.
     double dotsPerInch;
+    /// Not 0: the ground on which the plots stand, white otherwise, is left out, and the file has alpha. It
+    /// takes the time of two drawings.
+    int transparent = 0;
 };
 
 /// Writes a PNG file. It takes its name when it is complete: after a failure or an interruption, or

@@ -85,6 +85,7 @@ PictureRequest requestOf(const VelExportImageOptions& options)
     request.supersample = options.supersample;
     request.region = regionOfNumber(options.region);
     request.strategy = options.strategy;
+    request.transparent = options.transparent != 0;
     checkPictureRequest(request);
     request.pixelsPerPoint = pixelsPerPointOf(request, options.dotsPerInch);
     return request;
@@ -111,7 +112,7 @@ void drawAndCompress(const PictureRequest& request, const std::string& writing, 
 {
     // As much memory as the rows of a band take at most.
     constexpr long MostBytesBehind = 32L * 1024 * 1024;
-    const long rowBytes = 3L * request.width;
+    const long rowBytes = long(request.bytesPerPixel()) * request.width;
     RowsBehind rows(png, static_cast<std::size_t>(rowBytes), static_cast<int>(MostBytesBehind / rowBytes));
     PictureRows(request, writing).sendTo(rows);
     double reached = 1;
@@ -128,7 +129,7 @@ void exportImage(const std::string& fileName, const VelExportImageOptions* optio
     const PictureRequest request = requestOf(*options);
     const std::string writing = "Writing " + fileName;
     TargetFile file(fileName);
-    PngRows png(file, request.width, request.height, options->dotsPerInch);
+    PngRows png(file, request.width, request.height, options->dotsPerInch, request.transparent);
     drawAndCompress(request, writing, png);
     png.finish();
     file.commit();

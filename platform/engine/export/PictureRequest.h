@@ -11,8 +11,10 @@ struct PictureRequest {
     int supersample = 1; ///< drawn that many times larger in each direction, and averaged
     velmora::sdk::integration::ExportRegion_e region = velmora::sdk::integration::ExportRegion_CurrentFrame;
     int strategy = 0;
+    bool transparent = false;  ///< without the ground: rows have alpha
     double pixelsPerPoint = 0; ///< of text and lines, in finished pixels; 0: as the region has it
 
+    int bytesPerPixel() const { return transparent ? 4 : 3; }
     int drawnWidth() const { return width * supersample; }
     int drawnHeight() const { return height * supersample; }
 };

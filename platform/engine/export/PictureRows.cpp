@@ -2,6 +2,7 @@
 
 #include "engine/export/BoxFilter.h"
 #include "engine/export/ExportFailure.h"
+#include "engine/export/Matte.h"
 #include "engine/export/Progress.h"
 #include "engine/export/RowSink.h"
 #include "engine/export/ServiceImage.h"
@@ -84,6 +85,8 @@ int PictureRows::drawBand(int firstRow)
 void PictureRows::drawTiles(int firstRow, int rows)
 {
     m_band.resize(rgbBytes(m_request.width) * static_cast<std::size_t>(rows));
+    if (m_request.transparent)
+        m_bandOnBlack.resize(m_band.size());
     const int fullWidth = m_request.drawnWidth();
     for (int x = 0; x < fullWidth; x += m_tileSize.width()) {
         const Tile tile{x, firstRow * m_request.supersample, std::min(m_tileSize.width(), fullWidth - x),
@@ -95,13 +98,22 @@ void PictureRows::drawTiles(int firstRow, int rows)
 
 void PictureRows::drawTile(const Tile& tile, double done)
 {
+    if (m_request.transparent)
+        drawTileOn(true, tile, (m_done + std::max(done, m_done)) / 2);
+    drawTileOn(false, tile, done);
+}
+
+void PictureRows::drawTileOn(bool black, const Tile& tile, double done)
+{
     requireSameView();
     ServiceImage& image = imageOf(tile.width, tile.height);
     const double drawn = m_done + (std::max(done, m_done) - m_done) * DrawingOfTile;
-    const ExportRequestScope scope(partOfPicture(tile, drawn));
+    ExportRequest part = partOfPicture(tile, drawn);
+    part.onBlack = black;
+    const ExportRequestScope scope(part);
     image.draw(m_request.region);
     m_done = drawn;
-    readBack(image, tile, done);
+    readBack(image, tile, done, black ? m_bandOnBlack : m_band);
 }
 
 // Making an image takes a context and memory for all its pixels, so that the tiles share one. Only one may
@@ -128,7 +140,7 @@ ExportRequest PictureRows::partOfPicture(const Tile& tile, double drawn) const
     return request;
 }
 
-void PictureRows::readBack(ServiceImage& image, const Tile& tile, double done)
+void PictureRows::readBack(ServiceImage& image, const Tile& tile, double done, std::vector<unsigned char>& band)
 {
     Progress progress("Reading the image back", m_done, done, tile.height);
     const int factor = m_request.supersample;
@@ -137,7 +149,7 @@ void PictureRows::readBack(ServiceImage& image, const Tile& tile, double done)
     BoxFilter filter(tile.width / factor, factor);
     for (int y = 0; y < tile.height; ++y) {
         unsigned char* const rgb =
-            m_band.data() + rgbBytes(m_request.width) * static_cast<std::size_t>(y / factor) + left;
+            band.data() + rgbBytes(m_request.width) * static_cast<std::size_t>(y / factor) + left;
         image.readRow(y, planes.red(), planes.green(), planes.blue());
         if (factor == 1)
             planes.interleaveInto(rgb);
@@ -153,9 +165,19 @@ void PictureRows::writeBand(int firstRow, int rows, RowSink& sink)
     for (int i = 0; i < rows; ++i) {
         while (!sink.hasRoom())
             progress.stepWithin();
-        sink.takeRow(firstRow + i, m_band.data() + rgbBytes(m_request.width) * static_cast<std::size_t>(i));
+        sink.takeRow(firstRow + i, rowOfBand(i));
         progress.step();
     }
+}
+
+const unsigned char* PictureRows::rowOfBand(int row)
+{
+    const std::size_t at = rgbBytes(m_request.width) * static_cast<std::size_t>(row);
+    if (!m_request.transparent)
+        return m_band.data() + at;
+    m_row.resize(static_cast<std::size_t>(m_request.width) * 4);
+    matteRow(m_band.data() + at, m_bandOnBlack.data() + at, m_request.width, m_row.data());
+    return m_row.data();
 }
 
 void PictureRows::requireSameView() const

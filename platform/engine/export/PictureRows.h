@@ -41,11 +41,14 @@ private:
 
     int drawBand(int firstRow);
     void drawTiles(int firstRow, int rows);
+    /// On white and, of a picture without its ground, once more on black.
     void drawTile(const Tile& tile, double done);
+    void drawTileOn(bool black, const Tile& tile, double done);
     ServiceImage& imageOf(int width, int height);
     ExportRequest partOfPicture(const Tile& tile, double drawn) const;
-    void readBack(ServiceImage& image, const Tile& tile, double done);
+    void readBack(ServiceImage& image, const Tile& tile, double done, std::vector<unsigned char>& band);
     void writeBand(int firstRow, int rows, RowSink& sink);
+    const unsigned char* rowOfBand(int row);
     void requireSameView() const;
 
     PictureRequest m_request;
@@ -55,6 +58,8 @@ private:
     double m_done = 0;                     ///< of the whole, 0 to 1
     std::unique_ptr<ServiceImage> m_image; ///< of the last tile, for the next one of its size
     std::vector<unsigned char> m_band;
+    std::vector<unsigned char> m_bandOnBlack; ///< of a picture without its ground
+    std::vector<unsigned char> m_row;         ///< with alpha
 };
 
 } // namespace velmora::engine

@@ -23,6 +23,7 @@ struct PngShape {
     png_uint_32 width;
     png_uint_32 height;
     png_uint_32 dotsPerMetre; ///< 0: not known
+    bool hasAlpha;
 };
 
 } // namespace
@@ -36,7 +37,7 @@ struct PngRows::Impl {
     // libpng leaves an operation that failed by a jump, over its own frames and those of the
     // functions it calls here. Whatever can be jumped over has nothing to destroy.
     bool begin(const PngShape& shape);
-    bool writeRow(const unsigned char* rgb);
+    bool writeRow(const unsigned char* pixels);
     bool end();
 
     static void onError(png_structp png, png_const_charp message);
@@ -77,7 +78,8 @@ bool PngRows::Impl::begin(const PngShape& shape)
     png_set_compression_buffer_size(png, BufferBytes);
     png_set_compression_level(png, CompressionLevel);
     png_set_filter(png, PNG_FILTER_TYPE_BASE, Filters);
-    png_set_IHDR(png, info, shape.width, shape.height, 8, PNG_COLOR_TYPE_RGB, PNG_INTERLACE_NONE,
+    png_set_IHDR(png, info, shape.width, shape.height, 8,
+                 shape.hasAlpha ? PNG_COLOR_TYPE_RGB_ALPHA : PNG_COLOR_TYPE_RGB, PNG_INTERLACE_NONE,
                  PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
     if (shape.dotsPerMetre > 0)
         png_set_pHYs(png, info, shape.dotsPerMetre, shape.dotsPerMetre, PNG_RESOLUTION_METER);
@@ -85,11 +87,11 @@ bool PngRows::Impl::begin(const PngShape& shape)
     return true;
 }
 
-bool PngRows::Impl::writeRow(const unsigned char* rgb)
+bool PngRows::Impl::writeRow(const unsigned char* pixels)
 {
     if (setjmp(png_jmpbuf(png)))
         return false;
-    png_write_row(png, rgb);
+    png_write_row(png, pixels);
     return true;
 }
 
@@ -101,17 +103,17 @@ bool PngRows::Impl::end()
     return true;
 }
 
-PngRows::PngRows(TargetFile& file, int width, int height, double dotsPerInch) : m_impl(new Impl(file))
+PngRows::PngRows(TargetFile& file, int width, int height, double dotsPerInch, bool hasAlpha) : m_impl(new Impl(file))
 {
     check(m_impl->begin({static_cast<png_uint_32>(width), static_cast<png_uint_32>(height),
-                         static_cast<png_uint_32>(std::lround(dotsPerInch / MetresPerInch))}));
+                         static_cast<png_uint_32>(std::lround(dotsPerInch / MetresPerInch)), hasAlpha}));
 }
 
 PngRows::~PngRows() = default;
 
-void PngRows::takeRow(int, const unsigned char* rgb)
+void PngRows::takeRow(int, const unsigned char* pixels)
 {
-    check(m_impl->writeRow(rgb));
+    check(m_impl->writeRow(pixels));
 }
 
 void PngRows::finish()

@@ -9,16 +9,16 @@ namespace velmora::engine {
 
 class TargetFile;
 
-/// Writes the rows of a picture as a PNG file of 8-bit RGB.
+/// Writes the rows of a picture as a PNG file of 8-bit RGB, or RGB and alpha.
 class PngRows final : public RowSink {
 public:
     /// `dotsPerInch` is noted in the file; 0: nothing is. Throws ExportFailure.
-    PngRows(TargetFile& file, int width, int height, double dotsPerInch);
+    PngRows(TargetFile& file, int width, int height, double dotsPerInch, bool hasAlpha = false);
     ~PngRows();
     PngRows(const PngRows&) = delete;
     PngRows& operator=(const PngRows&) = delete;
 
-    void takeRow(int row, const unsigned char* rgb) override;
+    void takeRow(int row, const unsigned char* pixels) override;
     /// After the last row. Throws ExportFailure.
     void finish();
 

@@ -27,7 +27,7 @@ TileSize::TileSize(const PictureRequest& request)
       m_rows(0)
 {
     const long rowsByTile = MostTilePixels / (long(width()) * m_supersample);
-    const long rowsByBand = MostBandBytes / (long(request.width) * BytesPerPixel);
+    const long rowsByBand = MostBandBytes / (long(request.width) * BytesPerPixel * (request.transparent ? 2 : 1));
     const long most = std::min<long>(request.height, UsualLargestSide / m_supersample);
     m_rows = static_cast<int>(std::clamp(std::min(rowsByTile, rowsByBand), 1L, most));
 }

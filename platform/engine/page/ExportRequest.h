@@ -5,7 +5,8 @@ namespace velmora::engine {
 /// What the off-screen image that is drawn next is a part of. An export sets it around its calls
 /// to the image service, because the service's `render` names a region only.
 struct ExportRequest {
-    int fullWidth = 0; ///< pixels of the whole picture; 0: the image is the whole picture
+    bool onBlack = false; ///< the ground, which else is white
+    int fullWidth = 0;    ///< pixels of the whole picture; 0: the image is the whole picture
     int fullHeight = 0;
     int tileX = 0; ///< the image's lower left corner in the whole picture
     int tileY = 0;

@@ -18,11 +18,17 @@ struct Colour {
 };
 
 constexpr Colour White{1, 1, 1};
+constexpr Colour Black{0, 0, 0};
 constexpr Colour Workspace{0.62F, 0.64F, 0.66F};
 constexpr Colour Shadow{0.40F, 0.41F, 0.43F};
 constexpr Colour Margin{0.80F, 0.84F, 0.92F};
 constexpr double ShadowPixels = 4;
 constexpr double LinePixels = 1;
+
+const Colour& groundOf(const Picture& picture)
+{
+    return picture.isOnBlack ? Black : White;
+}
 
 PixelRect moved(const PixelRect& rect, double dx, double dy)
 {
@@ -115,11 +121,11 @@ void paintGround(const Picture& picture, const GLFunctions& gl, int width, int h
 {
     prepareToClear(gl, width, height);
     const PixelRect whole{0, 0, static_cast<double>(width), static_cast<double>(height)};
-    fill(gl, whole, picture.showsPaper ? Workspace : White, GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+    fill(gl, whole, picture.showsPaper ? Workspace : groundOf(picture), GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
     if (picture.showsPaper) {
         const double shadow = ShadowPixels * picture.magnification;
         fill(gl, moved(picture.paper, shadow, -shadow), Shadow);
-        fill(gl, picture.paper, White);
+        fill(gl, picture.paper, groundOf(picture));
     }
     if (picture.showsMargins)
         outline(gl, picture.printable, std::max(LinePixels * picture.magnification, LinePixels), Margin);
@@ -132,7 +138,7 @@ bool paintPicture(const Picture& picture, const GLFunctions& gl, int width, int 
     for (std::size_t i = 0; i < count; ++i) {
         const Picture::PlacedFrame& frame = picture.frames[i];
         prepareToClear(gl, width, height);
-        fill(gl, frame.rect, White, GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+        fill(gl, frame.rect, groundOf(picture), GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
         FrameBreath share(breath, i, count);
         const Drawing drawing{&gl,
                               width,

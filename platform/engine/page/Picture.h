@@ -25,6 +25,7 @@ struct Picture {
     };
     bool showsPaper = false; ///< the sheet on the workspace, and not just white ground
     bool showsMargins = false;
+    bool isOnBlack = false; ///< the ground, which else is white
     PixelRect paper;
     PixelRect printable;
     std::vector<PlacedFrame> frames;

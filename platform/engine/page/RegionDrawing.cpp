@@ -44,8 +44,10 @@ Picture regionPicture(const Page& page, ExportRegion_e region, int width, int he
     const bool isTile = request.fullWidth > 0 && request.fullHeight > 0;
     const int fullWidth = isTile ? request.fullWidth : width;
     const int fullHeight = isTile ? request.fullHeight : height;
-    return wholePicture(page, region, fullWidth, fullHeight, request.pixelsPerPoint)
-        .seenFrom(request.tileX, request.tileY);
+    Picture picture = wholePicture(page, region, fullWidth, fullHeight, request.pixelsPerPoint)
+                          .seenFrom(request.tileX, request.tileY);
+    picture.isOnBlack = request.onBlack;
+    return picture;
 }
 
 } // namespace velmora::engine

@@ -23,6 +23,7 @@ void readInto(PngPicture& picture, std::FILE* file, png_structp png, png_infop i
     picture.height = static_cast<int>(png_get_image_height(png, info));
     picture.bitDepth = png_get_bit_depth(png, info);
     picture.isRgb = png_get_color_type(png, info) == PNG_COLOR_TYPE_RGB;
+    picture.hasAlpha = png_get_color_type(png, info) == PNG_COLOR_TYPE_RGB_ALPHA;
     picture.dotsPerMetre = png_get_pixels_per_meter(png, info);
     const std::size_t rowBytes = png_get_rowbytes(png, info);
     picture.bytes.resize(rowBytes * static_cast<std::size_t>(picture.height));
@@ -36,8 +37,23 @@ void readInto(PngPicture& picture, std::FILE* file, png_structp png, png_infop i
 Pixel PngPicture::at(int x, int yFromTop) const
 {
     const auto i =
-        (static_cast<std::size_t>(yFromTop) * static_cast<std::size_t>(width) + static_cast<std::size_t>(x)) * 3;
+        (static_cast<std::size_t>(yFromTop) * static_cast<std::size_t>(width) + static_cast<std::size_t>(x)) *
+        (hasAlpha ? 4 : 3);
     return {bytes.at(i), bytes.at(i + 1), bytes.at(i + 2)};
+}
+
+int PngPicture::alphaAt(int x, int yFromTop) const
+{
+    const std::size_t row = static_cast<std::size_t>(yFromTop) * static_cast<std::size_t>(width);
+    return bytes.at((row + static_cast<std::size_t>(x)) * 4 + 3);
+}
+
+Pixel PngPicture::onGround(int x, int yFromTop, int grey) const
+{
+    const Pixel colour = at(x, yFromTop);
+    const int alpha = alphaAt(x, yFromTop);
+    const auto mixed = [&](int value) { return (value * alpha + grey * (255 - alpha) + 127) / 255; };
+    return {mixed(colour.red), mixed(colour.green), mixed(colour.blue)};
 }
 
 int PngPicture::countOther(const Pixel& colour) const
