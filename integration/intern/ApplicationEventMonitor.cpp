@@ -50,7 +50,9 @@ void ApplicationEventMonitor::interrupt()
 
 bool ApplicationEventMonitor::shouldInterrupt()
 {
-    return ApplicationEventMonitorAbstract::shouldInterrupt() && !m_eventFilter.nestedLoops().isOneRunning();
+    // Asked for every event: the flag first, which is what the base looks at first.
+    return interruptRequested && ApplicationEventMonitorAbstract::shouldInterrupt() &&
+           !m_eventFilter.nestedLoops().isOneRunning();
 }
 
 bool ApplicationEventMonitor::isEngineInterruptible() const

@@ -146,7 +146,7 @@ public:
         void notifyEngine(QObject* receiver, const QEvent& event);
         void broadcastIfOnIdle(const QEvent& event);
         bool interruptedEventWasSentFirst(QObject* receiver, QEvent* event);
-        bool isPressOfOtherDeviceToDiscard(const QObject* receiver, const QEvent& event) const;
+        bool isPressToDiscard(const QObject* receiver) const;
         bool isSwallowedByInterruption(QObject* receiver, QEvent* event);
 
         static std::unique_ptr<QEvent> copyOf(const QEvent& event, QObject& receiver);

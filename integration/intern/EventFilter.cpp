@@ -64,7 +64,8 @@ bool Filter::eventFilter(QObject* receiver, QEvent* event)
     // announced twice.
     if (toolkit::isOnlyTransport(receiver))
         return false;
-    if (m_closingWindow == receiver && event->type() == QEvent::Close)
+    const QEvent::Type type = event->type();
+    if (type == QEvent::Close && m_closingWindow == receiver)
         return true; // it has accepted already, and this one comes accepted
     if ((m_hasInterruptedEvent || event->spontaneous() || !isPassedOverByAnalyzer(*event, *receiver)) &&
         !isStillToBeDelivered(receiver, event))
@@ -78,7 +79,7 @@ bool Filter::eventFilter(QObject* receiver, QEvent* event)
         if (!m_nestedLoops.isOneRunning())
             return !isOfStopButton;
     }
-    if (isPressOfOtherDeviceToDiscard(receiver, *event)) {
+    if ((type == QEvent::TouchBegin || type == QEvent::TabletPress) && isPressToDiscard(receiver)) {
         // The toolkit then makes a mouse press of it, which is discarded in its turn.
         event->ignore();
         return true;
@@ -207,10 +208,10 @@ bool isInput(QEvent::Type type)
 } // namespace
 
 // A press of a finger or a pen while the engine is busy is discarded like that of a mouse button.
-bool Filter::isPressOfOtherDeviceToDiscard(const QObject* receiver, const QEvent& event) const
+bool Filter::isPressToDiscard(const QObject* receiver) const
 {
-    return (event.type() == QEvent::TouchBegin || event.type() == QEvent::TabletPress) && m_monitor.isBusy() &&
-           !m_monitor.shouldInterrupt() && !m_nestedLoops.isOneRunning() && !m_monitor.isStopButton(receiver);
+    return m_monitor.isBusy() && !m_monitor.shouldInterrupt() && !m_nestedLoops.isOneRunning() &&
+           !m_monitor.isStopButton(receiver);
 }
 
 // While interrupting, everything is held back, paint and timer events included, unless the host has chosen
