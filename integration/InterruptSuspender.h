@@ -11,7 +11,7 @@ namespace integration {
 class StopButtonInterface;
 
 /// While one lives, neither Escape nor a stop button that was registered before it interrupts the busy
-/// engine. A stop button that is registered later still does, and so does whoever calls `interrupt()`.
+/// engine. A stop button that is registered later still does, and so does a call of `interrupt()`.
 /// Scopes nest: each stands for itself. Needs the Manager, on the GUI thread.
 class VELMORA_INTEGRATION_EXPORT InterruptSuspender {
 public:

@@ -19,7 +19,7 @@ struct Manager::Impl {
         : owner(&manager), applicationEventMonitor(std::make_unique<intern::ApplicationEventMonitor>(manager))
     {}
 
-    Manager* owner; // deliberate: for whoever debugs; never read
+    Manager* owner; // deliberate: seen in a debugger; never read
     // In the order of their creation, so that they are destroyed in the reverse one: the services
     // from the last to the first, then the monitor.
     std::unique_ptr<intern::ApplicationEventMonitor> applicationEventMonitor;

@@ -20,7 +20,7 @@ constexpr int ReplaceAssignment = 255;
 /// read. GUI thread only. Exceptions of the toolbox pass through.
 int readStyleInteger(const toolbox::StyleValue& section, const char* key, int defaultValue = 0);
 
-/// Writes an integer setting; the engine's code, 0 when the value was applied. Whoever calls it
+/// Writes an integer setting; the engine's code, 0 when the value was applied. The caller
 /// holds an AppLock.
 int writeStyleInteger(const toolbox::StyleValue& section, const char* key, int value);
 

@@ -8,7 +8,7 @@ namespace integration {
 
 class KeyEventListenerInterface;
 
-/// A source of key events. Listeners are borrowed: whoever adds one removes it before it dies. GUI
+/// A source of key events. Listeners are borrowed: remove one before it is destroyed. GUI
 /// thread only.
 class VELMORA_INTERFACE KeyEventObservableInterface {
 public:

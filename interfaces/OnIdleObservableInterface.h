@@ -8,7 +8,7 @@ namespace integration {
 
 class OnIdleListenerInterface;
 
-/// Announces idle time. Listeners are borrowed: whoever adds one removes it before it dies. GUI
+/// Announces idle time. Listeners are borrowed: remove one before it is destroyed. GUI
 /// thread only.
 class VELMORA_INTERFACE OnIdleObservableInterface {
 public:

@@ -10,7 +10,7 @@ namespace services {
 class ServiceInterface;
 }
 
-/// The services that the engine calls back. Services are borrowed: whoever adds one keeps it alive
+/// The services that the engine calls back. Services are borrowed: the caller keeps each alive
 /// until the engine is stopped. GUI thread only.
 class VELMORA_INTERFACE ServiceRepositoryInterface {
 public:

@@ -70,7 +70,7 @@ void print(const char* what, double ours, double toolkits)
 
 void measureCreation()
 {
-    // The very first context of a process pays for loading the driver, whoever asks for it.
+    // The very first context of a process pays for loading the driver.
     creation<PlainWidget>();
     const double first = creation<GLDrawArea>();
     const double second = creation<GLDrawArea>();

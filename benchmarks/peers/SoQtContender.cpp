@@ -21,7 +21,7 @@ namespace velmora::benchmark {
 
 namespace {
 
-// The peer asks for a wish to abort at every node, so that a host that wants to be interrupted cuts
+// The peer asks for an abort at every node, so that a host that wants to be interrupted cuts
 // its surface into tiles.
 constexpr int TilesASide = 8;
 

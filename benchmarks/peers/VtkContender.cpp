@@ -24,7 +24,7 @@ namespace velmora::benchmark {
 
 namespace {
 
-// The peer looks for a wish to abort between two actors, so that a host that wants to be
+// The peer looks for an abort between two actors, so that a host that wants to be
 // interrupted cuts its surface into tiles.
 constexpr int TilesASide = 8;
 

@@ -50,7 +50,7 @@ void handle(void (*handler)(int))
 
 } // namespace
 
-// More than one signal may come for one wish (timeout sends two), so none of them ends the process at
+// More than one signal may come for one request (timeout sends two), so none of them ends the process at
 // once; SIGQUIT still does.
 EndSignals::EndSignals()
 {

@@ -21,9 +21,9 @@ private Q_SLOTS:
     void interruptEngine();
 };
 
-/// Whether such a signal has come. Whoever works or waits without the engine asks this.
+/// Whether such a signal has come. Asked by code that works or waits without the engine.
 bool endWasAsked();
-/// Ends the process by the signal that has come, so that whoever started it sees what ended it (a
+/// Ends the process by the signal that has come, so that its parent process sees what ended it (a
 /// shell: 130 after SIGINT, 143 after SIGTERM). Returns when none has.
 void endAsAsked();
 

@@ -9,7 +9,7 @@ namespace integration {
 
 /// The OpenGL context of a drawing area. It asks for what the "ScreenRendering" settings say and,
 /// with "UseAdvancedVisualChooser" on, picks the X visual itself: the one with the configured
-/// "VisualID", else the best TrueColor visual by its own ranking. Whoever chose, the ID is written
+/// "VisualID", else the best TrueColor visual by its own ranking. In both cases the ID is written
 /// back to "VisualID": with the switch on, the contexts created later in the same run take that
 /// visual without ranking again; with it off, the toolkit chooses anew for each.
 ///

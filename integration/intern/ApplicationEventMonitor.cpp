@@ -16,7 +16,7 @@ ApplicationEventMonitor::ApplicationEventMonitor(ManagerInterface& manager)
     : ApplicationEventMonitorAbstract(manager), m_eventFilter(*this), m_eventNotifier(*this)
 {}
 
-// Deliberately neither stops nor takes the engine's callback back: whoever owns the monitor does
+// Deliberately neither stops nor takes the engine's callback back: the monitor's owner does
 // that first, with `stop()`.
 ApplicationEventMonitor::~ApplicationEventMonitor() = default;
 

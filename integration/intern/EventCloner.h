@@ -8,7 +8,7 @@ namespace velmora::sdk::integration::intern {
 /// knows nothing of.
 class ApplicationEventMonitor::EventFilter::EventCloner : public virtual EventHandlerInterface {
 public:
-    /// The copy, or null when no operation has run. Whoever takes it owns it.
+    /// The copy, or null when no operation has run. The caller owns it.
     QEvent* clonedEvent() const { return m_clonedEvent; }
 
     void handleTimerEventCausingWidgetChange(const QTimerEvent& event) override;

@@ -148,9 +148,10 @@ void Filter::sendInterruptedEvent()
     m_dispatchingEvent = outerDispatchingEvent;
 }
 
-// A main window that the person closed during the work takes the application with it, as it would
-// have done at once. Any other window is closed: the toolkit's call that sent the event first has long
-// returned, with a window that stays open.
+// A window is closed: the toolkit's call that sent the event first has long returned, with a window that stays
+// open. A main window takes the application with it, as it would have done at once, but is hidden first, as ever:
+// an editor that is open in it hands over what was typed when it loses the focus, and that must not happen in the
+// window's destructor.
 void Filter::deliver(QEvent& clone, QObject* receiver)
 {
     // Asked before: the receiver may be destroyed by what it does with the event.
@@ -159,12 +160,12 @@ void Filter::deliver(QEvent& clone, QObject* receiver)
     QCoreApplication::sendEvent(receiver, &clone);
     if (clone.type() != QEvent::Close || !clone.isAccepted())
         return;
-    if (isMainWindow) {
+    if (isMainWindow)
         QApplication::setQuitOnLastWindowClosed(false);
-        QCoreApplication::exit(0);
-    } else if (window && window->isVisible()) {
+    if (window && window->isVisible())
         finishClosing(*window);
-    }
+    if (isMainWindow)
+        QCoreApplication::exit(0);
 }
 
 // With all that the toolkit does for a window that is closed, but without asking it a second time.

@@ -9,7 +9,7 @@
 class QWidget;
 
 /// \namespace velmora::sdk::threedmouse
-/// The seam between the driver of a 3D mouse (a six-axis controller) and whoever listens to it.
+/// The seam between the driver of a 3D mouse (a six-axis controller) and its listeners.
 ///
 /// This build opens no device: it keeps the callbacks and never calls them. A driver would call them
 /// on the GUI thread, motion repeatedly, the end of motion once when the device comes to rest, and
@@ -25,7 +25,7 @@ using EndOfMotionCallback = std::function<void()>;
 /// Hears of each button that goes down or up.
 using ButtonActionCallback = std::function<void(const integration::MouseEventObservableInterface::ButtonActions&)>;
 
-/// Replaces the callbacks of whoever listened before. They are kept until the program ends, so what
+/// Replaces the callbacks set before. They are kept until the program ends, so what
 /// they refer to must live as long.
 VELMORA_INTEGRATION_EXPORT void startListeningForEvents(const std::string& deviceName, const QWidget& widget,
                                                         const MotionCallback& motion,

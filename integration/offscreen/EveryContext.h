@@ -11,9 +11,9 @@ namespace velmora::sdk::integration::intern {
 /// and libGL takes one that it has not released for current for ever, also after OSMesa has drawn.
 void releaseEveryContext();
 
-/// Remembers the context that is current, whoever made it, and makes it current again at the end of its
+/// Remembers the context that is current, of any maker, and makes it current again at the end of its
 /// life; without one, none is current then. Neither that context nor what it draws to may be destroyed in
-/// between. An OSMesa context is not kept: whoever draws with it makes it current for each drawing.
+/// between. An OSMesa context is not kept: it is made current anew for each drawing.
 class EveryContextKeeper {
 public:
     EveryContextKeeper();

@@ -31,7 +31,7 @@ public:
     /// Leaves no context current: the toolkit could make none of its own current over the image's.
     bool render(ExportRegion_e region) override;
     /// Its setCurrentGL() releases whatever context is current, the toolkit's or the host's. Its clearCurrentGL()
-    /// leaves none current, which whoever draws with another context meanwhile needs.
+    /// leaves none current, as code that draws with another context meanwhile needs.
     GLContextInterface& getGLContext() override { return m_glContext; }
     int width() const override { return m_framebuffer.width; }
     int height() const override { return m_framebuffer.height; }

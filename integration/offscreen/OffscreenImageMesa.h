@@ -23,7 +23,7 @@ public:
     OffscreenImageMesa& operator=(const OffscreenImageMesa&) = delete;
 
     bool render(ExportRegion_e region) override;
-    /// Its setCurrentGL() releases whatever context is current, the toolkit's or the host's: whoever draws
+    /// Its setCurrentGL() releases whatever context is current, the toolkit's or the host's: code that draws
     /// afterwards makes a context of its own current again, as it must anyway.
     GLContextInterface& getGLContext() override { return m_glContext; }
     int width() const override { return m_width; }

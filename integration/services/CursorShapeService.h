@@ -15,7 +15,7 @@ public:
     ~CursorShapeService() override;
 
     /// Pushes the wait cursor on the toolkit's stack of override cursors, or pops the topmost. The
-    /// calls are not counted: whoever pushes twice pops twice.
+    /// calls are not counted: two pushes need two pops.
     void activateWaitCursor(bool on) override;
     /// Sets the cursor over the page's drawing area; the arrow for a style without a cursor of its
     /// own. Does nothing when the page is not shown in a GLDrawArea. `page` must not be null.

@@ -47,7 +47,7 @@ VelEngProgressRegisterCallback(void (*callback)(const char* what, double fractio
 /// anything to do. Does nothing when the engine is busy, or refines already further down the call stack.
 VELMORA_PLATFORM_EXPORT int VelEngTurn();
 /// The function that the engine calls when work begins to wait for a turn.
-VELMORA_PLATFORM_EXPORT void VelEngTurnWantedRegisterCallback(void (*callback)(long clientData), long clientData);
+VELMORA_PLATFORM_EXPORT void VelEngTurnRequestedRegisterCallback(void (*callback)(long clientData), long clientData);
 
 // ---- pages in drawing areas; a page number is above 0
 

@@ -9,7 +9,7 @@ namespace velmora {
 class __attribute__((visibility("default"))) ExceptionBase : public std::exception {
 public:
     /// `message` is English text for a person. `logged` tells whether it was written to the
-    /// engine's log already, so that whoever catches it does not write it again.
+    /// engine's log already, so that the handler does not write it again.
     explicit ExceptionBase(std::string message, bool logged = false);
     ~ExceptionBase() override;
 

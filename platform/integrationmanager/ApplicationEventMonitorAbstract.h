@@ -94,7 +94,7 @@ protected:
     /// The engine has been asked to stop and has not unwound yet; see shouldInterrupt() for whether
     /// the request is in force.
     bool interruptRequested = false;
-    /// The next event is not to reach its receiver. One shot: whoever obeys it clears it.
+    /// The next event is not to reach its receiver. One shot: the event filter clears it.
     bool discardNextEvent = false;
 
 private:

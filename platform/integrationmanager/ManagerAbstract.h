@@ -28,7 +28,7 @@ public:
                                   StateModernizationLevel_e level, std::string applicationName) override;
     ManagerStartReturnCode_e start() override;
     /// While the engine is busy, its work is below the caller on the call stack: `stop` then asks it
-    /// to stop its work, returns at once, and follows when the application is idle next. Whoever must
+    /// to stop its work, returns at once, and follows when the application is idle next. A caller that must
     /// be sure calls it again after the work has unwound, for example after the event loop.
     void stop() override;
     bool isInBatchMode() const override;

@@ -7,7 +7,7 @@ class PageManagerInterface;
 
 namespace intern {
 
-/// The area has lost its page at the manager's own wish; its tracker must not use the manager again.
+/// The area has lost its page because the manager took it away; its tracker must not use the manager again.
 void tellPageTrackersOfDetachedArea(const PageManagerInterface& manager, const GLDrawAreaInterface& area);
 /// The manager is being destroyed. Touches no area.
 void forgetPageManager(const PageManagerInterface& manager);

@@ -19,9 +19,10 @@ namespace {
 
 constexpr double SecondsBetweenRests = 15;
 constexpr int MostAnswers = 60; ///< to the dialogs and popups that stand between the person and rest
-constexpr int MostLooks = 10;
+constexpr int MostLooks = 12;
+constexpr int LooksAtTheSame = 2; ///< after the first
 constexpr int AnswerMilliseconds = 150;
-// Left to itself, too, the toolkit forgets to take back the look of what the pointer has left, a shade of 8 to 13
+// Left to itself, too, the toolkit forgets to take back the look of what the pointer has left, a shade of up to 10
 // of 255, and some marks of a slider, up to 22 pixels. Text and whole widgets are more.
 constexpr int LeastDifference = 16;
 constexpr int MostDifferingPixels = 100;
@@ -203,10 +204,11 @@ private:
     Picture stillPicture(Program& program)
     {
         Picture before;
-        for (int i = 0; i < MostLooks; ++i) {
+        for (int i = 0, same = 0; i < MostLooks; ++i) {
             program.ask("settle");
             Picture now = m_desktop.picture();
-            if (now == before)
+            same = now == before ? same + 1 : 0;
+            if (same == LooksAtTheSame)
                 return now;
             before = std::move(now);
             poll(nullptr, 0, AnswerMilliseconds);

@@ -17,7 +17,7 @@ struct Start {
     std::vector<std::string> files; ///< for the program to open
     std::string data;               ///< for the engine to read
     std::string events;             ///< file for the record of events, or ""
-    int patienceSeconds = 20;       ///< after which a program that does not answer is frozen
+    int patienceSeconds = 60;       ///< after which a program that does not answer is frozen
 };
 
 /// The folder in which it starts and takes for its home.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/core/Breath.h"
+#include "engine/core/Checkpoint.h"
 #include "engine/data/DataReader.h"
 #include "engine/data/MemoryByteStream.h"
 #include "tests/fuzz/FuzzSupport.h"
@@ -10,18 +10,13 @@
 
 namespace velmora::engine::fuzz {
 
-class OneBreath final : public Breath {
-public:
-    bool goOn(double) override { return true; }
-};
-
 /// What the bytes are read as; nothing when they are refused. Every other exception ends the run.
 inline std::optional<DataSet> read(std::string_view text)
 {
     MemoryByteStream stream(text);
-    OneBreath breath;
+    NoCheckpoint checkpoint;
     try {
-        return readData(stream, "fuzz", breath);
+        return readData(stream, "fuzz", checkpoint);
     } catch (const ReadError&) {
         return std::nullopt;
     }

@@ -122,7 +122,7 @@ TEST_F(VisualChooser, TheFirstChoiceWritesTheVisualIdAndTheSecondTakesIt)
     ASSERT_NE(first, nullptr);
     EXPECT_EQ(static_cast<unsigned long>(config("VisualID")), VisualList::idOf(first.get()));
 
-    // With other wishes the ranking would choose another visual; the ID in force forbids it.
+    // With another request the ranking would choose another visual; the ID in force forbids it.
     setScreenRendering("DepthBufferSize", 16);
     const OwnedVisual second = choose();
     ASSERT_NE(second, nullptr);

@@ -1,7 +1,8 @@
 // A host whose window is closed by the window manager while the engine works. It goes busy in the
 // window's first turn, is interrupted by the closing, unwinds, and must then end by itself with exit
-// code 0. Any other end is an error: 1 when the work was never interrupted, 2 when the loop did not
-// end in time.
+// code 0. A cell of its table is being edited meanwhile: what was typed must be in the table before the window is
+// destroyed. Any other end is an error: 1 when the work was never interrupted, 2 when the loop did not
+// end in time, 3 when there was no window or no editor, 4 when the typed text was lost or came too late.
 
 #include "integration/Manager.h"
 #include "integrationmanager/ApplicationEventMonitorAbstract.h"
@@ -11,7 +12,9 @@
 
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QLineEdit>
 #include <QMainWindow>
+#include <QTableWidget>
 #include <QTimerEvent>
 #include <cstdio>
 #include <cstdlib>
@@ -24,7 +27,28 @@ namespace {
 /// A window in whose first timer event the engine works.
 class Window : public QMainWindow {
 public:
-    explicit Window(intern::ApplicationEventMonitorAbstract& monitor) : m_monitor(monitor) {}
+    explicit Window(intern::ApplicationEventMonitorAbstract& monitor) : m_monitor(monitor)
+    {
+        auto* const table = new QTableWidget(1, 1);
+        table->setItem(0, 0, new QTableWidgetItem("before"));
+        setCentralWidget(table);
+        connect(table, &QTableWidget::itemChanged, [this](QTableWidgetItem* item) { m_told = item->text(); });
+    }
+
+    /// Opens an editor of the cell with this text in it; false: none came up.
+    bool beginEditing(const QString& text)
+    {
+        auto& table = static_cast<QTableWidget&>(*centralWidget());
+        table.editItem(table.item(0, 0));
+        auto* const editor = table.findChild<QLineEdit*>();
+        if (!editor)
+            return false;
+        editor->setText(text);
+        return true;
+    }
+
+    /// What the window was told of the cell.
+    const QString& told() const { return m_told; }
 
     /// From the event loop on: a loop that is not yet running cannot be ended.
     void beginSoon() { startTimer(0); }
@@ -57,6 +81,7 @@ private:
     }
 
     intern::ApplicationEventMonitorAbstract& m_monitor;
+    QString m_told;
     bool m_hasWorked = false;
 };
 
@@ -73,10 +98,12 @@ int main(int argc, char** argv)
     int result = 0;
     {
         Window window(monitor);
-        if (!velmora::test::showAndWait(window))
+        if (!velmora::test::showAndWait(window) || !window.beginEditing("typed"))
             return 3;
         window.beginSoon();
         result = QApplication::exec();
+        if (window.told() != "typed")
+            result = 4;
     }
     monitor.stop();
     std::printf("the event loop ended with %d\n", result);

@@ -105,7 +105,7 @@ public:
     {
         if (!m_isReady || kindsOfTypes().count(event->type()) == 0)
             return Base::event(event);
-        // Whoever reacts may destroy this receiver; the toolkit must not ask its parent then.
+        // A reaction may destroy this receiver; the toolkit must not ask its parent then.
         event->accept();
         m_world.receive(m_who, *event);
         return true;

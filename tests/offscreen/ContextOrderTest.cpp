@@ -1,4 +1,4 @@
-// The toolkit's OpenGL, EGL and OSMesa share the driver's per-thread state. Whoever drew before, the next
+// The toolkit's OpenGL, EGL and OSMesa share the driver's per-thread state. Whichever drew before, the next
 // one's pixels must be right.
 
 #include "integration/services/OffscreenImageService.h"

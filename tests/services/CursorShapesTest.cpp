@@ -1,4 +1,4 @@
-// Which cursor the engine's wishes come to.
+// Which cursor is shown for what the engine asks for.
 #include "integration/glarea/GLDrawArea.h"
 #include "integration/services/CursorShapeService.h"
 #include "interfaces/PageInterface.h"

@@ -1,4 +1,4 @@
-// The viewer to be soaked: whoever closes its window gets a new one. For each line "rest" on its
+// The viewer to be soaked: when its window is closed, a new one opens. For each line "rest" on its
 // standard input it comes to rest and writes what it holds as one line on its standard output; the
 // end of the input ends it.
 
@@ -62,9 +62,9 @@ void showEveryCursor()
 }
 
 /// Reads what the person at the other end wants.
-class Wishes : public QObject {
+class Orders : public QObject {
 public:
-    explicit Wishes(Rest& rest) : m_rest(rest), m_notifier(STDIN_FILENO, QSocketNotifier::Read) {}
+    explicit Orders(Rest& rest) : m_rest(rest), m_notifier(STDIN_FILENO, QSocketNotifier::Read) {}
 
     bool eventFilter(QObject* receiver, QEvent* event) override
     {
@@ -111,11 +111,11 @@ int main(int argc, char** argv)
     fcntl(STDIN_FILENO, F_SETFL, O_NONBLOCK); // an event may come again although what it told of is read
     Rest rest(QString::fromLocal8Bit(argv[1]), &tellWhatIsHeld);
     showEveryCursor();
-    Wishes wishes(rest);
-    wishes.watch();
+    Orders orders(rest);
+    orders.watch();
     // Closing the window in the middle of work ends the event loop, and elsewhere the program.
     int code = 0;
-    while (!wishes.areOver())
+    while (!orders.areOver())
         code = QApplication::exec();
     return code;
 }

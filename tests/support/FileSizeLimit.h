@@ -6,7 +6,7 @@
 
 namespace velmora::test {
 
-/// While it lives, files may not become larger; whoever tries, this program or one started meanwhile,
+/// While it lives, files may not become larger; a program that tries, this one or one started meanwhile,
 /// is told of it instead of being ended by it.
 class FileSizeLimit {
 public:

@@ -4,7 +4,7 @@
 
 namespace velmora::test {
 
-/// A drawing area that announces nothing: whoever wants to listen is not kept.
+/// A drawing area that announces nothing: it keeps no listener.
 class SilentArea : public virtual sdk::integration::GLDrawAreaInterface {
 public:
     void addStateListener(sdk::integration::GLDrawAreaListenerInterface*) override {}

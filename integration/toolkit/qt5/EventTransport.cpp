@@ -6,11 +6,6 @@
 
 namespace velmora::sdk::integration::toolkit {
 
-bool isOnlyTransport(const QObject* receiver)
-{
-    return receiver->isWindowType();
-}
-
 std::unique_ptr<QEvent> enterEvent(const QWidget& widget)
 {
     const QPoint global = QCursor::pos();

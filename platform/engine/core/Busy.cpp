@@ -13,15 +13,15 @@ int g_scopes = 0;
 bool g_forced = false;
 double g_progress = 0;
 
-enum class Wish { None, Noted, Told };
-Wish g_turn = Wish::None;
+enum class TurnRequest { None, Noted, Told };
+TurnRequest g_turn = TurnRequest::None;
 
-void tellTurnWish()
+void tellOfTurnRequest()
 {
-    if (g_turn != Wish::Noted || isBusy() || !callbacks().turnWanted)
+    if (g_turn != TurnRequest::Noted || isBusy() || !callbacks().turnRequested)
         return;
-    g_turn = Wish::Told;
-    callbacks().turnWanted();
+    g_turn = TurnRequest::Told;
+    callbacks().turnRequested();
 }
 
 // Runs while a scope ends, perhaps because of an exception: nothing may escape.
@@ -29,7 +29,7 @@ void tellNotBusy() noexcept
 {
     try {
         callbacks().notBusy();
-        tellTurnWish();
+        tellOfTurnRequest();
     } catch (const std::exception& error) {
         setLastError(error.what());
     } catch (...) {
@@ -81,22 +81,22 @@ void setWorkProgress(double fraction)
     g_progress = fraction;
 }
 
-void wantTurn()
+void requestTurn()
 {
-    if (g_turn == Wish::None)
-        g_turn = Wish::Noted;
-    tellTurnWish();
+    if (g_turn == TurnRequest::None)
+        g_turn = TurnRequest::Noted;
+    tellOfTurnRequest();
 }
 
 void turnHasCome()
 {
-    g_turn = Wish::None;
+    g_turn = TurnRequest::None;
 }
 
 void putOffTurn()
 {
-    if (g_turn == Wish::Told)
-        g_turn = Wish::Noted;
+    if (g_turn == TurnRequest::Told)
+        g_turn = TurnRequest::Noted;
 }
 
 } // namespace velmora::engine

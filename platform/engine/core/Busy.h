@@ -27,13 +27,13 @@ void forgetForcedBusy();
 double workProgress();
 void setWorkProgress(double fraction);
 
-/// Work has begun to wait for a turn of the engine: calls the turn-wanted callback, as soon as the
-/// engine is not busy. Asking again before that turn has no further effect.
-void wantTurn();
-/// The turn has come, so that the next wish calls again.
+/// Work has begun to wait for a turn of the engine: calls the callback for requested turns, as
+/// soon as the engine is not busy. Asking again before that turn has no further effect.
+void requestTurn();
+/// The turn has come, so that the next request calls again.
 void turnHasCome();
-/// The wish was not fulfilled, for example because the engine was busy: it is told once more, when
-/// the engine stops being busy or with the next wish.
+/// The request could not be met, for example because the engine was busy: it is made once more, when
+/// the engine stops being busy or with the next request.
 void putOffTurn();
 
 } // namespace velmora::engine

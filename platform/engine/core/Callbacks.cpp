@@ -29,10 +29,10 @@ void VelEngProgressRegisterCallback(void (*callback)(const char*, double, long),
     callbacks().progress.set(callback, clientData);
 }
 
-void VelEngTurnWantedRegisterCallback(void (*callback)(long), long clientData)
+void VelEngTurnRequestedRegisterCallback(void (*callback)(long), long clientData)
 {
-    callbacks().turnWanted.set(callback, clientData);
-    // Whoever was told of a wish before is gone: the next one has to be told to this one.
+    callbacks().turnRequested.set(callback, clientData);
+    // The receiver of the request before is gone: the next request has to be made to this one.
     velmora::engine::putOffTurn();
 }
 

@@ -38,7 +38,7 @@ struct Callbacks {
     Callback<void()> notBusy;
     Callback<int()> processWhileBusy;
     Callback<void(const char* what, double fraction)> progress;
-    Callback<void()> turnWanted;
+    Callback<void()> turnRequested;
 
     Callback<unsigned(const char* message, int type)> messageBox;
     Callback<int(int option, const char* text1, const char* text2, const char* text3, SetResult, void* result)>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/core/Breath.h"
+#include "engine/core/Checkpoint.h"
 
 #include <chrono>
 #include <string>
@@ -12,7 +12,7 @@ namespace velmora::engine {
 ///
 /// Inside a BusyScope it also reports how far it is, and the application can stop it. Without one, what
 /// comes in a turn comes as if the engine had nothing to do.
-class SlicedWork : public Breath {
+class SlicedWork : public Checkpoint {
 public:
     /// `what` is done, in a few words for a person.
     explicit SlicedWork(std::string what);

@@ -28,9 +28,9 @@ DataSet read(TextSource& source, const std::string& fileName)
 
 } // namespace
 
-DataSet readData(ByteStream& stream, const std::string& fileName, Breath& breath)
+DataSet readData(ByteStream& stream, const std::string& fileName, Checkpoint& checkpoint)
 {
-    TextSource source(stream, fileName, breath);
+    TextSource source(stream, fileName, checkpoint);
     try {
         return read(source, fileName);
     } catch (const std::bad_alloc&) {
@@ -38,10 +38,10 @@ DataSet readData(ByteStream& stream, const std::string& fileName, Breath& breath
     }
 }
 
-DataSet readDataFile(const std::string& fileName, Breath& breath)
+DataSet readDataFile(const std::string& fileName, Checkpoint& checkpoint)
 {
     FileByteStream stream(fileName);
-    return readData(stream, fileName, breath);
+    return readData(stream, fileName, checkpoint);
 }
 
 } // namespace velmora::engine

@@ -10,7 +10,7 @@
 
 namespace velmora::engine {
 
-class Breath;
+class Checkpoint;
 class ByteStream;
 
 /// A file could not be read. The text names the file, the line where there is one, what is wrong
@@ -26,10 +26,10 @@ class ReadInterrupted : public std::exception {};
 using DataSet = std::variant<std::shared_ptr<const Table>, std::shared_ptr<const Grid>>;
 
 /// Reads a delimited table or an ESRI ASCII grid; which of them the content tells, not the name.
-/// Throws ReadError, or ReadInterrupted when `breath` said so.
-DataSet readDataFile(const std::string& fileName, Breath& breath);
+/// Throws ReadError, or ReadInterrupted when `checkpoint` said so.
+DataSet readDataFile(const std::string& fileName, Checkpoint& checkpoint);
 
 /// The same from bytes of any origin; `fileName` is what messages and the data set name.
-DataSet readData(ByteStream& stream, const std::string& fileName, Breath& breath);
+DataSet readData(ByteStream& stream, const std::string& fileName, Checkpoint& checkpoint);
 
 } // namespace velmora::engine

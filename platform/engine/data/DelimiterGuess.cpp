@@ -1,6 +1,6 @@
 #include "engine/data/DelimiterGuess.h"
 
-#include "engine/core/Breath.h"
+#include "engine/core/Checkpoint.h"
 #include "engine/data/DataReader.h"
 #include "engine/data/MemoryByteStream.h"
 #include "engine/data/TextSource.h"
@@ -15,21 +15,15 @@ namespace {
 constexpr std::size_t sampleBytes = 4096;
 constexpr int sampleRecords = 30;
 
-/// The sample is short enough to be read in one go.
-class OneBreath final : public Breath {
-public:
-    bool goOn(double) override { return true; }
-};
-
 /// Which part of the records agrees on a number of fields above one.
 double agreement(std::string_view sample, Delimiter delimiter)
 {
     MemoryByteStream stream(sample);
-    OneBreath breath;
+    NoCheckpoint checkpoint;
     std::map<std::size_t, int> recordsByFields;
     int records = 0;
     try {
-        TextSource source(stream, std::string(), breath);
+        TextSource source(stream, std::string(), checkpoint);
         RecordReader reader(source, delimiter);
         Record record;
         while (records < sampleRecords && reader.next(record)) {

@@ -1,6 +1,6 @@
 #include "engine/data/TextSource.h"
 
-#include "engine/core/Breath.h"
+#include "engine/core/Checkpoint.h"
 #include "engine/data/ByteStream.h"
 #include "engine/data/DataReader.h"
 
@@ -21,8 +21,8 @@ bool isBlank(char c)
 
 } // namespace
 
-TextSource::TextSource(ByteStream& stream, std::string fileName, Breath& breath)
-    : m_stream(stream), m_fileName(std::move(fileName)), m_breath(breath), m_block(new char[blockSize])
+TextSource::TextSource(ByteStream& stream, std::string fileName, Checkpoint& checkpoint)
+    : m_stream(stream), m_fileName(std::move(fileName)), m_checkpoint(checkpoint), m_block(new char[blockSize])
 {
     refill();
     skipByteOrderMark();
@@ -45,7 +45,7 @@ void TextSource::keepFrom(std::size_t start)
 void TextSource::goOn()
 {
     const double all = static_cast<double>(std::max<std::uint64_t>(size(), 1));
-    if (!m_breath.goOn(std::min(1.0, static_cast<double>(m_bytesRead) / all))) {
+    if (!m_checkpoint.goOn(std::min(1.0, static_cast<double>(m_bytesRead) / all))) {
         throw ReadInterrupted();
     }
 }

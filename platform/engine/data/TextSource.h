@@ -9,13 +9,13 @@
 
 namespace velmora::engine {
 
-class Breath;
+class Checkpoint;
 class ByteStream;
 
 /// The text of a data file, handed out in characters or in words from one block of fixed size, so
 /// that a file of any length needs little memory.
 ///
-/// Each new block asks `breath` to go on: whatever is done with one block (a fifth of a millisecond or two) is
+/// Each new block asks `checkpoint` to go on: whatever is done with one block (a fifth of a millisecond or two) is
 /// one portion of work. Refuses binary data. Line ends are LF, CRLF or CR.
 class TextSource {
 public:
@@ -23,7 +23,7 @@ public:
     static constexpr int end = -1;
 
     /// Reads the first block and leaves out a byte order mark.
-    TextSource(ByteStream& stream, std::string fileName, Breath& breath);
+    TextSource(ByteStream& stream, std::string fileName, Checkpoint& checkpoint);
 
     /// What comes next, as far as it is in memory. At the start that is the whole first block.
     std::string_view ahead() const { return {m_block.get() + m_cursor, m_filled - m_cursor}; }
@@ -70,7 +70,7 @@ private:
 
     ByteStream& m_stream;
     std::string m_fileName;
-    Breath& m_breath;
+    Checkpoint& m_checkpoint;
     std::unique_ptr<char[]> m_block;
     std::size_t m_cursor = 0;
     std::size_t m_filled = 0;

@@ -47,7 +47,7 @@ public:
     ExportScope& operator=(const ExportScope&) = delete;
 };
 
-/// Hands the rows to whoever prints them.
+/// Hands the rows to the code that prints them.
 class RowCallback final : public RowSink {
 public:
     RowCallback(const PictureRequest& request, TakeRow take, long clientData)

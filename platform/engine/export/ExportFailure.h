@@ -12,7 +12,7 @@ public:
 };
 
 /// An image of this size is not to be had, or cannot be drawn into or read back; a smaller one may
-/// be. The text is that of whoever refused it.
+/// be. The text is that of the part that refused it.
 class ImageRefused : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;

@@ -17,7 +17,7 @@ struct ExportRequest;
 /// Draws a picture of the active page in bands over its whole width, each in one or more tiles side
 /// by side, and hands out the rows. The memory it takes does not depend on the picture's height.
 ///
-/// Everything is done in slices; whoever works lives inside a BusyScope. The steps of a band are
+/// Everything is done in slices; the work is inside a BusyScope. The steps of a band are
 /// drawing a tile, reading it back, and writing the rows when all tiles are there.
 class PictureRows {
 public:

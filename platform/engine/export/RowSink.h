@@ -9,7 +9,7 @@ public:
     /// ExportInterrupted to end the picture.
     virtual void takeRow(int row, const unsigned char* pixels) = 0;
 
-    /// Whether there is room for a row. May wait for it, but only a moment; whoever has a row asks until there
+    /// Whether there is room for a row. May wait for it, but only a moment; the producer of rows asks until there
     /// is. Throws like takeRow().
     virtual bool hasRoom() { return true; }
 

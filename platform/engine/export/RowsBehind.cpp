@@ -20,7 +20,7 @@ struct Portion {
 };
 
 constexpr std::size_t PortionBytes = std::size_t{256} * 1024;
-/// Far less than a slice, so that whoever waits can give the application its turn.
+/// Far less than a slice, so that the waiting thread can give the application its turn.
 constexpr std::chrono::milliseconds Moment{1};
 
 } // namespace

@@ -39,7 +39,7 @@ std::string folderOf(const std::string& path)
     return slash == std::string::npos ? "" : path.substr(0, slash + 1);
 }
 
-/// A name in the same folder, recognisable for whoever finds the file after a crash.
+/// A name in the same folder, recognisable when the file is found after a crash.
 std::string temporaryName(const std::string& path, int number)
 {
     const std::string folder = folderOf(path);

@@ -89,7 +89,7 @@ struct GLFunctions {
     }
     /// Returns when everything drawn so far is done. Unlike glFinish it does not hand the picture
     /// out, where OpenGL can do without: a software context copies its whole picture at each
-    /// glFinish. Whoever reads a picture from such a context's memory calls Finish first.
+    /// glFinish. Call Finish before a picture is read from such a context's memory.
     void waitUntilDrawn() const;
     /// Marks the end of what was drawn so far and lets it be drawn; null where OpenGL cannot mark it.
     GLsync startFence() const;

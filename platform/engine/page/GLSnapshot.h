@@ -39,7 +39,7 @@ private:
     GLSnapshot m_before;
 };
 
-/// The toolkit may have left errors pending; whoever checks for errors clears those first.
+/// The toolkit may have left errors pending; code that checks for errors clears those first.
 void clearPendingErrors(const GLFunctions& gl);
 /// Makes every entry point do nothing: for work that must unwind after its context has gone away,
 /// so that it cannot reach another one.

@@ -63,15 +63,15 @@ protected:
     }
 
 private:
-    class ShareOfExport final : public Breath {
+    class ShareOfExport final : public Checkpoint {
     public:
-        ShareOfExport(Breath& whole, const ExportRequest& request)
+        ShareOfExport(Checkpoint& whole, const ExportRequest& request)
             : m_whole(whole), m_from(request.progressFrom), m_length(request.progressTo - request.progressFrom)
         {}
         bool goOn(double fraction) override { return m_whole.goOn(m_from + m_length * fraction); }
 
     private:
-        Breath& m_whole;
+        Checkpoint& m_whole;
         double m_from;
         double m_length;
     };

@@ -87,7 +87,7 @@ void Page::wait()
 {
     m_state = PictureState::Waiting;
     if (canShow())
-        wantTurn();
+        requestTurn();
 }
 
 } // namespace velmora::engine

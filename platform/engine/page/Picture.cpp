@@ -1,6 +1,6 @@
 #include "engine/page/Picture.h"
 
-#include "engine/core/Breath.h"
+#include "engine/core/Checkpoint.h"
 #include "engine/gl/GLFunctions.h"
 #include "engine/style/StyleTree.h"
 #include "testing/EngineProbe.h"
@@ -76,11 +76,12 @@ void prepareToClear(const GLFunctions& gl, int width, int height)
     gl.ClearDepth(1);
 }
 
-/// The breath of one frame of several: its share of the whole, and the point in the middle of the
+/// The checkpoint of one frame of several: its share of the whole, and the point in the middle of the
 /// drawing where a test may make it fail.
-class FrameBreath final : public Breath {
+class FrameShare final : public Checkpoint {
 public:
-    FrameBreath(Breath& whole, std::size_t index, std::size_t count) : m_whole(whole), m_index(index), m_count(count) {}
+    FrameShare(Checkpoint& whole, std::size_t index, std::size_t count) : m_whole(whole), m_index(index), m_count(count)
+    {}
 
     bool goOn(double fraction) override
     {
@@ -99,7 +100,7 @@ public:
     }
 
 private:
-    Breath& m_whole;
+    Checkpoint& m_whole;
     std::size_t m_index;
     std::size_t m_count;
     bool m_passed = false;
@@ -131,7 +132,7 @@ void paintGround(const Picture& picture, const GLFunctions& gl, int width, int h
         outline(gl, picture.printable, std::max(LinePixels * picture.magnification, LinePixels), Margin);
 }
 
-bool paintPicture(const Picture& picture, const GLFunctions& gl, int width, int height, Breath& breath)
+bool paintPicture(const Picture& picture, const GLFunctions& gl, int width, int height, Checkpoint& checkpoint)
 {
     paintGround(picture, gl, width, height);
     const std::size_t count = picture.frames.size();
@@ -139,7 +140,7 @@ bool paintPicture(const Picture& picture, const GLFunctions& gl, int width, int 
         const Picture::PlacedFrame& frame = picture.frames[i];
         prepareToClear(gl, width, height);
         fill(gl, frame.rect, groundOf(picture), GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
-        FrameBreath share(breath, i, count);
+        FrameShare share(checkpoint, i, count);
         const Drawing drawing{&gl,
                               width,
                               height,

@@ -40,8 +40,8 @@ struct Picture {
 };
 
 /// Draws the picture over a whole target of the current context, into the framebuffer that is bound;
-/// false when `breath` said to stop.
-bool paintPicture(const Picture& picture, const GLFunctions& gl, int width, int height, Breath& breath);
+/// false when `checkpoint` said to stop.
+bool paintPicture(const Picture& picture, const GLFunctions& gl, int width, int height, Checkpoint& checkpoint);
 /// Draws what lies below the frames.
 void paintGround(const Picture& picture, const GLFunctions& gl, int width, int height);
 

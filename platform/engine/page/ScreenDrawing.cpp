@@ -1,6 +1,7 @@
 #include "engine/page/ScreenDrawing.h"
 
 #include "engine/core/Busy.h"
+#include "engine/core/Checkpoint.h"
 #include "engine/core/LastError.h"
 #include "engine/core/SlicedWork.h"
 #include "engine/gl/GLFunctions.h"
@@ -33,12 +34,6 @@ Size sizeOf(const GLDrawAreaInterface& area)
     return size;
 }
 
-/// Goes on to the end without a turn for anybody.
-class HeldBreath final : public Breath {
-public:
-    bool goOn(double) override { return true; }
-};
-
 GLFunctions makeCurrent(GLDrawAreaInterface& area)
 {
     if (!area.getGLContext().setCurrentGL())
@@ -61,8 +56,8 @@ void drawDirectly(Page& page, const GLFunctions& gl, const Size& size)
     }
     // Should the drawing throw, it is not to be tried again at every exposure's turn.
     page.pictureDone(Page::PictureState::Interrupted);
-    HeldBreath breath;
-    paintPicture(picture, gl, size.width, size.height, breath);
+    NoCheckpoint checkpoint;
+    paintPicture(picture, gl, size.width, size.height, checkpoint);
     page.pictureDone(Page::PictureState::Complete);
 }
 
@@ -83,7 +78,7 @@ void expose(Page& page)
         area.getGLContext().swapBuffers();
     }
     if (page.pictureState() == Page::PictureState::Waiting)
-        wantTurn();
+        requestTurn();
 }
 
 /// Tells for its own life that a drawing without a BusyScope has given the application its turn.
@@ -169,8 +164,8 @@ private:
 
     DrawingResult drawAtOnce(const Size& size)
     {
-        HeldBreath breath;
-        paintPicture(workAreaPicture(*m_page, size.width, size.height, 0), m_gl, size.width, size.height, breath);
+        NoCheckpoint checkpoint;
+        paintPicture(workAreaPicture(*m_page, size.width, size.height, 0), m_gl, size.width, size.height, checkpoint);
         m_page->pictureDone(Page::PictureState::Complete);
         m_area->getGLContext().swapBuffers();
         return DrawingResult::Done;
@@ -201,8 +196,8 @@ void showCoarse(Page& page)
     picture.detail = Detail::Coarse;
     picture.coarseTriangles = page.coarseBudget().triangles();
     picture.kept = &page.keptGeometry();
-    HeldBreath breath;
-    paintPicture(picture, gl, size.width, size.height, breath);
+    NoCheckpoint checkpoint;
+    paintPicture(picture, gl, size.width, size.height, checkpoint);
     page.coarseBudget().took(Clock::now() - begun);
     page.canvas().show(gl);
     area.getGLContext().swapBuffers();

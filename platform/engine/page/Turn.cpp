@@ -85,7 +85,7 @@ DrawingResult takeTurn(const PageList& waiting, const Draw& draw)
     turnHasCome();
     const DrawingResult result = draw(waiting);
     if (pages().nextWaiting())
-        wantTurn();
+        requestTurn();
     return result;
 }
 

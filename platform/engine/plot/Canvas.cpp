@@ -1,6 +1,6 @@
 #include "engine/plot/Canvas.h"
 
-#include "engine/core/Breath.h"
+#include "engine/core/Checkpoint.h"
 #include "engine/gl/GLFunctions.h"
 #include "engine/text/TextPainter.h"
 
@@ -90,8 +90,8 @@ Rect textRect(const TextItem& item)
     return {pen.x, pen.y - extent.descent, pen.x + extent.width, pen.y + extent.ascent};
 }
 
-Canvas::Canvas(const Drawing& drawing, Breath& breath)
-    : m_drawing(drawing), m_breath(breath), m_bounds(earlierBounds(drawing))
+Canvas::Canvas(const Drawing& drawing, Checkpoint& checkpoint)
+    : m_drawing(drawing), m_checkpoint(checkpoint), m_bounds(earlierBounds(drawing))
 {
     useFlat();
     clipToFrame();
@@ -125,7 +125,7 @@ bool Canvas::stepWithin()
         return true;
     waitForLastBatch();
     measureBatch();
-    m_stopped = !m_breath.goOn(m_fraction);
+    m_stopped = !m_checkpoint.goOn(m_fraction);
     m_batchStart = Clock::now();
     return !m_stopped;
 }

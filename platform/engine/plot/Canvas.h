@@ -30,10 +30,10 @@ struct TextItem {
 Rect textRect(const TextItem& item);
 
 /// Draws flat things in frame pixels (origin at the frame's lower left corner, y upwards) and asks
-/// the breath between them. Lives inside a GLStateGuard. Once told to stop it draws nothing more.
+/// the checkpoint between them. Lives inside a GLStateGuard. Once told to stop it draws nothing more.
 class Canvas {
 public:
-    Canvas(const Drawing& drawing, Breath& breath);
+    Canvas(const Drawing& drawing, Checkpoint& checkpoint);
     ~Canvas();
     Canvas(const Canvas&) = delete;
     Canvas& operator=(const Canvas&) = delete;
@@ -44,7 +44,7 @@ public:
 
     /// The work from here on takes the progress from the last fraction to this one, in steps.
     void beginPhase(double endFraction, std::size_t steps);
-    /// A portion is drawn. When enough have come together, waits until they are done and asks the breath;
+    /// A portion is drawn. When enough have come together, waits until they are done and asks the checkpoint;
     /// false when the drawing is to stop. How much is enough is measured.
     bool step();
     /// The same in the middle of a step: the progress stays.
@@ -84,10 +84,10 @@ private:
     void measureBatch();
 
     const Drawing& m_drawing;
-    Breath& m_breath;
+    Checkpoint& m_checkpoint;
     Rect m_bounds; ///< of the target and an earlier scissor, in target pixels
     bool m_stopped = false;
-    double m_cost = 0;     ///< of what was drawn since the breath was asked, in triangles
+    double m_cost = 0;     ///< of what was drawn since the checkpoint was asked, in triangles
     double m_batch = 1500; ///< cost after which it is asked
     GLsync m_lastBatch = nullptr;
     Clock::time_point m_batchStart = Clock::now();

@@ -8,7 +8,7 @@
 
 namespace velmora::engine {
 
-class Breath;
+class Checkpoint;
 class KeptGeometry;
 struct GLFunctions;
 
@@ -48,8 +48,8 @@ class Plot {
 public:
     virtual ~Plot() = default;
 
-    /// Draws over the frame's white ground. False when `breath` said to stop.
-    virtual bool draw(const Drawing& drawing, Breath& breath) = 0;
+    /// Draws over the frame's white ground. False when `checkpoint` said to stop.
+    virtual bool draw(const Drawing& drawing, Checkpoint& checkpoint) = 0;
 
     virtual bool canRotate() const = 0;
     virtual void rotate(double aboutVertical, double tilt) = 0; ///< degrees
@@ -68,7 +68,7 @@ public:
 };
 
 /// A plot for the data: XY lines for a table, a surface for a grid. Large data take their time: it asks
-/// `breath` to go on, and throws ReadInterrupted when that says no.
-std::unique_ptr<Plot> makePlot(const DataSet& data, Breath& breath);
+/// `checkpoint` to go on, and throws ReadInterrupted when that says no.
+std::unique_ptr<Plot> makePlot(const DataSet& data, Checkpoint& checkpoint);
 
 } // namespace velmora::engine

@@ -1,6 +1,6 @@
 #include "engine/plot/Series.h"
 
-#include "engine/core/Breath.h"
+#include "engine/core/Checkpoint.h"
 #include "engine/data/DataReader.h"
 #include "engine/plot/Palette.h"
 
@@ -17,7 +17,7 @@ constexpr std::size_t rowsAPortion = 65536;
 
 } // namespace
 
-std::vector<Series> seriesOf(const Table& table, Breath& breath)
+std::vector<Series> seriesOf(const Table& table, Checkpoint& checkpoint)
 {
     std::vector<Series> series;
     const std::vector<Column>& columns = table.columns;
@@ -26,17 +26,17 @@ std::vector<Series> seriesOf(const Table& table, Breath& breath)
     for (std::size_t i = 1; i < columns.size(); ++i)
         series.push_back({&columns.front(), &columns[i], lineColor(i - 1), nullptr});
     for (Series& line : series)
-        line.blocks = std::make_shared<SeriesBlocks>(line.x, *line.y, breath);
+        line.blocks = std::make_shared<SeriesBlocks>(line.x, *line.y, checkpoint);
     return series;
 }
 
-void findRanges(const std::vector<Series>& series, AxisRange& x, AxisRange& y, Breath& breath)
+void findRanges(const std::vector<Series>& series, AxisRange& x, AxisRange& y, Checkpoint& checkpoint)
 {
     constexpr double most = std::numeric_limits<double>::infinity();
     Rect covered{most, most, -most, -most};
     for (const Series& line : series)
         for (std::size_t row = 0; row < line.size(); ++row) {
-            if (row % rowsAPortion == 0 && !breath.goOn(1))
+            if (row % rowsAPortion == 0 && !checkpoint.goOn(1))
                 throw ReadInterrupted();
             const Point point = line.at(row);
             if (std::isfinite(point.x) && std::isfinite(point.y))

@@ -24,10 +24,10 @@ struct Series {
     Point at(std::size_t row) const { return {x ? x->values[row] : static_cast<double>(row) + 1, y->values[row]}; }
 };
 
-/// The lines of a table. They point into it. Asks `breath` to go on; throws ReadInterrupted when it says no.
-std::vector<Series> seriesOf(const Table& table, Breath& breath);
+/// The lines of a table. They point into it. Asks `checkpoint` to go on; throws ReadInterrupted when it says no.
+std::vector<Series> seriesOf(const Table& table, Checkpoint& checkpoint);
 
-/// What the lines cover; rows with a gap count on neither axis. Asks `breath` as well.
-void findRanges(const std::vector<Series>& series, AxisRange& x, AxisRange& y, Breath& breath);
+/// What the lines cover; rows with a gap count on neither axis. Asks `checkpoint` as well.
+void findRanges(const std::vector<Series>& series, AxisRange& x, AxisRange& y, Checkpoint& checkpoint);
 
 } // namespace velmora::engine

@@ -1,6 +1,6 @@
 #include "engine/plot/SeriesBlocks.h"
 
-#include "engine/core/Breath.h"
+#include "engine/core/Checkpoint.h"
 #include "engine/data/DataReader.h"
 #include "engine/data/Table.h"
 
@@ -40,12 +40,12 @@ SeriesBlocks::Block blockOfValues(const double* values)
 
 } // namespace
 
-SeriesBlocks::SeriesBlocks(const Column* x, const Column& y, Breath& breath)
+SeriesBlocks::SeriesBlocks(const Column* x, const Column& y, Checkpoint& checkpoint)
 {
     const std::size_t rows = x ? std::min(x->values.size(), y.values.size()) : y.values.size();
     m_blocks.reserve(rows / rowsABlock + 1);
     for (std::size_t row = 0; row + rowsABlock <= rows; row += rowsABlock) {
-        if (m_blocks.size() % blocksAPortion == 0 && !breath.goOn(1))
+        if (m_blocks.size() % blocksAPortion == 0 && !checkpoint.goOn(1))
             throw ReadInterrupted();
         m_blocks.push_back(blockOfValues(&y.values[row]));
         m_blocks.back().isPlain = m_blocks.back().isPlain && (!x || growsWithoutGap(&x->values[row], rowsABlock));

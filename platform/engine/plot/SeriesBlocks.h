@@ -6,7 +6,7 @@
 
 namespace velmora::engine {
 
-class Breath;
+class Checkpoint;
 struct Column;
 
 /// The rows of a line in blocks, with the lowest and the highest value of each: so a picture of many rows need
@@ -21,8 +21,8 @@ public:
         bool isPlain = false; ///< full, without a gap, and the horizontal values never go back
     };
 
-    /// `x` is null for row numbers. Asks `breath` to go on; throws ReadInterrupted when it says no.
-    SeriesBlocks(const Column* x, const Column& y, Breath& breath);
+    /// `x` is null for row numbers. Asks `checkpoint` to go on; throws ReadInterrupted when it says no.
+    SeriesBlocks(const Column* x, const Column& y, Checkpoint& checkpoint);
 
     const Block& blockOf(std::size_t row) const { return m_blocks[row / rowsABlock]; }
 

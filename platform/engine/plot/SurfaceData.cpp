@@ -12,8 +12,8 @@ std::uint64_t nextNumber()
 
 } // namespace
 
-SurfaceData::SurfaceData(std::shared_ptr<const Grid> grid, Breath& breath)
-    : number(nextNumber()), shape(*grid), levels(std::move(grid), breath)
+SurfaceData::SurfaceData(std::shared_ptr<const Grid> grid, Checkpoint& checkpoint)
+    : number(nextNumber()), shape(*grid), levels(std::move(grid), checkpoint)
 {}
 
 } // namespace velmora::engine

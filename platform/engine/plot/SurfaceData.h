@@ -11,8 +11,8 @@ namespace velmora::engine {
 
 /// All that the drawings of a grid share, whatever they are seen from and wherever they are drawn.
 struct SurfaceData {
-    /// Asks `breath` to go on; throws ReadInterrupted when it says no.
-    SurfaceData(std::shared_ptr<const Grid> grid, Breath& breath);
+    /// Asks `checkpoint` to go on; throws ReadInterrupted when it says no.
+    SurfaceData(std::shared_ptr<const Grid> grid, Checkpoint& checkpoint);
 
     const Grid& grid() const { return levels.grid(); }
 

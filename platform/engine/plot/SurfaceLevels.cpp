@@ -1,6 +1,6 @@
 #include "engine/plot/SurfaceLevels.h"
 
-#include "engine/core/Breath.h"
+#include "engine/core/Checkpoint.h"
 #include "engine/data/DataReader.h"
 
 namespace velmora::engine {
@@ -31,13 +31,13 @@ void takeRanges(const HeightRange* finer, int columns, HeightRange* ranges)
 
 } // namespace
 
-SurfaceLevels::SurfaceLevels(std::shared_ptr<const Grid> grid, Breath& breath) : m_grid(std::move(grid))
+SurfaceLevels::SurfaceLevels(std::shared_ptr<const Grid> grid, Checkpoint& checkpoint) : m_grid(std::move(grid))
 {
     while (columns(count() - 1) > 1 || rows(count() - 1) > 1)
-        addLevel(breath);
+        addLevel(checkpoint);
 }
 
-void SurfaceLevels::addLevel(Breath& breath)
+void SurfaceLevels::addLevel(Checkpoint& checkpoint)
 {
     const int finer = count() - 1;
     const int finerColumns = columns(finer);
@@ -47,7 +47,7 @@ void SurfaceLevels::addLevel(Breath& breath)
     made.reserve(across * static_cast<std::size_t>(rows(finer + 1)));
     const int rowsAPortion = std::max(1, cellsAPortion / finerColumns);
     for (int row = 0; row < finerRows; ++row) {
-        if (row % rowsAPortion == 0 && !breath.goOn(1))
+        if (row % rowsAPortion == 0 && !checkpoint.goOn(1))
             throw ReadInterrupted();
         if (row % 2 == 0)
             made.resize(made.size() + across);

@@ -9,7 +9,7 @@
 
 namespace velmora::engine {
 
-class Breath;
+class Checkpoint;
 
 /// The smallest and the largest height of a part of a grid. A part of nothing but gaps is upside down,
 /// so that joining it to another part changes nothing.
@@ -37,8 +37,8 @@ struct HeightRange {
 /// the grid's memory.
 class SurfaceLevels {
 public:
-    /// Asks `breath` to go on; throws ReadInterrupted when it says no.
-    SurfaceLevels(std::shared_ptr<const Grid> grid, Breath& breath);
+    /// Asks `checkpoint` to go on; throws ReadInterrupted when it says no.
+    SurfaceLevels(std::shared_ptr<const Grid> grid, Checkpoint& checkpoint);
 
     const Grid& grid() const { return *m_grid; }
     int count() const { return static_cast<int>(m_levels.size()) + 1; }
@@ -58,7 +58,7 @@ public:
 private:
     static int nodes(int cells, int level) { return ((cells - 1) >> level) + 1; }
     static double place(int cells, int level, int node);
-    void addLevel(Breath& breath);
+    void addLevel(Checkpoint& checkpoint);
     HeightRange rangeOfGrid(int column, int row) const;
 
     std::shared_ptr<const Grid> m_grid;

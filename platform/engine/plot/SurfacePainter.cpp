@@ -22,10 +22,11 @@ constexpr double linesEnd = 0.9;
 
 } // namespace
 
-SurfacePainter::SurfacePainter(const Drawing& drawing, Breath& breath, SurfaceContent content, Selection selection)
+SurfacePainter::SurfacePainter(const Drawing& drawing, Checkpoint& checkpoint, SurfaceContent content,
+                               Selection selection)
     : m_content(std::move(content)), m_selection(std::move(selection)), m_frame(frameSizeOf(drawing)),
       m_layout(layOut(m_content.data->grid(), m_content.data->shape, m_content.view, m_frame)),
-      m_canvas(drawing, breath)
+      m_canvas(drawing, checkpoint)
 {}
 
 bool SurfacePainter::paint()

@@ -15,9 +15,9 @@ struct SurfaceContent {
 /// drawing gives way to the application.
 class SurfacePainter {
 public:
-    SurfacePainter(const Drawing& drawing, Breath& breath, SurfaceContent content, Selection selection);
+    SurfacePainter(const Drawing& drawing, Checkpoint& checkpoint, SurfaceContent content, Selection selection);
 
-    /// False when the breath said to stop.
+    /// False when the checkpoint said to stop.
     bool paint();
 
 private:

@@ -43,16 +43,16 @@ bool mayMeet(const std::vector<Vector3>& box, const Camera& camera, const Rect& 
 
 } // namespace
 
-SurfacePlot::SurfacePlot(std::shared_ptr<const Grid> grid, Breath& breath)
+SurfacePlot::SurfacePlot(std::shared_ptr<const Grid> grid, Checkpoint& checkpoint)
 {
-    m_content.data = std::make_shared<SurfaceData>(std::move(grid), breath);
+    m_content.data = std::make_shared<SurfaceData>(std::move(grid), checkpoint);
 }
 
-bool SurfacePlot::draw(const Drawing& drawing, Breath& breath)
+bool SurfacePlot::draw(const Drawing& drawing, Checkpoint& checkpoint)
 {
     rememberFrameSize(drawing);
     const GLStateGuard guard(*drawing.gl);
-    return SurfacePainter(drawing, breath, m_content, selection()).paint();
+    return SurfacePainter(drawing, checkpoint, m_content, selection()).paint();
 }
 
 void SurfacePlot::rotate(double aboutVertical, double tilt)

@@ -11,10 +11,10 @@ namespace velmora::engine {
 /// from above only: the underside of heights shows nothing.
 class SurfacePlot : public SelectablePlot {
 public:
-    /// Asks `breath` to go on; throws ReadInterrupted when it says no.
-    SurfacePlot(std::shared_ptr<const Grid> grid, Breath& breath);
+    /// Asks `checkpoint` to go on; throws ReadInterrupted when it says no.
+    SurfacePlot(std::shared_ptr<const Grid> grid, Checkpoint& checkpoint);
 
-    bool draw(const Drawing& drawing, Breath& breath) override;
+    bool draw(const Drawing& drawing, Checkpoint& checkpoint) override;
     bool canRotate() const override { return true; }
     void rotate(double aboutVertical, double tilt) override;
     void translate(double dx, double dy) override;

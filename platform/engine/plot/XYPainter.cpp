@@ -31,9 +31,9 @@ constexpr double linesEnd = 0.7;
 
 } // namespace
 
-XYPainter::XYPainter(const Drawing& drawing, Breath& breath, XYContent content, Selection selection)
+XYPainter::XYPainter(const Drawing& drawing, Checkpoint& checkpoint, XYContent content, Selection selection)
     : m_content(std::move(content)), m_selection(std::move(selection)), m_frame(frameSizeOf(drawing)),
-      m_layout(layOut(m_content, m_frame)), m_canvas(drawing, breath)
+      m_layout(layOut(m_content, m_frame)), m_canvas(drawing, checkpoint)
 {}
 
 bool XYPainter::paint()

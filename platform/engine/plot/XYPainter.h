@@ -8,9 +8,9 @@ namespace velmora::engine {
 /// the drawing gives way to the application.
 class XYPainter {
 public:
-    XYPainter(const Drawing& drawing, Breath& breath, XYContent content, Selection selection);
+    XYPainter(const Drawing& drawing, Checkpoint& checkpoint, XYContent content, Selection selection);
 
-    /// False when the breath said to stop.
+    /// False when the checkpoint said to stop.
     bool paint();
 
 private:

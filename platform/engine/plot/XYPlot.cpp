@@ -61,21 +61,21 @@ Rect common(const Rect& a, const Rect& b)
 
 } // namespace
 
-XYPlot::XYPlot(std::shared_ptr<const Table> table, Breath& breath)
+XYPlot::XYPlot(std::shared_ptr<const Table> table, Checkpoint& checkpoint)
 {
     m_content.table = std::move(table);
-    m_content.series = seriesOf(*m_content.table, breath);
-    findRanges(m_content.series, m_fullX, m_fullY, breath);
+    m_content.series = seriesOf(*m_content.table, checkpoint);
+    findRanges(m_content.series, m_fullX, m_fullY, checkpoint);
     XYPlot::fit();
 }
 
-bool XYPlot::draw(const Drawing& drawing, Breath& breath)
+bool XYPlot::draw(const Drawing& drawing, Checkpoint& checkpoint)
 {
     rememberFrameSize(drawing);
     if (drawing.kept)
         drawing.kept->release(*drawing.gl);
     const GLStateGuard guard(*drawing.gl);
-    return XYPainter(drawing, breath, m_content, selection()).paint();
+    return XYPainter(drawing, checkpoint, m_content, selection()).paint();
 }
 
 void XYPlot::rotate(double, double) {}

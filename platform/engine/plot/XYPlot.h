@@ -10,10 +10,10 @@ namespace velmora::engine {
 /// The columns of a table as lines over its first column. The view is the range of both axes.
 class XYPlot : public SelectablePlot {
 public:
-    /// Asks `breath` to go on; throws ReadInterrupted when it says no.
-    XYPlot(std::shared_ptr<const Table> table, Breath& breath);
+    /// Asks `checkpoint` to go on; throws ReadInterrupted when it says no.
+    XYPlot(std::shared_ptr<const Table> table, Checkpoint& checkpoint);
 
-    bool draw(const Drawing& drawing, Breath& breath) override;
+    bool draw(const Drawing& drawing, Checkpoint& checkpoint) override;
     bool canRotate() const override { return false; }
     void rotate(double aboutVertical, double tilt) override; ///< lines cannot be turned: nothing
     void translate(double dx, double dy) override;

@@ -24,7 +24,7 @@ constexpr PaperSize PaperSizes[] = {{8.5, 11.0},    {11.0, 17.0}, {8.27, 11.69},
 static_assert(std::size(PaperSizes) == std::size(PaperNames), "each paper has a name and a size");
 constexpr double LastPaper = static_cast<double>(std::size(PaperNames)) - 1;
 
-/// What is not a paper's own. Of the OpenGL sizes 0 means "not set": whoever needs one then takes
+/// What is not a paper's own. Of the OpenGL sizes 0 means "not set": code that needs one then takes
 /// a default of its own. They may be negative, which counts as not set too.
 std::vector<StyleDefault> plainDefaults()
 {

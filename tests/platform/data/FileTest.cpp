@@ -14,9 +14,9 @@ namespace {
 
 std::string errorOfFile(const std::string& fileName)
 {
-    CountingBreath breath;
+    CountingCheckpoint checkpoint;
     try {
-        readDataFile(fileName, breath);
+        readDataFile(fileName, checkpoint);
     } catch (const ReadError& error) {
         return error.what();
     }
@@ -66,9 +66,9 @@ TEST(DataFile, TheContentTellsWhatItIsNotTheName)
 {
     const TemporaryFile grid(gridOf(3));
     const TemporaryFile table(tableOf(3));
-    CountingBreath breath;
-    EXPECT_TRUE(std::holds_alternative<std::shared_ptr<const Grid>>(readDataFile(grid.name(), breath)));
-    const DataSet data = readDataFile(table.name(), breath);
+    CountingCheckpoint checkpoint;
+    EXPECT_TRUE(std::holds_alternative<std::shared_ptr<const Grid>>(readDataFile(grid.name(), checkpoint)));
+    const DataSet data = readDataFile(table.name(), checkpoint);
     EXPECT_EQ("/tmp/" + std::get<std::shared_ptr<const Table>>(data)->name, table.name());
 }
 
@@ -123,8 +123,8 @@ TEST(DataFile, AnEmptyFileIsRefused)
 TEST(DataFile, AFailureOfTheDiskIsPassedOn)
 {
     FailingStream stream;
-    CountingBreath breath;
-    EXPECT_THROW(readData(stream, "x", breath), ReadError);
+    CountingCheckpoint checkpoint;
+    EXPECT_THROW(readData(stream, "x", checkpoint), ReadError);
 }
 
 struct Sample {
@@ -147,27 +147,27 @@ class Reading : public testing::TestWithParam<Sample> {};
 TEST_P(Reading, GoesInSmallPortionsWithAGrowingFraction)
 {
     const TemporaryFile file(GetParam().text);
-    CountingBreath breath;
-    readDataFile(file.name(), breath);
-    EXPECT_GE(breath.fractions.size(), GetParam().text.size() / TextSource::blockSize);
-    EXPECT_TRUE(std::is_sorted(breath.fractions.begin(), breath.fractions.end()));
-    EXPECT_EQ(breath.fractions.front(), 0);
-    breath.fractions.push_back(1);
-    for (std::size_t i = 1; i < breath.fractions.size(); ++i) {
-        EXPECT_LE((breath.fractions[i] - breath.fractions[i - 1]) * static_cast<double>(GetParam().text.size()),
+    CountingCheckpoint checkpoint;
+    readDataFile(file.name(), checkpoint);
+    EXPECT_GE(checkpoint.fractions.size(), GetParam().text.size() / TextSource::blockSize);
+    EXPECT_TRUE(std::is_sorted(checkpoint.fractions.begin(), checkpoint.fractions.end()));
+    EXPECT_EQ(checkpoint.fractions.front(), 0);
+    checkpoint.fractions.push_back(1);
+    for (std::size_t i = 1; i < checkpoint.fractions.size(); ++i) {
+        EXPECT_LE((checkpoint.fractions[i] - checkpoint.fractions[i - 1]) * static_cast<double>(GetParam().text.size()),
                   TextSource::blockSize + 1.0);
     }
 }
 
 TEST_P(Reading, StopsWhereverItIsTold)
 {
-    CountingBreath whole;
+    CountingCheckpoint whole;
     const TemporaryFile file(GetParam().text);
     readDataFile(file.name(), whole);
     for (std::size_t stop = 0; stop < whole.fractions.size(); ++stop) {
-        CountingBreath breath(static_cast<int>(stop));
-        EXPECT_THROW(readDataFile(file.name(), breath), ReadInterrupted);
-        EXPECT_EQ(breath.fractions.size(), stop + 1) << "asked again after it was told to stop";
+        CountingCheckpoint checkpoint(static_cast<int>(stop));
+        EXPECT_THROW(readDataFile(file.name(), checkpoint), ReadInterrupted);
+        EXPECT_EQ(checkpoint.fractions.size(), stop + 1) << "asked again after it was told to stop";
     }
 }
 

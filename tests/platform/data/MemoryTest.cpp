@@ -1,4 +1,4 @@
-#include "engine/core/Breath.h"
+#include "engine/core/Checkpoint.h"
 #include "engine/data/DataReader.h"
 
 #include <gtest/gtest.h>
@@ -38,11 +38,6 @@ void give(void* memory)
     inUse -= memory ? malloc_usable_size(memory) : 0;
     std::free(memory);
 }
-
-class OneBreath final : public Breath {
-public:
-    bool goOn(double) override { return true; }
-};
 
 /// The most heap that reading a file took beyond what was in use before.
 template <class Read>
@@ -113,9 +108,9 @@ TEST(GridMemory, AGridOf4000By4000TakesNoMoreThanItsValuesAndASmallBuffer)
 {
     constexpr std::size_t valueBytes = 4000ul * 4000ul * sizeof(float);
     const std::string name = writeGrid(4000);
-    OneBreath breath;
+    NoCheckpoint checkpoint;
     DataSet data;
-    const std::size_t used = peakOf([&] { data = readDataFile(name, breath); });
+    const std::size_t used = peakOf([&] { data = readDataFile(name, checkpoint); });
     std::remove(name.c_str());
     const auto grid = std::get<std::shared_ptr<const Grid>>(data);
     ASSERT_EQ(grid->values.size() * sizeof(float), valueBytes);
@@ -129,8 +124,8 @@ TEST(GridMemory, SizesBeyondTheFileAreRefusedBeforeAnythingOfThatSizeIsAllocated
 {
     const std::string name = newFileName();
     std::ofstream(name) << "ncols 30000\nnrows 30000\nxllcorner 0\nyllcorner 0\ncellsize 1\n1 2 3\n";
-    OneBreath breath;
-    const std::size_t used = peakOf([&] { EXPECT_THROW(readDataFile(name, breath), ReadError); });
+    NoCheckpoint checkpoint;
+    const std::size_t used = peakOf([&] { EXPECT_THROW(readDataFile(name, checkpoint), ReadError); });
     std::remove(name.c_str());
     EXPECT_LE(largest, 64u * 1024);
     EXPECT_LE(used, 128u * 1024);
@@ -139,11 +134,11 @@ TEST(GridMemory, SizesBeyondTheFileAreRefusedBeforeAnythingOfThatSizeIsAllocated
 TEST(GridMemory, AGridThatDoesNotFitIsRefused)
 {
     const std::string name = writeGrid(1000);
-    OneBreath breath;
+    NoCheckpoint checkpoint;
     limit = 1024ul * 1024;
     std::string error;
     try {
-        readDataFile(name, breath);
+        readDataFile(name, checkpoint);
     } catch (const ReadError& refused) {
         error = refused.what();
     }
@@ -163,9 +158,9 @@ TEST(TableMemory, ALongTableIsNotMovedWhileItGrows)
             file << 1000000 + row << ',' << row % 10 << ".5\n";
         }
     }
-    OneBreath breath;
+    NoCheckpoint checkpoint;
     DataSet data;
-    const std::size_t used = peakOf([&] { data = readDataFile(name, breath); });
+    const std::size_t used = peakOf([&] { data = readDataFile(name, checkpoint); });
     std::remove(name.c_str());
     EXPECT_EQ(std::get<std::shared_ptr<const Table>>(data)->columns[1].values.size(), rows);
     EXPECT_LE(used, valueBytes * 5 / 4 + 64 * 1024);

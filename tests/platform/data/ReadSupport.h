@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/core/Breath.h"
+#include "engine/core/Checkpoint.h"
 #include "engine/data/DataReader.h"
 #include "engine/data/MemoryByteStream.h"
 
@@ -20,9 +20,9 @@ namespace velmora::engine::test {
 constexpr double gap = std::numeric_limits<double>::quiet_NaN();
 
 /// Counts the portions, keeps the fractions, and stops after `lastsFor` of them.
-class CountingBreath final : public Breath {
+class CountingCheckpoint final : public Checkpoint {
 public:
-    explicit CountingBreath(int lastsFor = std::numeric_limits<int>::max()) : m_lastsFor(lastsFor) {}
+    explicit CountingCheckpoint(int lastsFor = std::numeric_limits<int>::max()) : m_lastsFor(lastsFor) {}
     bool goOn(double fraction) override
     {
         fractions.push_back(fraction);
@@ -38,8 +38,8 @@ private:
 inline DataSet readText(const std::string& text)
 {
     MemoryByteStream stream(text);
-    CountingBreath breath;
-    return readData(stream, "folder/sample.txt", breath);
+    CountingCheckpoint checkpoint;
+    return readData(stream, "folder/sample.txt", checkpoint);
 }
 
 inline Table readTable(const std::string& text)

@@ -11,8 +11,8 @@ namespace {
 
 DataSet readSample(const std::string& name)
 {
-    CountingBreath breath;
-    return readDataFile(std::string(VELMORA_SAMPLE_DATA) + "/" + name, breath);
+    CountingCheckpoint checkpoint;
+    return readDataFile(std::string(VELMORA_SAMPLE_DATA) + "/" + name, checkpoint);
 }
 
 } // namespace

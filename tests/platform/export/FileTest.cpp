@@ -21,7 +21,7 @@ protected:
     }
 };
 
-/// Whoever may do everything becomes somebody who may not.
+/// The superuser becomes an ordinary user.
 class OrdinaryUser {
 public:
     OrdinaryUser() : m_before(geteuid()) { EXPECT_EQ(seteuid(m_before == 0 ? 65534 : m_before), 0); }

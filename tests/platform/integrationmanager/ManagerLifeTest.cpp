@@ -214,7 +214,7 @@ TEST_F(ManagerLife, AStopThatIsRepeatedOnceTheEngineHasUnwoundIsDoneAtOnceAndOnl
     EXPECT_EQ(VelEngIsRunning(), 0);
     ASSERT_EQ(manager.start(), ManagerStartReturnCode_Ok);
     manager.monitor.notifyOfIdle(manager.monitor);
-    EXPECT_EQ(VelEngIsRunning(), 1) << "the wish to stop belonged to the run before";
+    EXPECT_EQ(VelEngIsRunning(), 1) << "the request to stop belonged to the run before";
 }
 
 TEST_F(ManagerLife, StopFromAShutdownListenerDoesNotRecur)
@@ -239,7 +239,7 @@ TEST_F(ManagerLife, AnEngineStoppedAtIdleIsNotGivenATurn)
 namespace {
 
 /// Counts how often the engine wants a turn: it says so once from one turn to the next.
-void countWish(long clientData)
+void countRequest(long clientData)
 {
     ++*reinterpret_cast<int*>(clientData);
 }
@@ -253,20 +253,20 @@ TEST_F(ManagerLife, IdleListenersAreToldBeforeTheEngineHasItsTurn)
     area.valid = true;
     manager.getPageManager().attachDrawArea(area);
     manager.monitor.notifyOfIdle(manager.monitor);
-    int wishes = 0;
-    VelEngTurnWantedRegisterCallback(&countWish, reinterpret_cast<long>(&wishes));
+    int requests = 0;
+    VelEngTurnRequestedRegisterCallback(&countRequest, reinterpret_cast<long>(&requests));
     FakeIdleListener listener;
     listener.action = [](OnIdleObservableInterface&) { VelUtilPageRedraw(); };
     manager.monitor.addOnIdleListener(&listener);
 
     VelUtilPageRedraw();
-    EXPECT_EQ(wishes, 1);
+    EXPECT_EQ(requests, 1);
     manager.monitor.notifyOfIdle(manager.monitor);
-    EXPECT_EQ(wishes, 1) << "the listener's work came before the turn, which did it all";
+    EXPECT_EQ(requests, 1) << "the listener's work came before the turn, which did it all";
     VelUtilPageRedraw();
-    EXPECT_EQ(wishes, 2) << "there was a turn";
+    EXPECT_EQ(requests, 2) << "there was a turn";
 
-    VelEngTurnWantedRegisterCallback(nullptr, 0);
+    VelEngTurnRequestedRegisterCallback(nullptr, 0);
     manager.monitor.removeOnIdleListener(&listener);
     manager.getPageManager().detachDrawArea(area);
 }

@@ -55,7 +55,7 @@ EngineFixture::~EngineFixture()
     VelEngStop();
     VelEngProcessWhileBusyRegisterCallback(nullptr, 0);
     VelEngEngineNotBusyRegisterCallback(nullptr, 0);
-    VelEngTurnWantedRegisterCallback(nullptr, 0);
+    VelEngTurnRequestedRegisterCallback(nullptr, 0);
     VelEngProgressRegisterCallback(nullptr, 0);
     testing::EngineProbe::reset();
     std::filesystem::remove_all(m_folder);
@@ -66,7 +66,7 @@ void EngineFixture::registerCallbacks()
     const long data = reinterpret_cast<long>(this);
     VelEngProcessWhileBusyRegisterCallback(turn, data);
     VelEngEngineNotBusyRegisterCallback(notBusy, data);
-    VelEngTurnWantedRegisterCallback(turnWanted, data);
+    VelEngTurnRequestedRegisterCallback(turnRequested, data);
     VelEngProgressRegisterCallback(heardProgress, data);
 }
 
@@ -86,7 +86,7 @@ void EngineFixture::notBusy(long clientData)
     self(clientData)->whenNotBusy();
 }
 
-void EngineFixture::turnWanted(long clientData)
+void EngineFixture::turnRequested(long clientData)
 {
     ++self(clientData)->turnWishes;
 }

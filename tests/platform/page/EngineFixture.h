@@ -45,7 +45,7 @@ private:
     void registerCallbacks();
     static int turn(long self);
     static void notBusy(long self);
-    static void turnWanted(long self);
+    static void turnRequested(long self);
     static void heardProgress(const char* what, double fraction, long self);
 
     std::string m_folder;

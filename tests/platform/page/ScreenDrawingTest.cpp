@@ -102,7 +102,7 @@ TEST_F(ScreenDrawing, ATurnInsideATurnDoesNothingAndIsWishedForAgain)
     EXPECT_EQ(VelEngTurn(), 1);
     EXPECT_EQ(inner, 0);
 
-    // The wish came at a time when the engine was busy: it must not be lost.
+    // The request came at a time when the engine was busy: it must not be lost.
     turnWishes = 0;
     EngineProbe::setBusy(true);
     VelUtilPageRedraw();

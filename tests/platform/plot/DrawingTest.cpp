@@ -39,7 +39,7 @@ struct Kind {
 
 class EveryPlot : public testing::TestWithParam<Kind> {
 protected:
-    std::unique_ptr<Plot> plot() const { return makePlot(GetParam().data(), patience()); }
+    std::unique_ptr<Plot> plot() const { return makePlot(GetParam().data(), noCheckpoint()); }
 };
 
 constexpr int width = 400;
@@ -100,12 +100,12 @@ void disturb(const GLFunctions& gl)
 }
 
 /// Stops at a question and counts those that come after it.
-class StoppingBreath : public CountingBreath {
+class StoppingCheckpoint : public CountingCheckpoint {
 public:
     bool goOn(double fraction) override
     {
         afterStop += isStopped ? 1 : 0;
-        isStopped = isStopped || !CountingBreath::goOn(fraction);
+        isStopped = isStopped || !CountingCheckpoint::goOn(fraction);
         return !isStopped;
     }
     bool isStopped = false;
@@ -159,8 +159,8 @@ TEST_P(EveryPlot, TilesJoinToTheWholePicture)
             drawing.frameY = -row * height / 2;
             drawing.frameWidth = width;
             drawing.frameHeight = height;
-            CountingBreath breath;
-            ASSERT_TRUE(drawn->draw(drawing, breath));
+            CountingCheckpoint checkpoint;
+            ASSERT_TRUE(drawn->draw(drawing, checkpoint));
             tile.refresh();
             const int x = column * width / 2;
             const int y = row * height / 2;
@@ -179,10 +179,10 @@ TEST_P(EveryPlot, StaysInItsFrame)
     drawing.frameWidth = 300;
     drawing.frameHeight = 200;
     const auto drawn = plot();
-    CountingBreath breath;
-    drawn->draw(drawing, breath);
+    CountingCheckpoint checkpoint;
+    drawn->draw(drawing, checkpoint);
     drawn->zoom(6, 0.5, 0.5);
-    ASSERT_TRUE(drawn->draw(drawing, breath));
+    ASSERT_TRUE(drawn->draw(drawing, checkpoint));
     picture.refresh();
     std::size_t outside = 0;
     for (int y = 0; y < height; ++y)
@@ -241,7 +241,7 @@ TEST_P(EveryPlot, LeavesNoTextureBehind)
 TEST_P(EveryPlot, StopsAtOnceWhereverItIsToldToAndLeavesNothingBehind)
 {
     const auto drawn = plot();
-    CountingBreath whole;
+    CountingCheckpoint whole;
     Picture first(width, height);
     Drawing drawing = first.drawing();
     drawing.asksOften = true; // else it would ask as often as the machine is slow
@@ -249,11 +249,11 @@ TEST_P(EveryPlot, StopsAtOnceWhereverItIsToldToAndLeavesNothingBehind)
     for (long stopAt = 1; stopAt <= whole.questions; stopAt += 1 + whole.questions / 40) {
         Picture picture(width, height);
         const std::vector<double> before = glState(currentGL());
-        StoppingBreath breath;
-        breath.stopAt = stopAt;
-        EXPECT_FALSE(drawn->draw(drawing, breath));
-        EXPECT_EQ(breath.questions, stopAt);
-        EXPECT_EQ(breath.afterStop, 0);
+        StoppingCheckpoint checkpoint;
+        checkpoint.stopAt = stopAt;
+        EXPECT_FALSE(drawn->draw(drawing, checkpoint));
+        EXPECT_EQ(checkpoint.questions, stopAt);
+        EXPECT_EQ(checkpoint.afterStop, 0);
         EXPECT_EQ(glState(currentGL()), before);
         EXPECT_EQ(currentGL().GetError(), GLenum(GL_NO_ERROR));
     }
@@ -261,12 +261,12 @@ TEST_P(EveryPlot, StopsAtOnceWhereverItIsToldToAndLeavesNothingBehind)
 
 TEST_P(EveryPlot, ProgressRisesToOne)
 {
-    CountingBreath breath;
-    Picture(width, height).draw(*plot(), breath);
-    EXPECT_TRUE(breath.isMonotonous);
-    EXPECT_GT(breath.questions, 3);
-    EXPECT_GT(breath.lastFraction, 0.85);
-    EXPECT_LE(breath.lastFraction, 1);
+    CountingCheckpoint checkpoint;
+    Picture(width, height).draw(*plot(), checkpoint);
+    EXPECT_TRUE(checkpoint.isMonotonous);
+    EXPECT_GT(checkpoint.questions, 3);
+    EXPECT_GT(checkpoint.lastFraction, 0.85);
+    EXPECT_LE(checkpoint.lastFraction, 1);
 }
 
 TEST_P(EveryPlot, TextKeepsItsSizeOnPaperAtAnyResolution)
@@ -276,8 +276,8 @@ TEST_P(EveryPlot, TextKeepsItsSizeOnPaperAtAnyResolution)
         Picture picture(width * scale, height * scale);
         Drawing drawing = picture.drawing();
         drawing.pixelsPerPoint = scale;
-        CountingBreath breath;
-        EXPECT_TRUE(drawn->draw(drawing, breath));
+        CountingCheckpoint checkpoint;
+        EXPECT_TRUE(drawn->draw(drawing, checkpoint));
         picture.refresh();
         return picture.meanInk();
     };
@@ -289,13 +289,13 @@ TEST_P(EveryPlot, TextKeepsItsSizeOnPaperAtAnyResolution)
 
 TEST_P(EveryPlot, MayGoWhileItIsDrawn)
 {
-    class DestroyingBreath : public CountingBreath {
+    class DestroyingCheckpoint : public CountingCheckpoint {
     public:
         bool goOn(double fraction) override
         {
             if (questions == 2)
                 plot.reset();
-            return CountingBreath::goOn(fraction);
+            return CountingCheckpoint::goOn(fraction);
         }
         std::unique_ptr<Plot> plot;
     };
@@ -304,10 +304,10 @@ TEST_P(EveryPlot, MayGoWhileItIsDrawn)
     ASSERT_TRUE(picture.draw(*kept));
     const std::vector<unsigned char> expected = picture.bytes();
     picture.clear();
-    DestroyingBreath breath;
-    breath.plot = plot();
-    EXPECT_TRUE(picture.draw(*breath.plot, breath));
-    EXPECT_EQ(breath.plot, nullptr);
+    DestroyingCheckpoint checkpoint;
+    checkpoint.plot = plot();
+    EXPECT_TRUE(picture.draw(*checkpoint.plot, checkpoint));
+    EXPECT_EQ(checkpoint.plot, nullptr);
     EXPECT_EQ(picture.bytes(), expected);
 }
 
@@ -318,22 +318,22 @@ TEST(LargeData, ALargeGridIsDrawnInManySmallPortions)
 {
     const std::shared_ptr<const Grid> grid =
         gridOf(1200, 1200, [](int column, int row) { return 100 * std::sin(column * 0.01) * std::cos(row * 0.013); });
-    const auto drawn = makePlot(grid, patience());
+    const auto drawn = makePlot(grid, noCheckpoint());
     Picture picture(1000, 800);
-    CountingBreath breath;
-    ASSERT_TRUE(picture.draw(*drawn, breath));
-    EXPECT_GT(breath.questions, 50);
+    CountingCheckpoint checkpoint;
+    ASSERT_TRUE(picture.draw(*drawn, checkpoint));
+    EXPECT_GT(checkpoint.questions, 50);
 }
 
 TEST(LargeData, AFewLargeCellsAreFilledInPortions)
 {
     const std::shared_ptr<const Grid> grid = gridOf(3, 3, [](int column, int row) { return column + row * 1.0; });
-    const auto drawn = makePlot(grid, patience());
+    const auto drawn = makePlot(grid, noCheckpoint());
     Picture picture(1600, 1200);
-    CountingBreath breath;
-    ASSERT_TRUE(picture.draw(*drawn, breath));
+    CountingCheckpoint checkpoint;
+    ASSERT_TRUE(picture.draw(*drawn, checkpoint));
     // How many depends on how fast the renderer is.
-    EXPECT_GT(breath.questions, 4);
+    EXPECT_GT(checkpoint.questions, 4);
 }
 
 TEST(LargeData, ManyRowsAreReadInPortions)
@@ -342,9 +342,9 @@ TEST(LargeData, ManyRowsAreReadInPortions)
     for (int i = 0; i < 500000; ++i)
         values.push_back(std::sin(i * 0.001));
     const std::shared_ptr<const Table> table = tableOf({values});
-    const auto drawn = makePlot(table, patience());
+    const auto drawn = makePlot(table, noCheckpoint());
     Picture picture(800, 600);
-    CountingBreath breath;
-    ASSERT_TRUE(picture.draw(*drawn, breath));
-    EXPECT_GT(breath.questions, 15);
+    CountingCheckpoint checkpoint;
+    ASSERT_TRUE(picture.draw(*drawn, checkpoint));
+    EXPECT_GT(checkpoint.questions, 15);
 }

@@ -110,14 +110,14 @@ TEST_F(KeptGeometryOfAContext, ASurfaceLooksTheSameFromKeptGeometry)
     KeptGeometry own;
     Drawing drawing = picture.drawing();
     drawing.kept = &own;
-    ASSERT_TRUE(plot.draw(drawing, patience()));
+    ASSERT_TRUE(plot.draw(drawing, noCheckpoint()));
     picture.refresh();
     EXPECT_EQ(picture.bytes(), plain.bytes());
     const std::size_t bytes = own.bytes();
     EXPECT_GT(bytes, 50000u);
 
     picture.clear();
-    ASSERT_TRUE(plot.draw(drawing, patience()));
+    ASSERT_TRUE(plot.draw(drawing, noCheckpoint()));
     picture.refresh();
     EXPECT_EQ(picture.bytes(), plain.bytes()) << "also the second time";
     EXPECT_EQ(own.bytes(), bytes) << "nothing was made anew";

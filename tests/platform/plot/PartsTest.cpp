@@ -23,7 +23,7 @@ const Rect square{0, 0, 100, 100};
 std::vector<std::vector<StrokePoint>> linesOf(const Table& table, AxisRange x, AxisRange y,
                                               std::vector<StrokePoint>* dots = nullptr)
 {
-    SeriesPath path(seriesOf(table, patience()).front(), {x, y, square}, 1);
+    SeriesPath path(seriesOf(table, noCheckpoint()).front(), {x, y, square}, 1);
     SeriesPath::Portion portion;
     std::vector<std::vector<StrokePoint>> lines;
     while (path.next(portion)) {
@@ -42,7 +42,7 @@ struct WholeMesh {
 WholeMesh wholeMesh(const std::shared_ptr<Grid>& grid, int level = 0)
 {
     const SurfaceShape shape(*grid);
-    const SurfaceLevels levels(grid, patience());
+    const SurfaceLevels levels(grid, noCheckpoint());
     const SurfaceMesh mesh(levels, shape, level);
     WholeMesh all;
     MeshPart part;
@@ -144,7 +144,7 @@ TEST(SeriesPath, BlocksOfRowsLookLikeTheirRows)
     const auto table = tableOf({values});
     std::swap(table->columns[0].values[20000], table->columns[0].values[20900]); // it goes back here
     for (const double from : {0.0, 12345.6}) {
-        Series series = seriesOf(*table, patience()).front();
+        Series series = seriesOf(*table, noCheckpoint()).front();
         const AxisMap map{{from, 60000}, {0, 100}, square};
         const auto pathOf = [&] {
             SeriesPath path(series, map, 1);
@@ -180,7 +180,7 @@ TEST(SeriesPath, ACoarsePathOfManyRowsIsTheirEnvelope)
     for (int i = 0; i < 100000; ++i)
         values.push_back(i == 45678 ? 90 : i == 71234 ? 5 : 50 + i % 7);
     const auto table = tableOf({values});
-    SeriesPath path(seriesOf(*table, patience()).front(), {{0, 100000}, {0, 100}, square}, 1, Detail::Coarse);
+    SeriesPath path(seriesOf(*table, noCheckpoint()).front(), {{0, 100000}, {0, 100}, square}, 1, Detail::Coarse);
     SeriesPath::Portion portion;
     std::vector<Rect> bars;
     while (path.next(portion))
@@ -331,7 +331,7 @@ namespace {
 ContourLines contoursOfGrid(const std::shared_ptr<Grid>& grid, double tolerance)
 {
     const SurfaceShape shape(*grid);
-    const SurfaceLevels levels(grid, patience());
+    const SurfaceLevels levels(grid, noCheckpoint());
     MeshPart part;
     SurfaceMesh(levels, shape, 0).makePiece(0, 0, part);
     return contoursOf(part, shape, tolerance);

@@ -8,7 +8,7 @@
 
 namespace velmora::engine::test {
 
-bool CountingBreath::goOn(double fraction)
+bool CountingCheckpoint::goOn(double fraction)
 {
     isMonotonous = isMonotonous && fraction >= lastFraction && fraction <= 1;
     lastFraction = fraction;
@@ -52,17 +52,17 @@ Drawing Picture::drawing() const
     return drawing;
 }
 
-bool Picture::draw(Plot& plot, Breath& breath)
+bool Picture::draw(Plot& plot, Checkpoint& checkpoint)
 {
-    const bool done = plot.draw(drawing(), breath);
+    const bool done = plot.draw(drawing(), checkpoint);
     refresh();
     return done;
 }
 
 bool Picture::draw(Plot& plot)
 {
-    CountingBreath breath;
-    return draw(plot, breath);
+    CountingCheckpoint checkpoint;
+    return draw(plot, checkpoint);
 }
 
 Picture::Pixel Picture::at(int x, int yFromBottom) const

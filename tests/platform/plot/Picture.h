@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/core/Breath.h"
+#include "engine/core/Checkpoint.h"
 #include "engine/plot/Plot.h"
 #include "tests/support/SoftwareContext.h"
 
@@ -11,9 +11,9 @@
 namespace velmora::engine::test {
 
 /// Counts the questions, and stops at the one it is told.
-class CountingBreath : public Breath {
+class CountingCheckpoint : public Checkpoint {
 public:
-    virtual ~CountingBreath() = default;
+    virtual ~CountingCheckpoint() = default;
     bool goOn(double fraction) override;
 
     long questions = 0;
@@ -45,7 +45,7 @@ public:
     void refresh() { m_context->read(m_width, m_height, m_bytes); }
     /// The frame is the whole picture; `pixelsPerPoint` 1.
     Drawing drawing() const;
-    bool draw(Plot& plot, Breath& breath);
+    bool draw(Plot& plot, Checkpoint& checkpoint);
     bool draw(Plot& plot);
     Pixel at(int x, int yFromBottom) const;
     std::size_t countNear(int r, int g, int b, int tolerance) const;

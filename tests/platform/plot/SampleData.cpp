@@ -1,6 +1,6 @@
 #include "tests/platform/plot/SampleData.h"
 
-#include "engine/core/Breath.h"
+#include "engine/core/Checkpoint.h"
 
 #include <algorithm>
 #include <cmath>
@@ -46,13 +46,10 @@ std::shared_ptr<Grid> gridOf(int columns, int rows, const std::function<double(i
     return grid;
 }
 
-Breath& patience()
+Checkpoint& noCheckpoint()
 {
-    class Patience final : public Breath {
-        bool goOn(double) override { return true; }
-    };
-    static Patience patience;
-    return patience;
+    static NoCheckpoint checkpoint;
+    return checkpoint;
 }
 
 std::shared_ptr<Grid> hill(int side)

@@ -20,11 +20,11 @@ std::shared_ptr<Table> tableOf(const std::vector<std::vector<double>>& columns);
 std::shared_ptr<Grid> gridOf(int columns, int rows, const std::function<double(int, int)>& height);
 
 /// For what is not to be disturbed.
-Breath& patience();
+Checkpoint& noCheckpoint();
 
 /// The surface of a grid as it is plotted.
 struct GridPlot : SurfacePlot {
-    explicit GridPlot(std::shared_ptr<const Grid> grid) : SurfacePlot(std::move(grid), patience()) {}
+    explicit GridPlot(std::shared_ptr<const Grid> grid) : SurfacePlot(std::move(grid), noCheckpoint()) {}
 };
 
 /// A smooth hill in the middle of a plain, 0 to 30 high, cells of 1.

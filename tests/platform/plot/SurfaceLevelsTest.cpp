@@ -50,7 +50,7 @@ TEST(SurfaceLevels, ANodeHasTheSmallestAndTheLargestOfItsCells)
     std::mt19937 random(1);
     std::uniform_real_distribution<double> heights(-5, 5);
     const auto grid = gridOf(37, 21, [&](int, int) { return random() % 9 == 0 ? missing : heights(random); });
-    const SurfaceLevels levels(grid, patience());
+    const SurfaceLevels levels(grid, noCheckpoint());
     for (int level = 0; level < levels.count(); ++level)
         for (int row = 0; row < levels.rows(level); ++row)
             for (int column = 0; column < levels.columns(level); ++column) {
@@ -68,7 +68,7 @@ TEST(SurfaceLevels, ANodeHasTheSmallestAndTheLargestOfItsCells)
 
 TEST(SurfaceLevels, OutsideThereAreOnlyGaps)
 {
-    const SurfaceLevels levels(hill(9), patience());
+    const SurfaceLevels levels(hill(9), noCheckpoint());
     EXPECT_TRUE(levels.range(0, -1, 3).isGap());
     EXPECT_TRUE(levels.range(1, 5, 0).isGap());
     EXPECT_TRUE(levels.range(2, 0, 3).isGap());
@@ -80,7 +80,7 @@ TEST(SurfaceLevels, ASpikeAndAPitOfOneCellAreThereAtEveryLevel)
     for (int trial = 0; trial < 12; ++trial) {
         const auto place = [&] { return std::pair<int, int>(random() % 700, random() % 500); };
         const auto grid = gentleGridWith({{place(), 30}, {place(), -25}});
-        const SurfaceLevels levels(grid, patience());
+        const SurfaceLevels levels(grid, noCheckpoint());
         for (int level = 0; level <= levels.coarsest(); ++level) {
             const std::vector<float> shown = shownAt(levels, level);
             EXPECT_EQ(*std::max_element(shown.begin(), shown.end()), 30) << level;
@@ -93,7 +93,7 @@ TEST(SurfaceLevels, ASpikeBesideAPitHidesItNowhere)
 {
     for (int offset = 0; offset < 16; offset += 3) {
         const auto grid = gentleGridWith({{{300 + offset, 200}, 30.0F}, {{301 + offset, 200 + offset % 2}, -25.0F}});
-        const SurfaceLevels levels(grid, patience());
+        const SurfaceLevels levels(grid, noCheckpoint());
         for (int level = 0; level <= levels.coarsest(); ++level) {
             const std::vector<float> shown = shownAt(levels, level);
             EXPECT_EQ(*std::max_element(shown.begin(), shown.end()), 30) << level << ' ' << offset;
@@ -105,7 +105,7 @@ TEST(SurfaceLevels, ASpikeBesideAPitHidesItNowhere)
 TEST(SurfaceLevels, AGentleSlopeStaysGentle)
 {
     const auto grid = gridOf(512, 512, [](int column, int row) { return column * 1.0 + 2.0 * row; });
-    const SurfaceLevels levels(grid, patience());
+    const SurfaceLevels levels(grid, noCheckpoint());
     const HeightPatch patch(levels, 4, 0, 0, 32, 32);
     for (int row = 1; row < 31; ++row)
         for (int column = 1; column < 30; ++column)
@@ -117,7 +117,7 @@ TEST(SurfaceLevels, APartShowsWhatTheWholeShowsThere)
     std::mt19937 random(3);
     std::uniform_real_distribution<double> heights(-5, 5);
     const auto grid = gridOf(300, 300, [&](int, int) { return random() % 31 == 0 ? missing : heights(random); });
-    const SurfaceLevels levels(grid, patience());
+    const SurfaceLevels levels(grid, noCheckpoint());
     const HeightPatch whole(levels, 2, 0, 0, 75, 75);
     const HeightPatch part(levels, 2, 31, 40, 9, 7);
     for (int row = 40; row < 47; ++row)
@@ -127,7 +127,7 @@ TEST(SurfaceLevels, APartShowsWhatTheWholeShowsThere)
 
 TEST(SurfaceLevels, TheSurfaceHasTheSameBorderAtEveryLevel)
 {
-    const SurfaceLevels levels(gridOf(101, 60, gentle), patience());
+    const SurfaceLevels levels(gridOf(101, 60, gentle), noCheckpoint());
     for (int level = 0; level <= levels.coarsest(); ++level) {
         EXPECT_EQ(levels.columnPlace(level, 0), 0);
         EXPECT_EQ(levels.columnPlace(level, levels.columns(level) - 1), 100);
@@ -138,7 +138,7 @@ TEST(SurfaceLevels, TheSurfaceHasTheSameBorderAtEveryLevel)
 TEST(SurfaceLevels, TheCoarsestLevelStillHasASurface)
 {
     for (const auto& [columns, rows] : {std::pair(700, 500), std::pair(2000, 2), std::pair(3, 900), std::pair(1, 80)}) {
-        const SurfaceLevels levels(gridOf(columns, rows, gentle), patience());
+        const SurfaceLevels levels(gridOf(columns, rows, gentle), noCheckpoint());
         EXPECT_GE(levels.columns(levels.coarsest()), std::min(columns, 2));
         EXPECT_GE(levels.rows(levels.coarsest()), std::min(rows, 2));
     }
@@ -146,10 +146,10 @@ TEST(SurfaceLevels, TheCoarsestLevelStillHasASurface)
 
 TEST(SurfaceLevels, MakingThemCanBeStopped)
 {
-    CountingBreath breath;
-    breath.stopAt = 3;
-    EXPECT_THROW(SurfaceLevels(gridOf(600, 600, gentle), breath), ReadInterrupted);
-    EXPECT_EQ(breath.questions, 3);
+    CountingCheckpoint checkpoint;
+    checkpoint.stopAt = 3;
+    EXPECT_THROW(SurfaceLevels(gridOf(600, 600, gentle), checkpoint), ReadInterrupted);
+    EXPECT_EQ(checkpoint.questions, 3);
 }
 
 namespace {
@@ -172,7 +172,7 @@ void drawFromTheSide(GridPlot& plot, Picture& picture, Detail detail)
     Drawing drawing = picture.drawing();
     drawing.detail = detail;
     drawing.coarseTriangles = 20000;
-    EXPECT_TRUE(plot.draw(drawing, patience()));
+    EXPECT_TRUE(plot.draw(drawing, noCheckpoint()));
     picture.refresh();
 }
 

@@ -17,7 +17,7 @@ constexpr int height = 480;
 
 XYLayout layoutOf(const XYPlot& plot, const std::shared_ptr<const Table>& table)
 {
-    const XYContent content{table, seriesOf(*table, patience()), {plot.xRange(), plot.yRange(), {}}};
+    const XYContent content{table, seriesOf(*table, noCheckpoint()), {plot.xRange(), plot.yRange(), {}}};
     return layOut(content, {width, height, 1});
 }
 
@@ -72,7 +72,7 @@ Rect rectOfText(const XYLayout& layout, int object)
 TEST(XYPlot, LinesLieWhereTheirValuesAre)
 {
     const auto table = tableOf({{0, 10, 5, 8}, {9, 3, 3, 1}});
-    XYPlot plot(table, patience());
+    XYPlot plot(table, noCheckpoint());
     Picture picture(width, height);
     ASSERT_TRUE(picture.draw(plot));
     const XYLayout layout = layoutOf(plot, table);
@@ -86,7 +86,7 @@ TEST(XYPlot, LinesLieWhereTheirValuesAre)
 TEST(XYPlot, AGapBreaksTheLine)
 {
     const auto table = tableOf({{5, 5, missing, 5, 5}});
-    XYPlot plot(table, patience());
+    XYPlot plot(table, noCheckpoint());
     Picture picture(width, height);
     ASSERT_TRUE(picture.draw(plot));
     const XYLayout layout = layoutOf(plot, table);
@@ -99,7 +99,7 @@ TEST(XYPlot, AGapBreaksTheLine)
 TEST(XYPlot, LinesEndAtTheAxes)
 {
     const auto table = tableOf({{0, 10, 0, 10, 0}});
-    XYPlot plot(table, patience());
+    XYPlot plot(table, noCheckpoint());
     Picture picture(width, height);
     ASSERT_TRUE(picture.draw(plot));
     plot.zoom(4, 0.5, 0.5);
@@ -121,7 +121,7 @@ TEST(XYPlot, LinesEndAtTheAxes)
 TEST(XYPlot, SteepPeaksReachTheirValue)
 {
     const auto table = tableOf({{0, 0, 10, 0, 0}});
-    XYPlot plot(table, patience());
+    XYPlot plot(table, noCheckpoint());
     Picture picture(width, height);
     ASSERT_TRUE(picture.draw(plot));
     EXPECT_TRUE(showsLineAt(picture, layoutOf(plot, table), {2, 10}, 0));
@@ -133,7 +133,7 @@ TEST(XYPlot, ManyColumnsAllShowAndTheLegendNamesWhatItHasRoomFor)
     for (int i = 0; i < 60; ++i)
         columns.push_back({i * 1.0, i * 1.0});
     const auto table = tableOf(columns);
-    XYPlot plot(table, patience());
+    XYPlot plot(table, noCheckpoint());
     Picture picture(width, height);
     ASSERT_TRUE(picture.draw(plot));
     const XYLayout layout = layoutOf(plot, table);
@@ -150,7 +150,7 @@ TEST(XYPlot, ADateColumnGivesDates)
     auto table = tableOf({{1, 2}});
     table->columns[0].isDate = true;
     table->columns[0].values = {static_cast<double>(daysOf({2001, 1, 1})), static_cast<double>(daysOf({2006, 1, 1}))};
-    const XYPlot plot(table, patience());
+    const XYPlot plot(table, noCheckpoint());
     const XYLayout layout = layoutOf(plot, table);
     ASSERT_GE(layout.xTicks.size(), 3u);
     EXPECT_EQ(layout.xTicks[0].label.substr(0, 4), "2001");
@@ -162,7 +162,7 @@ TEST(XYPlot, LabelsDoNotLieUponEachOther)
         auto table = tableOf({{offset, offset + 1, 2 * offset + 3}});
         for (double& x : table->columns[0].values)
             x = x * 1e5 + offset;
-        const XYPlot plot(table, patience());
+        const XYPlot plot(table, noCheckpoint());
         const XYLayout layout = layoutOf(plot, table);
         for (std::size_t i = 0; i < layout.tickLabels.size(); ++i)
             for (std::size_t j = 0; j < i; ++j)
@@ -173,7 +173,7 @@ TEST(XYPlot, LabelsDoNotLieUponEachOther)
 
 TEST(XYPlot, FitRestoresWhatZoomAndTranslateChanged)
 {
-    XYPlot plot(tableOf({{0, 10, 5}}), patience());
+    XYPlot plot(tableOf({{0, 10, 5}}), noCheckpoint());
     const AxisRange x = plot.xRange();
     const AxisRange y = plot.yRange();
     plot.zoom(3, 0.3, 0.6);
@@ -188,7 +188,7 @@ TEST(XYPlot, FitRestoresWhatZoomAndTranslateChanged)
 TEST(XYPlot, ZoomKeepsTheValueUnderThePoint)
 {
     const auto table = tableOf({{0, 10, 5}});
-    XYPlot plot(table, patience());
+    XYPlot plot(table, noCheckpoint());
     Picture picture(width, height);
     picture.draw(plot);
     const Point value{1.2, 7};
@@ -202,7 +202,7 @@ TEST(XYPlot, ZoomKeepsTheValueUnderThePoint)
 TEST(XYPlot, TranslateMovesThePictureByFractionsOfTheFrame)
 {
     const auto table = tableOf({{0, 10, 5}});
-    XYPlot plot(table, patience());
+    XYPlot plot(table, noCheckpoint());
     Picture picture(width, height);
     picture.draw(plot);
     const Point before = layoutOf(plot, table).map({1, 5});
@@ -214,7 +214,7 @@ TEST(XYPlot, TranslateMovesThePictureByFractionsOfTheFrame)
 
 TEST(XYPlot, EndlessZoomingStaysDrawable)
 {
-    XYPlot plot(tableOf({{1e6, 1e6 + 10, 1e6 + 5}}), patience());
+    XYPlot plot(tableOf({{1e6, 1e6 + 10, 1e6 + 5}}), noCheckpoint());
     Picture picture(width, height);
     for (double factor : {7.0, 1 / 7.0}) {
         for (int i = 0; i < 200; ++i)
@@ -230,7 +230,7 @@ TEST(XYPlot, EndlessZoomingStaysDrawable)
 TEST(XYPlot, PicksALineWhereItIsAndNowhereElse)
 {
     const auto table = tableOf({{0, 10, 0}, {8, 8, 8}});
-    XYPlot plot(table, patience());
+    XYPlot plot(table, noCheckpoint());
     Picture picture(width, height);
     picture.draw(plot);
     const XYLayout layout = layoutOf(plot, table);
@@ -248,7 +248,7 @@ TEST(XYPlot, PicksALineWhereItIsAndNowhereElse)
 TEST(XYPlot, PicksTextsAndGeometriesByKind)
 {
     const auto table = tableOf({{0, 10, 0}, {8, 8, 8}});
-    XYPlot plot(table, patience());
+    XYPlot plot(table, noCheckpoint());
     Picture picture(width, height);
     picture.draw(plot);
     const XYLayout layout = layoutOf(plot, table);
@@ -266,7 +266,7 @@ TEST(XYPlot, PicksTextsAndGeometriesByKind)
 TEST(XYPlot, WhatTheAxesCutOffIsPickedOnlyWhenStyleDoesNotCount)
 {
     const auto table = tableOf({{0, 0, 0}, {9, 9, 9}});
-    XYPlot plot(table, patience());
+    XYPlot plot(table, noCheckpoint());
     Picture picture(width, height);
     picture.draw(plot);
     plot.translate(0, -0.6);
@@ -278,7 +278,7 @@ TEST(XYPlot, WhatTheAxesCutOffIsPickedOnlyWhenStyleDoesNotCount)
 TEST(XYPlot, SelectedThingsAreSeen)
 {
     const auto table = tableOf({{0, 10, 0}, {8, 8, 8}});
-    XYPlot plot(table, patience());
+    XYPlot plot(table, noCheckpoint());
     Picture picture(width, height);
     picture.draw(plot);
     EXPECT_EQ(countColor(picture, palette::selected), 0u);
@@ -301,7 +301,7 @@ TEST(XYPlot, SelectedThingsAreSeen)
 TEST(XYPlot, OneRowIsADot)
 {
     const auto table = tableOf({{5}});
-    XYPlot plot(table, patience());
+    XYPlot plot(table, noCheckpoint());
     Picture picture(width, height);
     ASSERT_TRUE(picture.draw(plot));
     EXPECT_TRUE(showsLineAt(picture, layoutOf(plot, table), {0, 5}, 0));
@@ -311,7 +311,7 @@ TEST(XYPlot, OneColumnIsALineOverTheRowNumbers)
 {
     auto table = tableOf({{1}});
     table->columns = {{"height", false, {3, 1, 2}}};
-    XYPlot plot(table, patience());
+    XYPlot plot(table, noCheckpoint());
     Picture picture(width, height);
     ASSERT_TRUE(picture.draw(plot));
     const XYLayout layout = layoutOf(plot, table);
@@ -322,7 +322,7 @@ TEST(XYPlot, OneColumnIsALineOverTheRowNumbers)
 TEST(XYPlot, AConstantLineLiesInTheMiddle)
 {
     const auto table = tableOf({{-7, -7, -7}});
-    XYPlot plot(table, patience());
+    XYPlot plot(table, noCheckpoint());
     Picture picture(width, height);
     ASSERT_TRUE(picture.draw(plot));
     const XYLayout layout = layoutOf(plot, table);
@@ -332,12 +332,12 @@ TEST(XYPlot, AConstantLineLiesInTheMiddle)
 
 TEST(XYPlot, NothingButGapsStillHasAxes)
 {
-    XYPlot plot(tableOf({{missing, missing}}), patience());
+    XYPlot plot(tableOf({{missing, missing}}), noCheckpoint());
     Picture picture(width, height);
     ASSERT_TRUE(picture.draw(plot));
     EXPECT_GT(countColor(picture, palette::axis), 500u);
     auto empty = std::make_shared<Table>();
-    XYPlot nothing(empty, patience());
+    XYPlot nothing(empty, noCheckpoint());
     picture.clear();
     EXPECT_TRUE(picture.draw(nothing));
     EXPECT_GT(countColor(picture, palette::axis), 500u);
@@ -345,5 +345,5 @@ TEST(XYPlot, NothingButGapsStillHasAxes)
 
 TEST(XYPlot, DescribesItself)
 {
-    EXPECT_EQ(XYPlot(tableOf({{1, 2}, {1, 2}}), patience()).description(), "2 lines, 2 rows");
+    EXPECT_EQ(XYPlot(tableOf({{1, 2}, {1, 2}}), noCheckpoint()).description(), "2 lines, 2 rows");
 }
