@@ -175,8 +175,8 @@ public:
         MissedNotifications m_missed{&EventFilter::copyOf};
         NestedLoops m_nestedLoops;
         const QObject* m_closingWindow = nullptr; ///< has accepted the copy of a Close and is closed for it
-        int m_levelOfTelling = -1; ///< count of event loops while the engine is told of an event, else -1
-        bool m_isTellingOfClosedPopup = false;
+        static constexpr int NoLevel = -1;
+        int m_levelOfTellingOther = NoLevel; ///< count of event loops while isTellingOfOtherInput()
         bool m_isTellingOfEnd = false; ///< EngineIsNoLongerBusy is being emitted
         bool m_isInstalled = false;
     };

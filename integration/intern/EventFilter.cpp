@@ -84,8 +84,9 @@ bool Filter::eventFilter(QObject* receiver, QEvent* event)
         event->ignore();
         return true;
     }
-    // Asked again: the engine may just have been asked to stop by one of the above.
-    return m_monitor.shouldInterrupt() && isSwallowedByInterruption(receiver, event);
+    // Asked again: the engine may just have been asked to stop by one of the above. The flag is looked at here to
+    // spare most events the call.
+    return m_monitor.interruptRequested && m_monitor.shouldInterrupt() && isSwallowedByInterruption(receiver, event);
 }
 
 // Sends the copy that waits and tells listeners and engine of the event. False: it must not go on, because it
@@ -136,14 +137,14 @@ private:
 // A listener may open a loop of its own, in which further events come by here.
 void Filter::notifyEngine(QObject* receiver, const QEvent& event)
 {
-    const Temporarily<int> level(m_levelOfTelling, toolkit::eventLoopLevel());
-    const Temporarily<bool> popup(m_isTellingOfClosedPopup, closesPopup(*receiver, event));
+    const bool isOther = closesPopup(*receiver, event) || m_nestedLoops.isOneRunning();
+    const Temporarily<int> level(m_levelOfTellingOther, isOther ? toolkit::eventLoopLevel() : NoLevel);
     eventAnalyzer(event, *receiver, m_monitor.m_eventNotifier.to(*receiver));
 }
 
 bool Filter::isTellingOfOtherInput() const
 {
-    return m_levelOfTelling == toolkit::eventLoopLevel() && (m_isTellingOfClosedPopup || m_nestedLoops.isOneRunning());
+    return m_levelOfTellingOther != NoLevel && m_levelOfTellingOther == toolkit::eventLoopLevel();
 }
 
 void Filter::notifyEngineOfPossibleMouseStateChange(const QEvent& event)

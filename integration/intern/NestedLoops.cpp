@@ -58,6 +58,8 @@ void NestedLoops::workEnded()
 
 bool NestedLoops::isOneRunning() const
 {
+    if (m_levelOfWork == noLevel && m_levelOfLoop == noLevel)
+        return false;
     const int level = toolkit::eventLoopLevel();
     return level > m_levelOfWork || level >= m_levelOfLoop;
 }
