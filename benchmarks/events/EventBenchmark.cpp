@@ -164,9 +164,9 @@ void measureEvents()
     QTimerEvent timer(1 << 30);
     QMouseEvent move(QEvent::MouseMove, QPoint(1, 2), QPoint(3, 4), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
     reportCosts("QEvent::User to a plain object",
-                measure([&] { QCoreApplication::sendEvent(&object, &user); }, monitor), 1.25);
+                measure([&] { QCoreApplication::sendEvent(&object, &user); }, monitor), 1.3);
     reportCosts("timer to a plain object", measure([&] { QCoreApplication::sendEvent(&object, &timer); }, monitor),
-                1.25);
+                1.3);
     reportCosts("mouse move nobody listens to, sent",
                 measure([&] { QCoreApplication::sendEvent(&widget, &move); }, monitor), 2.0);
     reportCosts("mouse move nobody listens to, spontaneous",

@@ -84,9 +84,8 @@ bool Filter::eventFilter(QObject* receiver, QEvent* event)
         event->ignore();
         return true;
     }
-    // Asked again: the engine may just have been asked to stop by one of the above. The flag is looked at here to
-    // spare most events the call.
-    return m_monitor.interruptRequested && m_monitor.shouldInterrupt() && isSwallowedByInterruption(receiver, event);
+    // Asked again: the engine may just have been asked to stop by one of the above.
+    return m_monitor.shouldInterrupt() && isSwallowedByInterruption(receiver, event);
 }
 
 // Sends the copy that waits and tells listeners and engine of the event. False: it must not go on, because it
