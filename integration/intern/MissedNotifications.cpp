@@ -11,6 +11,7 @@
 #include <QDragLeaveEvent>
 #include <QFocusEvent>
 #include <QGraphicsScene>
+#include <QGraphicsView>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QLayout>
@@ -222,11 +223,18 @@ bool isPressOrRelease(QEvent::Type type)
            type == QEvent::MouseButtonRelease || type == QEvent::KeyPress || type == QEvent::KeyRelease;
 }
 
+// Whether it is where a graphics view gets its input, and an item in it has all the mouse's events.
+bool isViewportOfGrabbedScene(const QObject& receiver)
+{
+    const auto* const view = qobject_cast<const QGraphicsView*>(receiver.parent());
+    return view && &receiver == view->viewport() && view->scene() && view->scene()->mouseGrabberItem();
+}
+
 // Goes on stepping while it is pressed, or has all the mouse's events until it is let go, as a dragged dock has.
 bool mustBeLetGo(const QObject& receiver)
 {
     return qobject_cast<const QAbstractSlider*>(&receiver) || qobject_cast<const QAbstractSpinBox*>(&receiver) ||
-           &receiver == QWidget::mouseGrabber();
+           &receiver == QWidget::mouseGrabber() || isViewportOfGrabbedScene(receiver);
 }
 
 } // namespace
@@ -247,9 +255,9 @@ struct MissedNotifications::Kind {
 //
 // - told at once, because they are part of a call that is under way: isPartOfACall();
 // - told again after the work: the table; and what remember() knows beside it: the release of what was pressed
-//   (buttons, sliders, spin boxes and the widget that has grabbed the mouse, which otherwise stay down, go on
-//   stepping or keep the mouse; for all other widgets a release that comes second is lost, as every later event
-//   is), the queued calls of a graphics scene, the changes that only newer toolkits tell of;
+//   (buttons, sliders, spin boxes and the widget or graphics item that has grabbed the mouse, which otherwise stay
+//   down, go on stepping or keep the mouse; for all other widgets a release that comes second is lost, as every later
+//   event is), the queued calls of a graphics scene, the changes that only newer toolkits tell of;
 // - not told again: what comes by itself while its cause lasts (timers, sockets), what a person did (keys,
 //   presses, wheel, moves, help, tool tips), what only announces (AboutToQuit), and what nobody can repeat:
 //   queued calls and a host's own events. A host that needs those chooses HeldBackEvents_Input.

@@ -19,8 +19,8 @@ namespace {
 
 constexpr double SecondsBetweenRests = 15;
 constexpr int MostAnswers = 60; ///< to the dialogs and popups that stand between the person and rest
-constexpr int MostLooks = 12;
-constexpr int LooksAtTheSame = 2; ///< after the first
+constexpr int MostLooks = 24;
+constexpr int LooksAtTheSame = 8; ///< after the first: longer than the second for which programs show a message
 constexpr int AnswerMilliseconds = 150;
 // Left to itself, too, the toolkit forgets to take back the look of what the pointer has left, a shade of up to 10
 // of 255, and some marks of a slider, up to 22 pixels. Text and whole widgets are more.

@@ -394,6 +394,22 @@ TEST_F(MissedNotifications, AWidgetThatHasGrabbedTheMouseGetsTheReleaseThatEndsI
     EXPECT_EQ(QWidget::mouseGrabber(), nullptr);
 }
 
+TEST_F(MissedNotifications, AGraphicsItemThatHasTheMouseGetsTheReleaseThatEndsIt)
+{
+    QGraphicsScene scene(0, 0, 200, 200);
+    scene.addRect(0, 0, 200, 200)->setFlag(QGraphicsItem::ItemIsMovable);
+    QGraphicsView view(&scene);
+    EXPECT_TRUE(showAndWait(view));
+    const QPoint center = view.viewport()->rect().center();
+    sendMouse(*view.viewport(), QEvent::MouseButtonPress, center);
+    EXPECT_NE(scene.mouseGrabberItem(), nullptr);
+    holdBack();
+    sendMouse(*view.viewport(), QEvent::MouseButtonRelease, center);
+    EXPECT_NE(scene.mouseGrabberItem(), nullptr);
+    letGoOn();
+    EXPECT_EQ(scene.mouseGrabberItem(), nullptr);
+}
+
 TEST_F(MissedNotifications, AButtonWhosePressWasSwallowedTooIsLeftAlone)
 {
     QPushButton button;
