@@ -1,11 +1,11 @@
 #include "tests/applications/Comparison.h"
 
+#include "tests/applications/Picture.h"
 #include "tests/applications/RandomPerson.h"
 #include "tests/applications/Record.h"
 
 #include <algorithm>
 #include <fstream>
-#include <functional>
 #include <iterator>
 #include <memory>
 #include <ostream>
@@ -26,14 +26,9 @@ constexpr int LinesAround = 3;
 /// What was to be seen after one gesture.
 struct Moment {
     Gesture gesture;
-    std::size_t picture = 0; ///< its hash, 0 when it is not the same twice or there is none
-    std::string ending;      ///< how the program ended, or ""
+    Picture picture;    ///< empty when it is not the same twice or there is none
+    std::string ending; ///< how the program ended, or ""
 };
-
-std::size_t hashOf(const std::vector<unsigned char>& picture)
-{
-    return std::hash<std::string_view>()({reinterpret_cast<const char*>(picture.data()), picture.size()});
-}
 
 /// The program in one of the two runs, started again when the person leaves it.
 class Run {
@@ -48,29 +43,29 @@ public:
     std::string targets() { return program().ask("targets"); }
 
     /// With the picture that is expected, waits for it.
-    Moment perform(const Gesture& gesture, std::size_t expected = 0)
+    Moment perform(const Gesture& gesture, const Picture& expected = Picture())
     {
-        Moment moment = {gesture, 0, ""};
+        Moment moment = {gesture, Picture(), ""};
         try {
             program().ask("mark " + std::to_string(++m_gestures) + ": " + describe(gesture));
             m_desktop.perform(gesture);
             settle();
-            m_picture = stillPicture();
-            for (int i = 0; expected != 0 && hashOf(m_picture) != expected && i < MostLooks; ++i)
-                m_picture = stillPicture();
-            moment.picture = showsFiles() ? 0 : hashOf(m_picture);
+            moment.picture = stillPicture();
+            for (int i = 0; !expected.empty() && !lookAlike(moment.picture, expected) && i < MostLooks; ++i)
+                moment.picture = stillPicture();
+            if (showsFiles())
+                moment.picture.clear();
         } catch (const ProgramEnded& end) {
             if (end.crashed)
                 throw;
             m_program.reset();
             m_desktop.letGo();
             moment.ending = end.what();
-            m_picture.clear();
+            moment.picture.clear();
         }
         return moment;
     }
 
-    const std::vector<unsigned char>& picture() const { return m_picture; }
     /// The files with the records of events, one for each start.
     std::vector<std::string> records() const { return m_records; }
 
@@ -102,12 +97,12 @@ private:
         }
     }
 
-    std::vector<unsigned char> stillPicture()
+    Picture stillPicture()
     {
-        std::vector<unsigned char> picture = m_desktop.picture();
+        Picture picture = m_desktop.picture();
         for (int i = 0, same = 0; i < MostLooks && same < LooksAtTheSame; ++i) {
             poll(nullptr, 0, LookMilliseconds);
-            std::vector<unsigned char> next = m_desktop.picture();
+            Picture next = m_desktop.picture();
             same = next == picture ? same + 1 : 0;
             picture = std::move(next);
         }
@@ -118,7 +113,6 @@ private:
     Start m_start;
     std::unique_ptr<Program> m_program;
     std::vector<std::string> m_records;
-    std::vector<unsigned char> m_picture;
     long m_gestures = 0;
 };
 
@@ -149,9 +143,10 @@ private:
         return start;
     }
 
-    std::string pictureFile(const std::string& name, std::size_t number) const
+    void save(const Picture& picture, const std::string& name, std::size_t number) const
     {
-        return m_start.folder + "/picture-" + name + "-" + std::to_string(number) + ".ppm";
+        if (!picture.empty())
+            m_desktop.savePicture(picture, m_start.folder + "/picture-" + name + "-" + std::to_string(number) + ".ppm");
     }
 
     std::vector<std::string> record(int acts, unsigned long seed)
@@ -159,10 +154,8 @@ private:
         Run run(m_desktop, startOf("without", ""));
         RandomPerson person(seed, RandomPerson::Patient);
         for (int i = 0; i < acts; ++i) {
-            for (const Gesture& gesture : person.act(run.targets())) {
+            for (const Gesture& gesture : person.act(run.targets()))
                 m_moments.push_back(run.perform(gesture));
-                m_pictures.push_back(run.picture());
-            }
         }
         return run.records();
     }
@@ -176,11 +169,11 @@ private:
             if (moment.ending != m_moments[i].ending)
                 different("gesture " + std::to_string(i + 1) + ": the program " + moment.ending + ", and before " +
                           m_moments[i].ending);
-            if (moment.picture == m_moments[i].picture)
+            if (lookAlike(moment.picture, m_moments[i].picture))
                 continue;
             different("gesture " + std::to_string(i + 1) + ": another picture after " + describe(moment.gesture));
-            m_desktop.savePicture(m_pictures[i], pictureFile("without", i + 1));
-            m_desktop.savePicture(run.picture(), pictureFile("with", i + 1));
+            save(m_moments[i].picture, "without", i + 1);
+            save(moment.picture, "with", i + 1);
             return; // what follows is another session
         }
         compareRecords(records, run.records());
@@ -224,7 +217,6 @@ private:
     const Start& m_start;
     std::ostream& m_log;
     std::vector<Moment> m_moments;
-    std::vector<std::vector<unsigned char>> m_pictures;
     long m_events = 0;
     int m_differences = 0;
 };

@@ -1,5 +1,6 @@
 #include "tests/applications/Endurance.h"
 
+#include "tests/applications/Picture.h"
 #include "tests/applications/RandomPerson.h"
 
 #include <algorithm>
@@ -22,13 +23,6 @@ constexpr int MostAnswers = 60; ///< to the dialogs and popups that stand betwee
 constexpr int MostLooks = 24;
 constexpr int LooksAtTheSame = 8; ///< after the first: longer than the second for which programs show a message
 constexpr int AnswerMilliseconds = 150;
-// Left to itself, too, the toolkit forgets to take back the look of what the pointer has left, a shade of up to 10
-// of 255, and some marks of a slider, up to 22 pixels. Text and whole widgets are more.
-constexpr int LeastDifference = 16;
-constexpr int MostDifferingPixels = 100;
-constexpr std::size_t BytesPerPixel = 4;
-
-using Picture = std::vector<unsigned char>;
 
 class Clock {
 public:
@@ -37,18 +31,6 @@ public:
 private:
     std::chrono::steady_clock::time_point m_start = std::chrono::steady_clock::now();
 };
-
-int differingPixels(const Picture& a, const Picture& b)
-{
-    int count = 0;
-    for (std::size_t pixel = 0; pixel + BytesPerPixel <= std::min(a.size(), b.size()); pixel += BytesPerPixel) {
-        bool differs = false;
-        for (std::size_t i = pixel; i < pixel + BytesPerPixel; ++i)
-            differs = differs || std::abs(int(a[i]) - int(b[i])) > LeastDifference;
-        count += differs ? 1 : 0;
-    }
-    return count;
-}
 
 /// The program is not as it should be at rest.
 class Unwell : public std::runtime_error {
@@ -193,7 +175,7 @@ private:
         const Picture seen = stillPicture(program);
         program.ask("repaint");
         const Picture repainted = stillPicture(program);
-        if (seen.empty() || repainted.empty() || differingPixels(seen, repainted) <= MostDifferingPixels)
+        if (seen.empty() || repainted.empty() || lookAlike(seen, repainted))
             return;
         m_desktop.savePicture(seen, m_start.folder + "/seen.ppm");
         m_desktop.savePicture(repainted, m_start.folder + "/repainted.ppm");

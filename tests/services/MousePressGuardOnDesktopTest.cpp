@@ -97,6 +97,8 @@ TEST_F(MousePressGuardOnADesktop, ADoubleClickAfterwardsReachesItWhole)
 {
     clickTwiceOnOk();
     ASSERT_TRUE(waitUntil([this] { return m_behind->releases == 1; }));
+    ASSERT_TRUE(waitUntil([this] { return QApplication::focusWidget() == m_behind; }));
+    ASSERT_TRUE(waitForWindowManager());
     processPending();
     // Away from the other clicks, so that these two alone are a double click.
     doubleClick(*m_behind, QPoint(20, 20));
