@@ -177,7 +177,7 @@ public:
         const QObject* m_closingWindow = nullptr; ///< has accepted the copy of a Close and is closed for it
         static constexpr int NoLevel = -1;
         int m_levelOfTellingOther = NoLevel; ///< count of event loops while isTellingOfOtherInput()
-        bool m_isTellingOfEnd = false; ///< EngineIsNoLongerBusy is being emitted
+        bool m_isTellingOfEnd = false;       ///< EngineIsNoLongerBusy is being emitted
         bool m_isInstalled = false;
     };
 
