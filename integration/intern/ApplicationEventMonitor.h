@@ -175,9 +175,9 @@ public:
         MissedNotifications m_missed{&EventFilter::copyOf};
         NestedLoops m_nestedLoops;
         const QObject* m_closingWindow = nullptr; ///< has accepted the copy of a Close and is closed for it
-        static constexpr int NoLevel = -1;
-        int m_levelOfTellingOther = NoLevel; ///< count of event loops while isTellingOfOtherInput()
-        bool m_isTellingOfEnd = false;       ///< EngineIsNoLongerBusy is being emitted
+        static constexpr int NoLevel = -1;        ///< no count of event loops
+        int m_levelOfTellingOther = NoLevel;      ///< count of event loops while isTellingOfOtherInput()
+        bool m_isTellingOfEnd = false;            ///< EngineIsNoLongerBusy is being emitted
         bool m_isInstalled = false;
     };
 

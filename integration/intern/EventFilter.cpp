@@ -9,6 +9,7 @@
 
 #include <QDropEvent>
 #include <QMouseEvent>
+#include <QScopedValueRollback>
 #include <QWidget>
 
 namespace velmora::sdk::integration::intern {
@@ -117,33 +118,20 @@ bool closesPopup(const QObject& receiver, const QEvent& event)
            static_cast<const QWidget&>(receiver).windowType() == Qt::Popup;
 }
 
-/// Sets a variable for the life of a scope.
-template <typename Value>
-class Temporarily {
-public:
-    Temporarily(Value& variable, Value value) : m_variable(variable), m_before(variable) { m_variable = value; }
-    ~Temporarily() { m_variable = m_before; }
-    Temporarily(const Temporarily&) = delete;
-    Temporarily& operator=(const Temporarily&) = delete;
-
-private:
-    Value& m_variable;
-    const Value m_before;
-};
-
 } // namespace
 
 // A listener may open a loop of its own, in which further events come by here.
 void Filter::notifyEngine(QObject* receiver, const QEvent& event)
 {
     const bool isOther = closesPopup(*receiver, event) || m_nestedLoops.isOneRunning();
-    const Temporarily<int> level(m_levelOfTellingOther, isOther ? toolkit::eventLoopLevel() : NoLevel);
+    const QScopedValueRollback<int> level(m_levelOfTellingOther);
+    m_levelOfTellingOther = isOther ? toolkit::eventLoopLevel() : NoLevel;
     eventAnalyzer(event, *receiver, m_monitor.m_eventNotifier.to(*receiver));
 }
 
 bool Filter::isTellingOfOtherInput() const
 {
-    return m_levelOfTellingOther != NoLevel && m_levelOfTellingOther == toolkit::eventLoopLevel();
+    return m_levelOfTellingOther == toolkit::eventLoopLevel();
 }
 
 void Filter::notifyEngineOfPossibleMouseStateChange(const QEvent& event)

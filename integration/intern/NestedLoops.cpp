@@ -58,6 +58,7 @@ void NestedLoops::workEnded()
 
 bool NestedLoops::isOneRunning() const
 {
+    // Asked for every event that matters to the engine, mostly while it does nothing: spares the toolkit's count.
     if (m_levelOfWork == noLevel && m_levelOfLoop == noLevel)
         return false;
     const int level = toolkit::eventLoopLevel();

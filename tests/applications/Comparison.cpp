@@ -10,8 +10,6 @@
 #include <memory>
 #include <ostream>
 
-#include <poll.h>
-
 namespace velmora::test {
 
 namespace {
@@ -99,14 +97,8 @@ private:
 
     Picture stillPicture()
     {
-        Picture picture = m_desktop.picture();
-        for (int i = 0, same = 0; i < MostLooks && same < LooksAtTheSame; ++i) {
-            poll(nullptr, 0, LookMilliseconds);
-            Picture next = m_desktop.picture();
-            same = next == picture ? same + 1 : 0;
-            picture = std::move(next);
-        }
-        return picture;
+        return lookUntilStill([this] { return m_desktop.picture(); }, {LooksAtTheSame, MostLooks, LookMilliseconds})
+            .picture;
     }
 
     Desktop& m_desktop;

@@ -186,19 +186,19 @@ void Desktop::stopKeyRepetition()
     XSync(m_display, False);
 }
 
-std::vector<unsigned char> Desktop::picture() const
+Picture Desktop::picture() const
 {
     const int screen = DefaultScreen(m_display);
     XImage* const image =
         XGetImage(m_display, DefaultRootWindow(m_display), 0, 0, static_cast<unsigned>(DisplayWidth(m_display, screen)),
                   static_cast<unsigned>(DisplayHeight(m_display, screen)), AllPlanes, ZPixmap);
     const auto* const first = reinterpret_cast<const unsigned char*>(image->data);
-    const std::vector<unsigned char> pixels(first, first + image->bytes_per_line * image->height);
+    const Picture pixels(first, first + image->bytes_per_line * image->height);
     XDestroyImage(image);
     return pixels;
 }
 
-void Desktop::savePicture(const std::vector<unsigned char>& picture, const std::string& fileName) const
+void Desktop::savePicture(const Picture& picture, const std::string& fileName) const
 {
     const int screen = DefaultScreen(m_display);
     std::ofstream file(fileName, std::ios::binary);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tests/applications/Gesture.h"
+#include "tests/applications/Picture.h"
 #include "tests/soak/Screen.h"
 
 #include <string>
@@ -37,9 +38,9 @@ public:
     /// A key that is held for long does not count several times.
     void stopKeyRepetition();
 
-    /// What is to be seen: the pixels of the whole screen, row by row.
-    std::vector<unsigned char> picture() const;
-    void savePicture(const std::vector<unsigned char>& picture, const std::string& fileName) const;
+    /// The whole screen.
+    Picture picture() const;
+    void savePicture(const Picture& picture, const std::string& fileName) const;
     /// What some program has grabbed and not given back: "the pointer", "the keyboard", or "".
     std::string whatIsGrabbed() const;
     /// How many top-level windows the window manager has in its care.

@@ -19,8 +19,8 @@ namespace velmora::test {
 namespace {
 
 constexpr double SecondsBetweenRests = 15;
-constexpr int MostAnswers = 60; ///< to the dialogs and popups that stand between the person and rest
-constexpr int MostLooks = 24;
+constexpr int MostAnswers = 60;   ///< to the dialogs and popups that stand between the person and rest
+constexpr int MostLooks = 23;     ///< after the first
 constexpr int LooksAtTheSame = 8; ///< after the first: longer than the second for which programs show a message
 constexpr int AnswerMilliseconds = 150;
 
@@ -185,16 +185,13 @@ private:
     /// Empty when something moves all the time.
     Picture stillPicture(Program& program)
     {
-        Picture before;
-        for (int i = 0, same = 0; i < MostLooks; ++i) {
+        const auto settled = [&] {
             program.ask("settle");
-            Picture now = m_desktop.picture();
-            same = now == before ? same + 1 : 0;
-            if (same == LooksAtTheSame)
-                return now;
-            before = std::move(now);
-            poll(nullptr, 0, AnswerMilliseconds);
-        }
+            return m_desktop.picture();
+        };
+        LastLook last = lookUntilStill(settled, {LooksAtTheSame, MostLooks, AnswerMilliseconds});
+        if (last.isStill)
+            return std::move(last.picture);
         say("nothing stands still");
         return Picture();
     }

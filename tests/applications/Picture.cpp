@@ -1,6 +1,9 @@
 #include "tests/applications/Picture.h"
 
 #include <cstdlib>
+#include <utility>
+
+#include <poll.h>
 
 namespace velmora::test {
 
@@ -24,6 +27,19 @@ bool lookAlike(const Picture& a, const Picture& b)
         differing += differs ? 1 : 0;
     }
     return differing <= MostDifferingPixels;
+}
+
+LastLook lookUntilStill(const std::function<Picture()>& look, const Stillness& wanted)
+{
+    Picture last = look();
+    int same = 0;
+    for (int i = 0; i < wanted.mostLooks && same < wanted.sameLooks; ++i) {
+        poll(nullptr, 0, wanted.pauseMilliseconds);
+        Picture next = look();
+        same = next == last ? same + 1 : 0;
+        last = std::move(next);
+    }
+    return {std::move(last), same >= wanted.sameLooks};
 }
 
 } // namespace velmora::test

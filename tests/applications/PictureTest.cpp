@@ -3,8 +3,7 @@
 
 #include <gtest/gtest.h>
 
-using velmora::test::lookAlike;
-using velmora::test::Picture;
+using namespace velmora::test;
 
 namespace {
 
@@ -40,4 +39,22 @@ TEST(Picture, PicturesOfDifferentSizesAreDifferent)
 {
     EXPECT_FALSE(lookAlike(Picture(4), Picture(8)));
     EXPECT_FALSE(lookAlike(Picture(), Picture(8)));
+}
+
+TEST(Picture, StandsStillAfterAsManyEqualLooksAsAreWanted)
+{
+    int looks = 0;
+    const LastLook last = lookUntilStill([&] { return withShade(looks++ < 3 ? looks : 9, 50); }, {2, 10, 0});
+    EXPECT_TRUE(last.isStill);
+    EXPECT_EQ(last.picture, withShade(9, 50));
+    EXPECT_EQ(looks, 6);
+}
+
+TEST(Picture, ThatMovesAllTheTimeIsLookedAtSoManyTimesAndNoMore)
+{
+    int looks = 0;
+    const LastLook last = lookUntilStill([&] { return withShade(++looks, 50); }, {2, 10, 0});
+    EXPECT_FALSE(last.isStill);
+    EXPECT_EQ(last.picture, withShade(11, 50));
+    EXPECT_EQ(looks, 11);
 }

@@ -29,26 +29,22 @@ class Window : public QMainWindow {
 public:
     explicit Window(intern::ApplicationEventMonitorAbstract& monitor) : m_monitor(monitor)
     {
-        auto* const table = new QTableWidget(1, 1);
-        table->setItem(0, 0, new QTableWidgetItem("before"));
-        setCentralWidget(table);
-        connect(table, &QTableWidget::itemChanged, [this](QTableWidgetItem* item) { m_told = item->text(); });
+        m_table->setItem(0, 0, new QTableWidgetItem("before"));
+        setCentralWidget(m_table);
     }
 
     /// Opens an editor of the cell with this text in it; false: none came up.
     bool beginEditing(const QString& text)
     {
-        auto& table = static_cast<QTableWidget&>(*centralWidget());
-        table.editItem(table.item(0, 0));
-        auto* const editor = table.findChild<QLineEdit*>();
+        m_table->editItem(m_table->item(0, 0));
+        auto* const editor = m_table->findChild<QLineEdit*>();
         if (!editor)
             return false;
         editor->setText(text);
         return true;
     }
 
-    /// What the window was told of the cell.
-    const QString& told() const { return m_told; }
+    QString cell() const { return m_table->item(0, 0)->text(); }
 
     /// From the event loop on: a loop that is not yet running cannot be ended.
     void beginSoon() { startTimer(0); }
@@ -81,7 +77,7 @@ private:
     }
 
     intern::ApplicationEventMonitorAbstract& m_monitor;
-    QString m_told;
+    QTableWidget* const m_table = new QTableWidget(1, 1); // the window's child
     bool m_hasWorked = false;
 };
 
@@ -102,7 +98,7 @@ int main(int argc, char** argv)
             return 3;
         window.beginSoon();
         result = QApplication::exec();
-        if (window.told() != "typed")
+        if (window.cell() != "typed")
             result = 4;
     }
     monitor.stop();

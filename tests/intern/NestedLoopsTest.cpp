@@ -258,17 +258,20 @@ TEST_F(NestedLoops, WorkBegunInALoopIsInterrupted)
 
 namespace {
 
-/// A host's listener that stops the engine on Escape, although a stop button is in force.
-class StopsOnEscape : public velmora::sdk::integration::KeyEventListenerInterface {
+/// A host's listener that acts on Escape, although a stop button is in force.
+class ActsOnEscape : public velmora::sdk::integration::KeyEventListenerInterface {
 public:
-    explicit StopsOnEscape(Monitor& monitor) : m_monitor(monitor) { m_monitor.addKeyboardListener(this); }
-    ~StopsOnEscape() override { m_monitor.removeKeyboardListener(this); }
+    ActsOnEscape(Monitor& monitor, std::function<void()> act) : m_monitor(monitor), m_act(std::move(act))
+    {
+        m_monitor.addKeyboardListener(this);
+    }
+    ~ActsOnEscape() override { m_monitor.removeKeyboardListener(this); }
 
     void keyPressed(velmora::sdk::integration::KeyEventInterface& event,
                     velmora::sdk::integration::KeyEventObservableInterface&) override
     {
         if (event.key() == Qt::Key_Escape)
-            m_monitor.interrupt();
+            m_act();
     }
     void keyReleased(velmora::sdk::integration::KeyEventInterface&,
                      velmora::sdk::integration::KeyEventObservableInterface&) override
@@ -276,13 +279,14 @@ public:
 
 private:
     Monitor& m_monitor;
+    const std::function<void()> m_act;
 };
 
 } // namespace
 
 TEST_F(NestedLoops, AListenerThatStopsOnEscapeIsNotMetByTheEscapeOfAMenu)
 {
-    const StopsOnEscape listener(monitor);
+    const ActsOnEscape listener(monitor, [&] { request(); });
     QMenu menu;
     menu.addAction(QLatin1String("Action"));
     bool closed = false;
@@ -295,6 +299,25 @@ TEST_F(NestedLoops, AListenerThatStopsOnEscapeIsNotMetByTheEscapeOfAMenu)
     EXPECT_FALSE(work([&] { return closed && ++turns > 3; }));
     typeKey(XK_Escape);
     EXPECT_TRUE(work());
+}
+
+TEST_F(NestedLoops, ARequestMadeInALoopOfAListenerCountsWhateverTheListenerWasToldOf)
+{
+    const ActsOnEscape listener(monitor, [&] {
+        QEventLoop question;
+        AsSoonAs answering([] { return true; },
+                           [&] {
+                               request();
+                               question.quit();
+                           });
+        question.exec();
+    });
+    QMenu menu;
+    menu.addAction(QLatin1String("Action"));
+    InNextTurn opening([&] { menu.exec(window.mapToGlobal(QPoint(20, 20))); });
+    AsSoonAs typing([&] { return menu.isVisible() && menu.isActiveWindow(); }, [] { typeKey(XK_Escape); });
+    EXPECT_TRUE(work());
+    EXPECT_FALSE(menu.isVisible());
 }
 
 TEST_F(NestedLoops, WhatWasSwallowedBeforeALoopIsToldInIt)
@@ -397,7 +420,7 @@ TEST_F(NestedLoops, AnEntryChosenInAnOpenMenuWithTheKeyboardDoesItsWorkAndDoesNo
 
 TEST_F(NestedLoops, ClosingAPopupInterruptsNeitherByItselfNorByAListener)
 {
-    const StopsOnEscape listener(monitor);
+    const ActsOnEscape listener(monitor, [&] { request(); });
     QWidget popup(nullptr, Qt::Popup);
     popup.setGeometry(150, 150, 50, 50);
     popup.show();

@@ -13,4 +13,7 @@ double displayScale(const QWidget& widget);
 /// The toolkit's own connection to the X server.
 Display* toolkitDisplay();
 
+/// Whether the toolkit has taken up all events that the X server has sent to it before a request was answered.
+bool toolkitHasReadAll();
+
 } // namespace velmora::test

@@ -2,9 +2,7 @@
 
 #include "tests/support/ToolkitWindows.h"
 
-#include <QDir>
 #include <QElapsedTimer>
-#include <QFile>
 #include <QThread>
 
 // After Qt, whose enumerators some of Xlib's macros would replace.
@@ -55,22 +53,6 @@ void askForFrame(const Connection& connection, Window window)
                &request);
 }
 
-/// Whether the thread in which the toolkit reads from the server waits for something to read. Toolkits without
-/// such a thread read when they process events.
-bool readerHasReadAll()
-{
-    const QDir threads(QLatin1String("/proc/self/task"));
-    for (const QString& thread : threads.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
-        QFile status(threads.filePath(thread + QLatin1String("/status")));
-        if (!status.open(QIODevice::ReadOnly))
-            continue;
-        const QByteArray text = status.readAll();
-        if (text.startsWith("Name:\tQXcbEventQueue") && !text.contains("State:\tS"))
-            return false;
-    }
-    return true;
-}
-
 } // namespace
 
 bool hasWindowManager()
@@ -92,8 +74,7 @@ bool waitForWindowManager()
     while (!answered && clock.elapsed() < PatienceMilliseconds)
         answered = hasProperty(connection, window, "_NET_FRAME_EXTENTS");
     XSync(toolkitDisplay(), False);
-    // What came before the answer has been read now, or its reader has been woken for it.
-    while (answered && !readerHasReadAll() && clock.elapsed() < PatienceMilliseconds)
+    while (answered && !toolkitHasReadAll() && clock.elapsed() < PatienceMilliseconds)
         QThread::yieldCurrentThread();
     return answered;
 }

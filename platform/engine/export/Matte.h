@@ -1,7 +1,5 @@
 #pragma once
 
-#include <cstddef>
-
 namespace velmora::engine {
 
 /// One row of a picture that was drawn twice, on white and on black ground, as pixels of red, green, blue

@@ -14,4 +14,10 @@ Display* toolkitDisplay()
     return QX11Info::display();
 }
 
+// It reads when it processes events.
+bool toolkitHasReadAll()
+{
+    return true;
+}
+
 } // namespace velmora::test
