@@ -18,7 +18,11 @@ const int PatienceMilliseconds = 30000;
 // A connection of its own, so that no event of the toolkit's is taken from its queue.
 struct Connection {
     Connection() : display(XOpenDisplay(nullptr)) {}
-    ~Connection() { XCloseDisplay(display); }
+    ~Connection()
+    {
+        if (display)
+            XCloseDisplay(display);
+    }
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
 
@@ -58,7 +62,7 @@ void askForFrame(const Connection& connection, Window window)
 bool hasWindowManager()
 {
     const Connection connection;
-    return hasProperty(connection, connection.root(), "_NET_SUPPORTING_WM_CHECK");
+    return connection.display && hasProperty(connection, connection.root(), "_NET_SUPPORTING_WM_CHECK");
 }
 
 bool waitForWindowManager()

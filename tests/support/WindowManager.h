@@ -2,7 +2,7 @@
 
 namespace velmora::test {
 
-/// Whether a window manager runs on the display.
+/// Whether there is a display and a window manager runs on it.
 bool hasWindowManager();
 
 /// Waits until the window manager has worked off what the X server told it before, at most 30 seconds;
