@@ -5,7 +5,7 @@ set(VELMORA_PACKAGE_MAINTAINER "The Velmora integration developers <maintainers@
 mark_as_advanced(VELMORA_PACKAGE_MAINTAINER)
 
 set(CPACK_GENERATOR DEB)
-set(CPACK_PACKAGE_NAME velmora-integration-qt)
+set(CPACK_PACKAGE_NAME velmora-integration-qt${VELMORA_TOOLKIT_SUFFIX})
 set(CPACK_PACKAGE_VENDOR "The Velmora integration developers")
 set(CPACK_RESOURCE_FILE_LICENSE "${PROJECT_SOURCE_DIR}/LICENSE")
 # Each package has a summary of its own, before which CPack would put this one.
@@ -56,28 +56,41 @@ set(about "It gives the engine what it needs from a windowing toolkit: a manager
           "dialogs, cursors and printing.")
 
 set(platform libvelmora-platform${PROJECT_VERSION_MAJOR})
-set(library libvlsdkintegrationmanager-qt${PROJECT_VERSION_MAJOR})
+# A name that ends in a digit is told from the version behind it.
+set(qt qt${VELMORA_TOOLKIT_SUFFIX})
+set(versioned ${qt}${PROJECT_VERSION_MAJOR})
+if(VELMORA_TOOLKIT_SUFFIX)
+  set(versioned ${qt}-${PROJECT_VERSION_MAJOR})
+endif()
+set(platform_ui libvelmora-platform-${versioned})
+set(library libvlsdkintegrationmanager-${versioned})
 if(NOT VELMORA_SDK_ROOT)
-  set(needs_platform "${platform} ${same}")
-  set(needs_platform_development "libvelmora-platform-dev ${same}")
+  set(needs_platform "${platform} ${same}" "${platform_ui} ${same}")
+  set(needs_platform_development "libvelmora-platform-dev ${same}" "libvelmora-platform-${qt}-dev ${same}")
   velmora_package(platform ${platform} LIBRARY SECTION libs RECOMMENDS libgl1-mesa-dri
     SUMMARY "Reference platform of the Velmora integration for Qt"
     TEXT "An open engine that draws tables and grids, with the interfaces of the closed" "one.")
   velmora_package(platform_development libvelmora-platform-dev SECTION libdevel
-    DEPENDS ${needs_platform} libboost-dev
+    DEPENDS "${platform} ${same}" libboost-dev
     SUMMARY "Reference platform of the Velmora integration for Qt (headers)"
     TEXT "The headers of the engine's libraries, and the interfaces that the engine and" "the integration share.")
+  velmora_package(platform_ui ${platform_ui} LIBRARY SECTION libs DEPENDS "${platform} ${same}"
+    SUMMARY "Reference platform of the Velmora integration for Qt (dialogs)"
+    TEXT "The platform's one library that is made of the toolkit.")
+  velmora_package(platform_ui_development libvelmora-platform-${qt}-dev SECTION libdevel
+    DEPENDS "${platform_ui} ${same}" "libvelmora-platform-dev ${same}"
+    SUMMARY "Reference platform of the Velmora integration for Qt (dialogs, for development)"
+    TEXT "What a program is linked with that uses the platform's dialogs.")
 endif()
 # Both are loaded at run time; either is enough to draw images by software.
 velmora_package(runtime ${library} LIBRARY SECTION libs DEPENDS ${needs_platform} RECOMMENDS "libegl1 | libosmesa6"
   SUMMARY "Binds a visualisation engine to a Qt desktop application" TEXT ${about})
-velmora_package(development libvlsdkintegrationmanager-qt-dev SECTION libdevel
-  DEPENDS "${library} ${same}" ${needs_platform_development} libboost-dev qtbase5-dev libqt5opengl5-dev
-          libqt5x11extras5-dev
+velmora_package(development libvlsdkintegrationmanager-${qt}-dev SECTION libdevel
+  DEPENDS "${library} ${same}" ${needs_platform_development} libboost-dev ${VELMORA_TOOLKIT_PACKAGES}
   SUMMARY "Binds a visualisation engine to a Qt desktop application (headers)"
   TEXT ${about} "These are its headers, its CMake package and its pkg-config file.")
 if(VELMORA_BUILD_EXAMPLES)
-  velmora_package(examples velmora-integration-qt-examples SECTION graphics DEPENDS "${library} ${same}"
+  velmora_package(examples velmora-integration-${qt}-examples SECTION graphics DEPENDS "${library} ${same}"
     SUMMARY "Example hosts of the Velmora integration for Qt"
     TEXT "A viewer of tables and grids, and the sources of two hosts with data to show.")
 endif()

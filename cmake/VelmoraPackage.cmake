@@ -1,17 +1,18 @@
-# The package for adopters: find_package(VelmoraIntegrationQt) and pkg-config velmora-integration-qt.
+# The package for adopters: find_package(VelmoraIntegrationQt) and pkg-config velmora-integration-qt, with the
+# suffix of the toolkit.
 include(CMakePackageConfigHelpers)
 set(package "${PROJECT_SOURCE_DIR}/cmake/package")
+set(name VelmoraIntegrationQt${VELMORA_TOOLKIT_SUFFIX})
 
 install(TARGETS velmora_toolkit EXPORT VelmoraIntegrationQt)
-install(EXPORT VelmoraIntegrationQt NAMESPACE Velmora:: FILE VelmoraIntegrationQtTargets.cmake
+install(EXPORT VelmoraIntegrationQt NAMESPACE Velmora:: FILE VelmoraIntegrationQt${VELMORA_TOOLKIT_SUFFIX}Targets.cmake
         DESTINATION "${VELMORA_INSTALL_CMAKE}" COMPONENT development)
 configure_package_config_file("${package}/VelmoraIntegrationQtConfig.cmake.in"
-  "${PROJECT_BINARY_DIR}/package/VelmoraIntegrationQtConfig.cmake"
-  INSTALL_DESTINATION "${VELMORA_INSTALL_CMAKE}" PATH_VARS VELMORA_INSTALL_HEADERS)
-write_basic_package_version_file("${PROJECT_BINARY_DIR}/package/VelmoraIntegrationQtConfigVersion.cmake"
+  "${PROJECT_BINARY_DIR}/package/${name}Config.cmake"
+  INSTALL_DESTINATION "${VELMORA_INSTALL_CMAKE}" PATH_VARS VELMORA_INSTALL_HEADERS VELMORA_INSTALL_PLATFORM_CMAKE)
+write_basic_package_version_file("${PROJECT_BINARY_DIR}/package/${name}ConfigVersion.cmake"
   COMPATIBILITY SameMajorVersion)
-install(FILES "${PROJECT_BINARY_DIR}/package/VelmoraIntegrationQtConfig.cmake"
-              "${PROJECT_BINARY_DIR}/package/VelmoraIntegrationQtConfigVersion.cmake"
+install(FILES "${PROJECT_BINARY_DIR}/package/${name}Config.cmake" "${PROJECT_BINARY_DIR}/package/${name}ConfigVersion.cmake"
               "${PROJECT_SOURCE_DIR}/cmake/VelmoraSdkTargets.cmake"
         DESTINATION "${VELMORA_INSTALL_CMAKE}" COMPONENT development)
 
@@ -29,4 +30,5 @@ else()
   list(PREPEND pc_requires "velmora-platform = ${PROJECT_VERSION}")
 endif()
 list(JOIN pc_requires ", " VELMORA_PC_REQUIRES)
-velmora_install_pkgconfig("${package}/velmora-integration-qt.pc.in" development)
+velmora_install_pkgconfig("${package}/velmora-integration-qt.pc.in" velmora-integration-qt${VELMORA_TOOLKIT_SUFFIX}.pc
+                          development)

@@ -33,10 +33,14 @@ macro(velmora_sdk_targets folder missing)
   endif()
 
   foreach(velmora_name IN LISTS VELMORA_SDK_LIBRARIES)
-    find_library(velmora_sdk_${velmora_name} NAMES ${velmora_name} NO_DEFAULT_PATH NO_CACHE
+    set(velmora_file ${velmora_name})
+    if(velmora_name STREQUAL common_ui_qt)
+      set(velmora_file common_ui_qt${VELMORA_TOOLKIT_SUFFIX}) # the one that is made of the toolkit
+    endif()
+    find_library(velmora_sdk_${velmora_name} NAMES ${velmora_file} NO_DEFAULT_PATH NO_CACHE
                  PATHS "${velmora_sdk}/lib" "${velmora_sdk}/lib64" "${velmora_sdk}/lib/${CMAKE_LIBRARY_ARCHITECTURE}")
     if(NOT velmora_sdk_${velmora_name})
-      list(APPEND ${missing} "library lib${velmora_name}.so below ${velmora_sdk}/lib")
+      list(APPEND ${missing} "library lib${velmora_file}.so below ${velmora_sdk}/lib")
     endif()
     if(velmora_sdk_include AND NOT EXISTS "${velmora_sdk_include}/${VELMORA_SDK_HEADER_${velmora_name}}")
       list(APPEND ${missing} "header ${VELMORA_SDK_HEADER_${velmora_name}} below ${velmora_sdk_include}")

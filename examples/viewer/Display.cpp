@@ -2,9 +2,9 @@
 
 #include "engine/VelEng.h"
 #include "exception/ExceptionBase.h"
+#include "integration/glarea/GLDrawArea.h"
 
 #include <QByteArray>
-#include <QGLWidget>
 #include <QString>
 #include <cstdio>
 #include <cstdlib>
@@ -73,9 +73,9 @@ QString displayProblem()
 }
 
 // An X server that does the drawing itself may offer contexts that do not work.
-void requireOpenGL(QGLWidget& widget)
+void requireOpenGL(velmora::sdk::integration::GLDrawArea& area)
 {
-    widget.makeCurrent();
+    area.makeCurrent();
     if (!*VelEngOpenGLVersion())
         throw velmora::ExceptionBase("The display's OpenGL does not work: it tells no version.", false);
 }

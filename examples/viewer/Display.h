@@ -1,7 +1,10 @@
 #pragma once
 
-class QGLWidget;
 class QString;
+
+namespace velmora::sdk::integration {
+class GLDrawArea;
+}
 
 namespace viewer {
 
@@ -13,8 +16,8 @@ void doWithoutDisplay();
 /// before there is one: the toolkit would abort the process.
 QString displayProblem();
 
-/// Throws velmora::ExceptionBase when nothing can be drawn into the widget although it is valid.
-void requireOpenGL(QGLWidget& widget);
+/// Throws velmora::ExceptionBase when nothing can be drawn into the area although it is valid.
+void requireOpenGL(velmora::sdk::integration::GLDrawArea& area);
 /// What to do when the display has no OpenGL for a window.
 QString openGLRemedy();
 

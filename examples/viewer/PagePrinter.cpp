@@ -1,6 +1,7 @@
 #include "PagePrinter.h"
 
 #include "PrintedFile.h"
+#include "Toolkit.h"
 #include "engine/VelUtil.h"
 #include "interfaces/EngineEnumerations.h"
 
@@ -91,18 +92,6 @@ private:
     int m_taken = 0;
 };
 
-// The toolkit would have images in a PDF file compressed as photographs are, which leaves shadows
-// around lines and letters. Toolkits that know no other way do not have the hint either.
-template <typename Painter>
-auto keepImagesExact(Painter& painter, int) -> decltype(static_cast<void>(Painter::LosslessImageRendering))
-{
-    painter.setRenderHint(Painter::LosslessImageRendering);
-}
-
-template <typename Painter>
-void keepImagesExact(Painter&, long)
-{}
-
 } // namespace
 
 bool printPage(QPrinter& printer, int finest)
@@ -113,7 +102,7 @@ bool printPage(QPrinter& printer, int finest)
     if (!painter.begin(&printer))
         return false;
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    keepImagesExact(painter, 0);
+    keepImagesExact(painter);
     const double resolution = std::min(printer.resolution(), finest);
     Bands bands(painter, printer.resolution() / resolution);
     const bool drawn = VelUtilRenderPage(resolution, ImageRenderingStrategy_Software, &Bands::takeRow,

@@ -1,5 +1,7 @@
 #include "PageSetup.h"
 
+#include "Toolkit.h"
+
 #include <QComboBox>
 #include <QDoubleSpinBox>
 #include <QPageSetupDialog>
@@ -43,7 +45,7 @@ void showCustomPaper(QPageSetupDialog& dialog, const QPrinter& printer)
 bool askForPage(QPrinter& printer, QWidget& parent)
 {
     QPageSetupDialog dialog(&printer, &parent);
-    if (printer.pageSize() == QPrinter::Custom)
+    if (hasCustomPaper(printer))
         showCustomPaper(dialog, printer);
     return dialog.exec() == QDialog::Accepted;
 }

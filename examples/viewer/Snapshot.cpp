@@ -6,12 +6,12 @@
 #include "NewFile.h"
 #include "Options.h"
 #include "ScreenPixels.h"
+#include "Toolkit.h"
 #include "engine/VelUtil.h"
 #include "integration/Manager.h"
 #include "integration/glarea/GLDrawArea.h"
 
 #include <QApplication>
-#include <QDesktopWidget>
 #include <QElapsedTimer>
 #include <QImage>
 #include <cmath>
@@ -52,7 +52,7 @@ QSize sizeToGrab(const QSize& size, const GLDrawArea& area)
 QSize sizeOfScreen(const GLDrawArea& area)
 {
     const double scale = screenPixelsPerPixel(area);
-    const QSize size = QApplication::desktop()->size();
+    const QSize size = desktopSize();
     return QSize(qCeil(size.width() * scale), qCeil(size.height() * scale));
 }
 

@@ -1,6 +1,7 @@
 #include "ViewTools.h"
 
 #include "ScreenPixels.h"
+#include "Toolkit.h"
 #include "engine/VelEng.h"
 #include "engine/VelUtil.h"
 #include "integration/glarea/GLDrawArea.h"
@@ -112,9 +113,9 @@ bool ViewTools::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched != &m_area || event->type() != QEvent::Wheel)
         return false;
-    const QWheelEvent& wheel = static_cast<const QWheelEvent&>(*event);
-    const QPointF position = QPointF(wheel.pos()) * screenPixelsPerPixel(m_area);
-    VelUtilViewZoom(std::pow(ZoomPerWheelUnit, wheel.delta()), position.x(), position.y());
+    const WheelTurn turn = turnOf(static_cast<const QWheelEvent&>(*event));
+    const QPointF position = turn.position * screenPixelsPerPixel(m_area);
+    VelUtilViewZoom(std::pow(ZoomPerWheelUnit, turn.delta), position.x(), position.y());
     return true;
 }
 

@@ -5,12 +5,12 @@
 #include "MainWindow.h"
 #include "Options.h"
 #include "Snapshot.h"
+#include "Toolkit.h"
 #include "exception/ExceptionBase.h"
 #include "integration/HeldBackEvents.h"
 #include "integration/glarea/GLDrawArea.h"
 
 #include <QApplication>
-#include <QDesktopWidget>
 #include <cstdio>
 
 namespace {
@@ -28,7 +28,7 @@ int showWindow(const viewer::Options& options)
     viewer::MainWindow window;
     viewer::requireOpenGL(window.drawArea());
     if (options.size.isValid())
-        window.resize(options.size.boundedTo(QApplication::desktop()->size()));
+        window.resize(options.size.boundedTo(viewer::desktopSize()));
     window.show();
     window.openLater(options.files);
     return QApplication::exec();

@@ -2,6 +2,7 @@
 
 #include "integration/intern/MissedNotifications.h"
 #include "integration/intern/NestedLoops.h"
+#include "integration/toolkit/ClosingOfDialogs.h"
 #include "integrationmanager/ApplicationEventMonitorAbstract.h"
 
 #include <QObject>
@@ -174,6 +175,7 @@ public:
         std::unique_ptr<QEvent> m_abandonedClone; ///< a copy whose handler threw
         MissedNotifications m_missed{&EventFilter::copyOf};
         NestedLoops m_nestedLoops;
+        toolkit::ClosingOfDialogs m_closingOfDialogs;
         const QObject* m_closingWindow = nullptr; ///< has accepted the copy of a Close and is closed for it
         static constexpr int NoLevel = -1;        ///< no count of event loops
         int m_levelOfTellingOther = NoLevel;      ///< count of event loops while isTellingOfOtherInput()

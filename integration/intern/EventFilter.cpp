@@ -17,11 +17,15 @@ namespace velmora::sdk::integration::intern {
 using Filter = ApplicationEventMonitor::EventFilter;
 
 Filter::EventFilter(ApplicationEventMonitor& monitor)
-    : m_monitor(monitor), m_nestedLoops(monitor, [this] {
-          // What was swallowed before such a loop began is told in it, where everything works as ever.
-          if (!m_missed.isEmpty())
-              postTrigger();
-      })
+    : m_monitor(monitor), m_nestedLoops(monitor,
+                                        [this] {
+                                            // What was swallowed before such a loop began is told in it, where
+                                            // everything works as ever.
+                                            if (!m_missed.isEmpty())
+                                                postTrigger();
+                                        }),
+      m_closingOfDialogs(
+          [this](QObject* receiver, QEvent* event) { return m_isInstalled && eventFilter(receiver, event); })
 {}
 
 Filter::~EventFilter()
@@ -63,7 +67,7 @@ bool Filter::eventFilter(QObject* receiver, QEvent* event)
 {
     // Every rule applies to the widget (or application) that follows; otherwise each press would be
     // announced twice.
-    if (toolkit::isOnlyTransport(receiver))
+    if (toolkit::isOnlyTransport(receiver) || m_closingOfDialogs.takesOver(receiver, *event))
         return false;
     const QEvent::Type type = event->type();
     if (type == QEvent::Close && m_closingWindow == receiver)

@@ -10,11 +10,10 @@ namespace velmora::sdk::integration::intern {
 
 namespace {
 
-MouseWheelEvent recordOf(const QWheelEvent& event, const QObject& receiver)
+MouseWheelEvent recordOf(const QWheelEvent& event, const toolkit::WheelTurn& turn, const QObject& receiver)
 {
     const Qt::MouseButtons held = event.buttons();
     const QPoint position = toolkit::screenPosition(event, receiver);
-    const toolkit::WheelTurn turn = toolkit::turnOf(event);
     return MouseWheelEvent(position.x(), position.y(), turn.delta, (held & Qt::LeftButton) != 0,
                            (held & Qt::MiddleButton) != 0, (held & Qt::RightButton) != 0,
                            turn.isVertical ? MouseWheelEventInterface::Orientation_Vertical
@@ -36,8 +35,10 @@ void Notifier::handleTimerEventCausingWidgetChange(const QTimerEvent&)
 // Through the signal alone: the engine itself takes no wheel.
 void Notifier::handleMouseWheelEvent(const QWheelEvent& event)
 {
-    MouseWheelEvent record = recordOf(event, *m_receiver);
-    m_monitor.emitWheelRotated(record);
+    for (const toolkit::WheelTurn& turn : toolkit::turnsOf(event)) {
+        MouseWheelEvent record = recordOf(event, turn, *m_receiver);
+        m_monitor.emitWheelRotated(record);
+    }
 }
 
 void Notifier::handleMouseMoveEvent(const QMouseEvent& event)

@@ -147,17 +147,19 @@ Tell dragLeave(const QEvent&)
     };
 }
 
+Tell sendCopy(std::shared_ptr<QEvent> copy)
+{
+    return [copy](QObject& receiver) { QCoreApplication::sendEvent(&receiver, copy.get()); };
+}
+
 Tell inputMethod(const QEvent& event)
 {
     const auto* const told = dynamic_cast<const QInputMethodEvent*>(&event);
     if (!told)
         return nullptr;
-    QInputMethodEvent copy(told->preeditString(), told->attributes());
-    copy.setCommitString(told->commitString(), told->replacementStart(), told->replacementLength());
-    return [copy](QObject& receiver) {
-        QInputMethodEvent again(copy);
-        QCoreApplication::sendEvent(&receiver, &again);
-    };
+    const auto copy = std::make_shared<QInputMethodEvent>(told->preeditString(), told->attributes());
+    copy->setCommitString(told->commitString(), told->replacementStart(), told->replacementLength());
+    return sendCopy(copy);
 }
 
 // A scene queues these calls of itself once and waits for them before it queues the next; queued calls
@@ -166,12 +168,6 @@ void wakeScene(QObject& scene)
 {
     for (const char* const call : {"_q_polishItems", "_q_processDirtyItems", "_q_emitUpdated"})
         QMetaObject::invokeMethod(&scene, call, Qt::QueuedConnection);
-}
-
-// With a true position and no other button held, as it was.
-Tell sendCopy(std::shared_ptr<QEvent> copy)
-{
-    return [copy](QObject& receiver) { QCoreApplication::sendEvent(&receiver, copy.get()); };
 }
 
 // Without a click: the release is gone.

@@ -13,6 +13,7 @@ struct ContextFacts {
     bool hasDepth;
     int depthSize;
     int stencilSize;
+    int samples;
     bool hasDoubleBuffer;
     int redSize;
     int greenSize;

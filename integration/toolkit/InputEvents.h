@@ -23,7 +23,22 @@ struct WheelTurn {
     int delta;
     bool isVertical;
 };
-WheelTurn turnOf(const QWheelEvent& event);
+
+/// The turns that one event tells of: one, or, of what turns in both directions, the vertical one and the horizontal
+/// one.
+class WheelTurns {
+public:
+    explicit WheelTurns(const WheelTurn& turn) : m_turns{turn, {}}, m_count(1) {}
+    WheelTurns(const WheelTurn& first, const WheelTurn& second) : m_turns{first, second}, m_count(2) {}
+
+    const WheelTurn* begin() const { return m_turns; }
+    const WheelTurn* end() const { return m_turns + m_count; }
+
+private:
+    WheelTurn m_turns[2];
+    int m_count;
+};
+WheelTurns turnsOf(const QWheelEvent& event);
 
 /// The first key of the shortcut as the toolkit packs it, modifier bits included.
 int firstKeyOf(const QShortcutEvent& event);

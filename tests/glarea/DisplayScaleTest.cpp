@@ -8,6 +8,7 @@
 #include "tests/intern/MonitorHarness.h"
 #include "tests/support/Pixels.h"
 #include "tests/support/Wait.h"
+#include "tests/support/WheelEvents.h"
 #include "tests/support/XInput.h"
 
 #include <QMouseEvent>
@@ -108,7 +109,7 @@ TEST_F(DisplayScale, TheMonitorReportsTheSamePlaceForButtonsAndWheel)
     releaseButton(3);
     EXPECT_TRUE(waitUntil([&] { return ofMonitor.released == place; }, 3000));
     EXPECT_EQ(ofMonitor.pressed, place);
-    QWheelEvent turn(QPoint(20, 30), QPoint(20, 30), 120, Qt::NoButton, Qt::NoModifier, Qt::Vertical);
+    QWheelEvent turn = wheelEvent(QPoint(20, 30), QPoint(20, 30), 120, Qt::NoButton, Qt::NoModifier, Qt::Vertical);
     QCoreApplication::sendEvent(&area, &turn);
     ASSERT_FALSE(wheels.empty());
     EXPECT_EQ(wheels.front(), inScreenPixels(area, QPoint(20, 30)));

@@ -1,13 +1,14 @@
 #include "integration/glarea/GLDrawArea.h"
 
+#include "chosen_toolkit/GLWidget.h"
 #include "exception/ExceptionBase.h"
+#include "integration/toolkit/ContextFacts.h"
 #include "testing/EngineProbe.h"
 #include "tests/glarea/DrawAreaFixture.h"
 #include "tests/support/DisplayScale.h"
 #include "tests/support/QtWarnings.h"
 #include "tests/support/Wait.h"
 
-#include <QGLContext>
 #include <QPaintEvent>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -27,7 +28,8 @@ TEST_F(DrawArea, IsFoundByItsNameItsClassAndItsInterface)
     QObject* const object = &area;
     EXPECT_EQ(qobject_cast<GLDrawAreaInterface*>(object), static_cast<GLDrawAreaInterface*>(&area));
     EXPECT_EQ(object->qt_metacast("GLDrawAreaInterface"), static_cast<void*>(static_cast<GLDrawAreaInterface*>(&area)));
-    EXPECT_EQ(object->qt_metacast("QGLWidget"), static_cast<void*>(static_cast<QGLWidget*>(&area)));
+    EXPECT_EQ(object->qt_metacast(toolkit::GLWidget::staticMetaObject.className()),
+              static_cast<void*>(static_cast<toolkit::GLWidget*>(&area)));
     EXPECT_EQ(object->qt_metacast("Something else"), nullptr);
 }
 
@@ -150,7 +152,7 @@ TEST_F(DrawArea, ClearingTheContextLeavesItCurrent)
     GLDrawArea area;
     ASSERT_TRUE(area.getGLContext().setCurrentGL());
     EXPECT_TRUE(area.getGLContext().clearCurrentGL());
-    EXPECT_EQ(QGLContext::currentContext(), area.context());
+    EXPECT_EQ(toolkit::GLContext::currentContext(), area.context());
 }
 
 TEST_F(DrawArea, PrintDebugPrintsFourteenLinesOncePerConstruction)
@@ -162,22 +164,22 @@ TEST_F(DrawArea, PrintDebugPrintsFourteenLinesOncePerConstruction)
     const std::string printed = ::testing::internal::GetCapturedStdout();
     ::unsetenv("VELMORA_PRINT_DEBUG");
 
-    const QGLFormat format = area.format();
+    const toolkit::ContextFacts format = toolkit::factsOf(area.format());
     const auto line = [](const char* label, long value) { return std::string(label) + std::to_string(value) + "\n"; };
-    EXPECT_EQ(printed, line("GL accumulation Buffer On = ", format.accum()) +
-                           line("GL accumulation Buffer Sz = ", format.accumBufferSize()) +
-                           line("GL alpha Buffer Size      = ", format.alphaBufferSize()) +
-                           line("GL depth Buffer On        = ", format.depth()) +
-                           line("GL depth Buffer Size      = ", format.depthBufferSize()) +
-                           line("GL stencil Buffer Sz      = ", format.stencilBufferSize()) +
-                           line("GL double Buffer On       = ", format.doubleBuffer()) +
-                           line("GL red Buffer Size        = ", format.redBufferSize()) +
-                           line("GL green Buffer Size      = ", format.greenBufferSize()) +
-                           line("GL blue Buffer Size       = ", format.blueBufferSize()) +
-                           line("GL major Version          = ", format.majorVersion()) +
-                           line("GL minor Version          = ", format.minorVersion()) +
-                           line("GL plane                  = ", format.plane()) +
-                           line("GL swap Interval          = ", format.swapInterval()));
+    EXPECT_EQ(printed, line("GL accumulation Buffer On = ", format.hasAccum) +
+                           line("GL accumulation Buffer Sz = ", format.accumSize) +
+                           line("GL alpha Buffer Size      = ", format.alphaSize) +
+                           line("GL depth Buffer On        = ", format.hasDepth) +
+                           line("GL depth Buffer Size      = ", format.depthSize) +
+                           line("GL stencil Buffer Sz      = ", format.stencilSize) +
+                           line("GL double Buffer On       = ", format.hasDoubleBuffer) +
+                           line("GL red Buffer Size        = ", format.redSize) +
+                           line("GL green Buffer Size      = ", format.greenSize) +
+                           line("GL blue Buffer Size       = ", format.blueSize) +
+                           line("GL major Version          = ", format.majorVersion) +
+                           line("GL minor Version          = ", format.minorVersion) +
+                           line("GL plane                  = ", format.plane) +
+                           line("GL swap Interval          = ", format.swapInterval));
 }
 
 TEST_F(DrawArea, WithoutPrintDebugNothingIsPrinted)
@@ -243,25 +245,6 @@ TEST_F(DrawArea, ItsEndIsToldOnceAlthoughTheToolkitSaysItToo)
         area.connectDrawAreaDestroyed([&] { ++told; });
     }
     EXPECT_EQ(told, 1);
-}
-
-TEST_F(DrawArea, WithoutAPageAndWithoutAContextTheToolkitDoesNotPaintButTheExposureFollows)
-{
-    EngineProbe::setPageTrackerState(0);
-    ToolkitWatch area;
-    Painter painter(area, Green);
-    ASSERT_TRUE(showAndWait(area));
-    ASSERT_GT(area.paints, 0);
-    const int draws = area.draws;
-    area.removeStateListener(&painter); // it would draw
-    int exposed = 0;
-    area.connectDrawAreaExposed([&](bool) { ++exposed; });
-    const_cast<QGLContext*>(area.context())->reset();
-    ASSERT_FALSE(area.context()->isValid());
-    QPaintEvent paint(area.rect());
-    area.paintEvent(&paint);
-    EXPECT_EQ(area.draws, draws);
-    EXPECT_EQ(exposed, 1);
 }
 
 TEST_F(DrawArea, ItsObserversAreMadeInTheirOrder)

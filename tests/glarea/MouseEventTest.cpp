@@ -49,7 +49,7 @@ public:
 TEST(MouseEvents, TheButtonsMapToOneTwoThreeAndEverythingElseToZero)
 {
     EXPECT_EQ(buttonOf(Qt::LeftButton), 1);
-    EXPECT_EQ(buttonOf(Qt::MidButton), 2);
+    EXPECT_EQ(buttonOf(Qt::MiddleButton), 2);
     EXPECT_EQ(buttonOf(Qt::RightButton), 3);
     EXPECT_EQ(buttonOf(Qt::NoButton), 0);
     EXPECT_EQ(buttonOf(static_cast<Qt::MouseButton>(3)), 0);

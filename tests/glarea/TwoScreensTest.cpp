@@ -3,11 +3,11 @@
 #include "interfaces/MouseEventInterface.h"
 #include "interfaces/MouseEventListenerInterface.h"
 #include "tests/glarea/DrawAreaFixture.h"
+#include "tests/support/ToolkitWindows.h"
 #include "tests/support/Wait.h"
 #include "tests/support/XInput.h"
 
 #include <QApplication>
-#include <QDesktopWidget>
 #include <QPoint>
 #include <QSize>
 
@@ -26,9 +26,7 @@ protected:
     void SetUp() override
     {
         DrawArea::SetUp();
-        ASSERT_EQ(2, QApplication::desktop()->screenCount());
-        ASSERT_EQ(Left, QApplication::desktop()->screenGeometry(0));
-        ASSERT_EQ(Right, QApplication::desktop()->screenGeometry(1));
+        ASSERT_EQ((std::vector<QRect>{Left, Right}), screenGeometries());
     }
 };
 

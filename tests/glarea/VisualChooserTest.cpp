@@ -5,6 +5,7 @@
 #include "integration/glarea/GLDrawArea.h"
 #include "integration/glarea/VisualList.h"
 #include "integration/glarea/VisualRanking.h"
+#include "integration/toolkit/ContextFacts.h"
 #include "integration/toolkit/XDisplay.h"
 #include "testing/EngineProbe.h"
 #include "tests/support/Wait.h"
@@ -272,19 +273,16 @@ TEST_F(VisualChooser, WithoutPrintDebugNothingIsPrinted)
 TEST_F(VisualChooser, TheConstructorAppliesConfiguredSizesAboveZeroOnly)
 {
     const GoodVisualChooserQGLContext byDefault;
-    EXPECT_FALSE(byDefault.requestedFormat().accum() && byDefault.requestedFormat().accumBufferSize() > 0);
+    const int ordinaryDepth = toolkit::factsOf(byDefault.requestedFormat()).depthSize;
     setScreenRendering("DepthBufferSize", 16);
     setScreenRendering("MaxMultiSamples", 2);
-    setScreenRendering("MaxAccumBufferSize", -8);
     const GoodVisualChooserQGLContext configured;
-    EXPECT_EQ(configured.requestedFormat().depthBufferSize(), 16);
-    EXPECT_EQ(configured.requestedFormat().samples(), 2);
-    EXPECT_EQ(configured.requestedFormat().accumBufferSize(), byDefault.requestedFormat().accumBufferSize());
-    EXPECT_TRUE(configured.requestedFormat().doubleBuffer());
-    EXPECT_TRUE(configured.requestedFormat().rgba());
-    EXPECT_TRUE(configured.requestedFormat().sampleBuffers());
-    setScreenRendering("MaxAccumBufferSize", 8);
-    EXPECT_EQ(GoodVisualChooserQGLContext().requestedFormat().accumBufferSize(), 8);
+    const toolkit::ContextFacts facts = toolkit::factsOf(configured.requestedFormat());
+    EXPECT_EQ(facts.depthSize, 16);
+    EXPECT_EQ(facts.samples, 2);
+    EXPECT_TRUE(facts.hasDoubleBuffer);
+    setScreenRendering("DepthBufferSize", -16);
+    EXPECT_EQ(toolkit::factsOf(GoodVisualChooserQGLContext().requestedFormat()).depthSize, ordinaryDepth);
 }
 
 // What the window really got, from the X server; most toolkits are asked for the sizes, not the ID.

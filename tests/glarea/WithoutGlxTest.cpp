@@ -3,8 +3,10 @@
 #include "integration/StyleSettings.h"
 #include "integration/glarea/GLDrawArea.h"
 #include "integration/glarea/VisualList.h"
+#include "integration/toolkit/ContextFacts.h"
 #include "integration/toolkit/XDisplay.h"
 #include "tests/faults/XServer.h"
+#include "tests/support/Wait.h"
 #include "toolbox/StyleValue.h"
 
 #include <QApplication>
@@ -26,11 +28,12 @@ TEST(WithoutGlx, TheToolkitChoosesAndNothingIsWritten)
 TEST(WithoutGlx, TheDrawingAreaHasADepthBuffer)
 {
     GLDrawArea area(nullptr);
+    ASSERT_TRUE(velmora::test::showAndWait(area));
     area.makeCurrent();
     GLint bits = 0;
     glGetIntegerv(GL_DEPTH_BITS, &bits);
     EXPECT_GE(bits, 16);
-    EXPECT_TRUE(area.format().depth());
+    EXPECT_TRUE(toolkit::factsOf(area.format()).hasDepth);
 }
 
 int main(int argc, char** argv)

@@ -1,6 +1,7 @@
 // Which events matter to the engine, and the encodings of buttons and modifiers.
 
 #include "tests/intern/MonitorFixture.h"
+#include "tests/support/WheelEvents.h"
 
 #include <QAbstractSlider>
 #include <QApplication>
@@ -54,7 +55,8 @@ TEST(EventAnalyzer, EachKindOfInputReachesItsOperation)
     EXPECT_THAT(analyzed(keyEvent(QEvent::KeyPress, Qt::Key_A), receiver), ElementsAre("key press"));
     EXPECT_THAT(analyzed(keyEvent(QEvent::KeyRelease, Qt::Key_A), receiver), ElementsAre("key release"));
     EXPECT_THAT(analyzed(QShortcutEvent(QKeySequence("Ctrl+S"), 1), receiver), ElementsAre("shortcut"));
-    EXPECT_THAT(analyzed(QWheelEvent(QPoint(), QPoint(), 120, Qt::NoButton, Qt::NoModifier, Qt::Vertical), receiver),
+    EXPECT_THAT(analyzed(velmora::test::wheelEvent(QPoint(), QPoint(), 120, Qt::NoButton, Qt::NoModifier, Qt::Vertical),
+                         receiver),
                 ElementsAre("wheel"));
 }
 
@@ -136,10 +138,10 @@ TEST(EventEncodings, ButtonsAreOneTwoThreeAndTheExtraOnesNone)
     const struct {
         Qt::MouseButton button;
         int expected;
-    } rows[] = {{Qt::NoButton, 0},    {Qt::LeftButton, 1},
-                {Qt::RightButton, 3}, {Qt::MouseButton(int(Qt::LeftButton) | int(Qt::RightButton)), 0},
-                {Qt::MidButton, 2},   {Qt::MouseButton(int(Qt::LeftButton) | int(Qt::MidButton)), 0},
-                {Qt::XButton1, 0},    {Qt::XButton2, 0}};
+    } rows[] = {{Qt::NoButton, 0},     {Qt::LeftButton, 1},
+                {Qt::RightButton, 3},  {Qt::MouseButton(int(Qt::LeftButton) | int(Qt::RightButton)), 0},
+                {Qt::MiddleButton, 2}, {Qt::MouseButton(int(Qt::LeftButton) | int(Qt::MiddleButton)), 0},
+                {Qt::XButton1, 0},     {Qt::XButton2, 0}};
     for (const auto& row : rows)
         EXPECT_EQ(Monitor::mouseButton(mouseEvent(QEvent::MouseButtonPress, row.button)), row.expected)
             << "button " << row.button;

@@ -1,6 +1,7 @@
 // The copies that are kept of interrupting events.
 
 #include "tests/intern/MonitorFixture.h"
+#include "tests/support/WheelEvents.h"
 
 #include <QCloseEvent>
 #include <QShortcutEvent>
@@ -36,15 +37,15 @@ TEST(EventCloner, AMouseEventKeepsTypePositionsButtonsAndModifiers)
     const QEvent::Type types[] = {QEvent::MouseMove, QEvent::MouseButtonPress, QEvent::MouseButtonRelease,
                                   QEvent::MouseButtonDblClick};
     for (const QEvent::Type type : types) {
-        const QMouseEvent event(type, QPoint(1, 2), QPoint(30, 40), Qt::MidButton, Qt::MidButton | Qt::LeftButton,
+        const QMouseEvent event(type, QPoint(1, 2), QPoint(30, 40), Qt::MiddleButton, Qt::MiddleButton | Qt::LeftButton,
                                 Qt::AltModifier);
         const auto clone = cloneOf<QMouseEvent>(event, receiver);
         ASSERT_TRUE(clone);
         EXPECT_EQ(clone->type(), type);
         EXPECT_EQ(clone->pos(), QPoint(1, 2));
         EXPECT_EQ(clone->globalPos(), QPoint(30, 40));
-        EXPECT_EQ(clone->button(), Qt::MidButton);
-        EXPECT_EQ(clone->buttons(), Qt::MidButton | Qt::LeftButton);
+        EXPECT_EQ(clone->button(), Qt::MiddleButton);
+        EXPECT_EQ(clone->buttons(), Qt::MiddleButton | Qt::LeftButton);
         EXPECT_EQ(clone->modifiers(), Qt::AltModifier);
     }
 }
@@ -78,15 +79,17 @@ TEST(EventCloner, AModifierKeyIsStoredWithTheModifiersItReported)
 TEST(EventCloner, AWheelTurnKeepsEverythingThatItHolds)
 {
     QObject receiver;
-    const QWheelEvent event(QPoint(1, 2), QPoint(3, 4), -120, Qt::RightButton, Qt::ShiftModifier, Qt::Horizontal);
+    const QWheelEvent event =
+        wheelEvent(QPoint(1, 2), QPoint(3, 4), -120, Qt::RightButton, Qt::ShiftModifier, Qt::Horizontal);
     const auto clone = cloneOf<QWheelEvent>(event, receiver);
     ASSERT_TRUE(clone);
-    EXPECT_EQ(clone->pos(), QPoint(1, 2));
-    EXPECT_EQ(clone->globalPos(), QPoint(3, 4));
-    EXPECT_EQ(clone->delta(), -120);
+    const WheelFacts facts = wheelFacts(*clone);
+    EXPECT_EQ(facts.position, QPoint(1, 2));
+    EXPECT_EQ(facts.onScreen, QPoint(3, 4));
+    EXPECT_EQ(facts.delta, -120);
     EXPECT_EQ(clone->buttons(), Qt::RightButton);
     EXPECT_EQ(clone->modifiers(), Qt::ShiftModifier);
-    EXPECT_EQ(clone->orientation(), Qt::Horizontal);
+    EXPECT_EQ(facts.orientation, Qt::Horizontal);
 }
 
 TEST(EventCloner, AShortcutComesBackAsAPlainKeyPress)

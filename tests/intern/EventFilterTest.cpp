@@ -81,7 +81,7 @@ TEST_F(EventFilter, PressDoubleClickAndReleaseTellTheStateOfTheButton)
 {
     watch();
     QMouseEvent press = mouseEvent(QEvent::MouseButtonPress, Qt::RightButton);
-    QMouseEvent twice = mouseEvent(QEvent::MouseButtonDblClick, Qt::MidButton);
+    QMouseEvent twice = mouseEvent(QEvent::MouseButtonDblClick, Qt::MiddleButton);
     QMouseEvent release = mouseEvent(QEvent::MouseButtonRelease, Qt::XButton1);
     QMouseEvent move = mouseEvent(QEvent::MouseMove, Qt::NoButton);
     for (QMouseEvent* event : {&press, &twice, &release, &move})

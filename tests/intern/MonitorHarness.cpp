@@ -3,6 +3,7 @@
 #include "interfaces/KeyEventInterface.h"
 #include "interfaces/ManagerInterface.h"
 #include "interfaces/MouseWheelEventInterface.h"
+#include "tests/support/WheelEvents.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -83,7 +84,7 @@ std::string details(const QEvent& event)
     if (const auto* key = dynamic_cast<const QKeyEvent*>(&event))
         return ' ' + std::to_string(key->key());
     if (const auto* wheel = dynamic_cast<const QWheelEvent*>(&event))
-        return ' ' + std::to_string(wheel->delta());
+        return ' ' + std::to_string(wheelFacts(*wheel).delta);
     return std::string();
 }
 

@@ -4,6 +4,8 @@
 #include "interfaces/KeyEventInterface.h"
 #include "tests/intern/RealInputFixture.h"
 
+#include <QAbstractEventDispatcher>
+#include <QDialog>
 #include <QEventLoop>
 #include <QMenu>
 #include <QMessageBox>
@@ -206,9 +208,9 @@ TEST_F(NestedLoops, EventsProcessedOnceByAHandlerAreStillThoseOfTheTurn)
         typeKey(XK_Escape);
         QElapsedTimer clock;
         clock.start();
-        while (clock.elapsed() < 10000 && !QCoreApplication::hasPendingEvents()) {
+        QAbstractEventDispatcher& dispatcher = *QAbstractEventDispatcher::instance();
+        while (clock.elapsed() < 10000 && !dispatcher.processEvents(QEventLoop::AllEvents)) {
         }
-        QCoreApplication::processEvents();
     });
     EXPECT_TRUE(work());
 }
@@ -430,6 +432,48 @@ TEST_F(NestedLoops, ClosingAPopupInterruptsNeitherByItselfNorByAListener)
     EXPECT_FALSE(work([&] { return ++turns > 3; }));
     EXPECT_TRUE(closed);
     EXPECT_THAT(journal, Contains("key down " + Escape + " modifiers 0")) << "the engine hears of it all the same";
+}
+
+TEST_F(NestedLoops, ADialogThatAHandlerEndsIsNotClosedByEscape)
+{
+    int escapes = 0;
+    const ActsOnEscape listener(monitor, [&] {
+        ++escapes;
+        request();
+    });
+    QDialog dialog;
+    ASSERT_TRUE(showAndWait(dialog));
+    InNextTurn ending([&] { dialog.accept(); });
+    int turns = 0;
+    EXPECT_FALSE(work([&] { return !dialog.isVisible() && ++turns > 3; }));
+    EXPECT_EQ(escapes, 0);
+    EXPECT_EQ(dialog.result(), int(QDialog::Accepted));
+}
+
+TEST_F(NestedLoops, ADialogThatAHandlerEndsWhileEventsAreHeldBackIsClosed)
+{
+    QDialog dialog;
+    ASSERT_TRUE(showAndWait(dialog));
+    bool ended = false;
+    workWithEverythingHeldBack([&] {
+        if (!ended)
+            dialog.accept();
+        ended = true;
+        return ended;
+    });
+    EXPECT_FALSE(dialog.isVisible());
+    EXPECT_EQ(dialog.result(), int(QDialog::Accepted));
+}
+
+TEST_F(NestedLoops, ADialogThatAPersonClosesStopsTheWorkAndIsClosedOnceItIsOver)
+{
+    QDialog dialog;
+    ASSERT_TRUE(showAndWait(dialog));
+    closeByWindowManager(dialog);
+    EXPECT_TRUE(work());
+    EXPECT_TRUE(dialog.isVisible());
+    EXPECT_TRUE(waitUntil([&] { return !dialog.isVisible(); }));
+    EXPECT_EQ(dialog.result(), int(QDialog::Rejected));
 }
 
 TEST_F(NestedLoops, AWidgetOfALayoutMayBeDeletedInTheSlotThatAsksForTheStop)

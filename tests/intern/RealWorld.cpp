@@ -2,6 +2,7 @@
 
 #include "integration/HeldBackEvents.h"
 #include "tests/intern/WatchedAllocations.h"
+#include "tests/support/WheelEvents.h"
 
 #include <QAbstractEventDispatcher>
 #include <QApplication>
@@ -46,7 +47,8 @@ std::unique_ptr<QEvent> makeEvent(Kind kind, int id)
     case Kind::Move:
         return std::make_unique<QMouseEvent>(QEvent::MouseMove, at, at, Qt::NoButton, Qt::NoButton, Qt::NoModifier);
     case Kind::Wheel:
-        return std::make_unique<QWheelEvent>(QPoint(), QPoint(), id, Qt::NoButton, Qt::NoModifier, Qt::Vertical);
+        return std::unique_ptr<QEvent>(
+            new QWheelEvent(wheelEvent(QPoint(), QPoint(), id, Qt::NoButton, Qt::NoModifier, Qt::Vertical)));
     case Kind::Key:
         return std::make_unique<QKeyEvent>(QEvent::KeyRelease, id, Qt::NoModifier);
     case Kind::Timer:
@@ -85,7 +87,7 @@ int idOf(const QEvent& event, Kind kind)
     case Kind::Move:
         return static_cast<const QMouseEvent&>(event).pos().x();
     case Kind::Wheel:
-        return static_cast<const QWheelEvent&>(event).delta();
+        return wheelFacts(static_cast<const QWheelEvent&>(event)).delta;
     case Kind::Key:
         return static_cast<const QKeyEvent&>(event).key();
     case Kind::Timer:
@@ -283,8 +285,9 @@ void RealWorld::runLoop(int id, LoopKind kind)
                           [&] {
                               react(id);
                               loop.quit();
-                              dialog.reject();
-                              menu.close();
+                              // Closing may send events to the windows, which the gate does not let through.
+                              dialog.hide();
+                              menu.hide();
                           });
     if (kind == LoopKind::Dialog)
         dialog.exec();

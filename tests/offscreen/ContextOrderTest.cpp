@@ -1,6 +1,7 @@
 // The toolkit's OpenGL, EGL and OSMesa share the driver's per-thread state. Whichever drew before, the next
 // one's pixels must be right.
 
+#include "chosen_toolkit/GLWidget.h"
 #include "integration/services/OffscreenImageService.h"
 #include "integration/toolkit/CurrentContext.h"
 #include "interfaces/GLContextInterface.h"
@@ -12,7 +13,6 @@
 #include "tests/support/Pixels.h"
 #include "tests/support/Wait.h"
 
-#include <QGLWidget>
 #include <algorithm>
 #include <gtest/gtest.h>
 
@@ -61,7 +61,7 @@ protected:
             expectOffscreen(kinds[static_cast<std::size_t>(who)], variant);
     }
 
-    QGLWidget m_onScreen;
+    toolkit::GLWidget m_onScreen;
     services::OffscreenImageService m_service;
 };
 
@@ -142,9 +142,9 @@ TEST_P(ForeignContext, LeavesNothingOfTheToolkitCurrentWhileItIs)
 {
     m_onScreen.makeCurrent();
     auto image = createImage(GetParam(), 4, 4);
-    EXPECT_EQ(QGLContext::currentContext(), m_onScreen.context());
+    EXPECT_EQ(toolkit::GLContext::currentContext(), m_onScreen.context());
     EXPECT_TRUE(image->getGLContext().setCurrentGL());
-    EXPECT_EQ(QGLContext::currentContext(), nullptr);
+    EXPECT_EQ(toolkit::GLContext::currentContext(), nullptr);
 }
 
 TEST_P(ForeignContext, IsReadAndDestroyedWithoutTakingTheScreensContextAway)
@@ -153,9 +153,9 @@ TEST_P(ForeignContext, IsReadAndDestroyedWithoutTakingTheScreensContextAway)
     renderImage(GetParam(), *image, [](const GLTable& gl, int w, int h) { drawTiles(gl, w, h); });
     m_onScreen.makeCurrent();
     EXPECT_EQ(readRows(m_service, *image), tiles(Width, Height));
-    EXPECT_EQ(QGLContext::currentContext(), m_onScreen.context());
+    EXPECT_EQ(toolkit::GLContext::currentContext(), m_onScreen.context());
     m_service.imageDestroy(image.release());
-    EXPECT_EQ(QGLContext::currentContext(), m_onScreen.context());
+    EXPECT_EQ(toolkit::GLContext::currentContext(), m_onScreen.context());
     ASSERT_NE(glGetString(GL_VERSION), nullptr);
     drawTiles(screenGL(), Width, Height, 7);
     m_onScreen.swapBuffers();
@@ -228,20 +228,20 @@ TEST_F(ContextOrder, AnApplicationThatPaintsAtTheEndOfADrawingSpoilsNoKindOfImag
 
 TEST_F(ContextOrder, AKeeperBringsBackTheContextThatWasCurrentOrNone)
 {
-    QGLWidget other;
+    toolkit::GLWidget other;
     m_onScreen.makeCurrent();
     {
         const toolkit::CurrentContextKeeper keeper;
         other.makeCurrent();
     }
-    EXPECT_EQ(QGLContext::currentContext(), m_onScreen.context());
+    EXPECT_EQ(toolkit::GLContext::currentContext(), m_onScreen.context());
     toolkit::releaseCurrentContext();
-    EXPECT_EQ(QGLContext::currentContext(), nullptr);
+    EXPECT_EQ(toolkit::GLContext::currentContext(), nullptr);
     {
         const toolkit::CurrentContextKeeper keeper;
         other.makeCurrent();
     }
-    EXPECT_EQ(QGLContext::currentContext(), nullptr);
+    EXPECT_EQ(toolkit::GLContext::currentContext(), nullptr);
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 // Pixel buffers whose context can no longer be made current. The toolkit says yes all the same.
 
+#include "chosen_toolkit/GLWidget.h"
 #include "integration/offscreen/OffscreenImagePBuffer.h"
 #include "integration/toolkit/PixelBuffer.h"
 #include "tests/offscreen/EngineStandIn.h"
@@ -7,7 +8,6 @@
 #include "tests/offscreen/RefusedContexts.h"
 #include "tests/offscreen/TestPicture.h"
 
-#include <QGLWidget>
 #include <gtest/gtest.h>
 
 namespace velmora::test {
@@ -35,7 +35,7 @@ TEST_F(LostBuffer, ABufferThatCannotBeMadeCurrentYieldsNoImage)
 
 TEST_F(LostBuffer, ABufferThatCannotBeMadeCurrentYieldsNoImageWhileAWidgetIsCurrent)
 {
-    QGLWidget widget;
+    toolkit::GLWidget widget;
     widget.makeCurrent();
     {
         const RefusedContexts refusal;
@@ -50,7 +50,7 @@ TEST_F(LostBuffer, ItsContextAnswersNoToBeingMadeCurrent)
     OffscreenImagePBuffer image(16, 16);
     ASSERT_TRUE(image.isValid());
     EXPECT_TRUE(image.getGLContext().setCurrentGL());
-    QGLWidget widget;
+    toolkit::GLWidget widget;
     widget.makeCurrent();
     {
         const RefusedContexts refusal;
@@ -65,7 +65,7 @@ TEST_F(LostBuffer, IsNotReadAndCanBeReadOnceItIsBack)
     ASSERT_TRUE(image.isValid());
     renderImage(ImageKind::PixelBuffer, image, [](const GLTable& gl, int w, int h) { drawTiles(gl, w, h); });
     for (const bool widgetIsCurrent : {false, true}) {
-        QGLWidget widget;
+        toolkit::GLWidget widget;
         widget.makeCurrent();
         if (!widgetIsCurrent)
             widget.doneCurrent();

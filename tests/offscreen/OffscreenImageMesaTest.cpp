@@ -1,4 +1,5 @@
 #include "integration/offscreen/OffscreenImageMesa.h"
+#include "chosen_toolkit/GLWidget.h"
 #include "exception/ExceptionBase.h"
 #include "testing/EngineProbe.h"
 #include "tests/offscreen/EngineStandIn.h"
@@ -8,7 +9,6 @@
 #include "tests/support/Pixels.h"
 
 #include <QColor>
-#include <QGLWidget>
 #include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -17,6 +17,8 @@
 #include <dlfcn.h>
 #include <sys/resource.h>
 #include <unistd.h>
+
+using velmora::sdk::integration::toolkit::GLContext;
 
 namespace {
 
@@ -30,7 +32,7 @@ struct Contexts {
     int alive = 0;
 };
 Contexts contexts;
-const QGLContext* currentAtTheDestruction = nullptr; // the toolkit's
+const GLContext* currentAtTheDestruction = nullptr; // the toolkit's
 
 using OSMesaContext = velmora::sdk::integration::intern::OSMesaLibrary::Context;
 
@@ -57,7 +59,7 @@ EXPORTED OSMesaContext OSMesaCreateContextExt(GLenum format, GLint depthBits, GL
 EXPORTED void OSMesaDestroyContext(OSMesaContext context)
 {
     contexts.alive -= context ? 1 : 0;
-    currentAtTheDestruction = QGLContext::currentContext();
+    currentAtTheDestruction = GLContext::currentContext();
     behind(&::OSMesaDestroyContext, "OSMesaDestroyContext")(context);
 }
 
@@ -208,14 +210,14 @@ TEST_F(OffscreenImageMesa, TheContextIsRgbaWithoutStencilAndSharesWithNone)
 
 TEST_F(OffscreenImageMesa, TheToolkitsContextIsOutOfTheWayWhileTheContextIsDestroyedAndThenCurrentAgain)
 {
-    QGLWidget widget;
+    toolkit::GLWidget widget;
     {
         const Image image(10, 10);
         widget.makeCurrent();
         currentAtTheDestruction = widget.context();
     }
     EXPECT_EQ(currentAtTheDestruction, nullptr);
-    EXPECT_EQ(QGLContext::currentContext(), widget.context());
+    EXPECT_EQ(GLContext::currentContext(), widget.context());
 }
 
 TEST_F(OffscreenImageMesa, EveryContextIsDestroyedWithItsImageAndARefusedSizeLeavesNone)
@@ -290,12 +292,12 @@ TEST_F(OffscreenImageMesa, TheFirstRowOfThePictureIsTheTopmost)
 
 TEST_F(OffscreenImageMesa, ItIsDestroyedWithoutTakingAToolkitContextAway)
 {
-    QGLWidget widget;
+    toolkit::GLWidget widget;
     auto image = std::make_unique<Image>(8, 8);
     renderImage(ImageKind::Software, *image, drawCorner);
     widget.makeCurrent();
     image.reset();
-    EXPECT_EQ(QGLContext::currentContext(), widget.context());
+    EXPECT_EQ(GLContext::currentContext(), widget.context());
     EXPECT_NE(glGetString(GL_VERSION), nullptr);
 }
 

@@ -1,16 +1,16 @@
 #include "integration/offscreen/OffscreenImagePBuffer.h"
+#include "chosen_toolkit/GLWidget.h"
 #include "exception/ExceptionBase.h"
 #include "testing/EngineProbe.h"
 #include "tests/offscreen/EngineStandIn.h"
 #include "tests/offscreen/ImageKinds.h"
 #include "tests/offscreen/ImageSetting.h"
+#include "tests/offscreen/OwnFramebuffer.h"
 #include "tests/offscreen/PackBuffer.h"
 #include "tests/offscreen/TestPicture.h"
 #include "tests/support/Pixels.h"
 #include "tests/support/QtWarnings.h"
 
-#include <QGLFramebufferObject>
-#include <QGLWidget>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <utility>
@@ -89,39 +89,6 @@ TEST(OffscreenImagePBuffer, TheConfiguredDepthIsThere)
     EXPECT_GE(valueWhileDrawing(image, GL_DEPTH_BITS), 24);
 }
 
-/// What the toolkit was asked for.
-QGLFormat requestedFormat()
-{
-    OffscreenImagePBuffer image(32, 32);
-    QGLFormat format;
-    renderImage(ImageKind::PixelBuffer, image,
-                [&](const GLTable&, int, int) { format = QGLContext::currentContext()->requestedFormat(); });
-    return format;
-}
-
-TEST(OffscreenImagePBuffer, TheToolkitIsAskedForAPlainBufferWithoutDirectRenderingAndDoubleBuffering)
-{
-    const QGLFormat format = requestedFormat();
-    EXPECT_FALSE(format.doubleBuffer());
-    EXPECT_FALSE(format.directRendering());
-    EXPECT_FALSE(format.sampleBuffers());
-    EXPECT_FALSE(format.accum());
-    EXPECT_EQ(format.depthBufferSize(), QGLFormat().depthBufferSize());
-}
-
-TEST(OffscreenImagePBuffer, TheToolkitIsAskedForWhatIsConfigured)
-{
-    const ImageSetting depth("DepthBufferSize", 16);
-    const ImageSetting samples("MaxMultiSamples", 4);
-    const ImageSetting accumulation("MaxAccumBufferSize", 8);
-    const QGLFormat format = requestedFormat();
-    EXPECT_EQ(format.depthBufferSize(), 16);
-    EXPECT_EQ(format.samples(), 4);
-    EXPECT_EQ(format.accumBufferSize(), 8);
-    EXPECT_FALSE(format.doubleBuffer());
-    EXPECT_FALSE(format.directRendering());
-}
-
 TEST(OffscreenImagePBuffer, TheConfigurationIsReadInTheOrderThatIsStated)
 {
     testing::EngineProbe::startLog();
@@ -168,35 +135,35 @@ TEST(OffscreenImagePBuffer, OnlyTheAnswer1OfTheEngineCountsAsRendered)
 
 TEST(OffscreenImagePBuffer, BeingCreatedLeavesTheCurrentContextCurrent)
 {
-    QGLWidget widget;
+    toolkit::GLWidget widget;
     widget.makeCurrent();
     const ImageSetting setting("MaxMultiSamples", 4);
     const OffscreenImagePBuffer image(32, 32);
-    EXPECT_EQ(QGLContext::currentContext(), widget.context());
+    EXPECT_EQ(toolkit::GLContext::currentContext(), widget.context());
 }
 
 TEST(OffscreenImagePBuffer, BeingDestroyedWhileCurrentLeavesNothingOfItCurrent)
 {
-    QGLWidget widget;
+    toolkit::GLWidget widget;
     {
         OffscreenImagePBuffer image(32, 32);
         EXPECT_TRUE(image.getGLContext().setCurrentGL());
     }
-    EXPECT_EQ(QGLContext::currentContext(), nullptr);
+    EXPECT_EQ(toolkit::GLContext::currentContext(), nullptr);
     widget.makeCurrent();
     EXPECT_NE(glGetString(GL_VERSION), nullptr);
 }
 
 TEST(OffscreenImagePBuffer, BeingDestroyedLeavesNoContextCurrentWhosoeverItWas)
 {
-    QGLWidget widget;
+    toolkit::GLWidget widget;
     {
         const OffscreenImagePBuffer image(32, 32);
         ASSERT_TRUE(image.isValid());
         widget.makeCurrent();
-        ASSERT_EQ(QGLContext::currentContext(), widget.context());
+        ASSERT_EQ(toolkit::GLContext::currentContext(), widget.context());
     }
-    EXPECT_EQ(QGLContext::currentContext(), nullptr);
+    EXPECT_EQ(toolkit::GLContext::currentContext(), nullptr);
 }
 
 class WhatTheDrawingLeavesBehind : public ::testing::TestWithParam<int> {
@@ -308,17 +275,14 @@ TEST_P(WhatTheDrawingLeavesBehind, ABufferForPixelsDoesNotSwallowThePictureAndSt
 
 TEST_P(WhatTheDrawingLeavesBehind, AFramebufferOfTheEnginesOwnIsNotWhatIsRead)
 {
-    std::unique_ptr<QGLFramebufferObject> own;
     const ImageSetting setting("MaxMultiSamples", GetParam());
     OffscreenImagePBuffer image(51, 37);
     renderImage(ImageKind::PixelBuffer, image, [&](const GLTable& gl, int w, int h) {
         drawTiles(gl, w, h);
-        own = std::make_unique<QGLFramebufferObject>(w, h);
-        own->bind();
+        bindNewFramebuffer(w, h);
         drawCorner(gl, w, h);
     });
     EXPECT_EQ(differingFraction(image.toImage(), tiles(51, 37), 0), 0.0);
-    own.reset();
 }
 
 TEST_P(WhatTheDrawingLeavesBehind, ReadingTwiceAndDrawingBetweenGivesEachPicture)

@@ -1,4 +1,5 @@
 #include "integration/offscreen/OffscreenImagePixmap.h"
+#include "chosen_toolkit/GLWidget.h"
 #include "exception/ExceptionBase.h"
 #include "integration/services/OffscreenImageService.h"
 #include "interfaces/GLContextInterface.h"
@@ -8,7 +9,6 @@
 #include "tests/support/Pixels.h"
 
 #include <QApplication>
-#include <QGLContext>
 #include <QWidget>
 #include <gtest/gtest.h>
 #include <limits>
@@ -58,7 +58,7 @@ TEST(OffscreenImagePixmap, TheWidgetsContextIsCurrentWhileTheEngineDraws)
     OffscreenImagePixmap image(8, 8);
     bool current = false;
     const EngineDraws drawing([&](ExportRegion_e, OffscreenImageInterface& target) {
-        current = QGLContext::currentContext() != nullptr && glGetString(GL_VERSION) != nullptr;
+        current = toolkit::GLContext::currentContext() != nullptr && glGetString(GL_VERSION) != nullptr;
         return target.getGLContext().setCurrentGL() ? 1 : 0;
     });
     image.render(ExportRegion_Page);
@@ -70,7 +70,7 @@ TEST(OffscreenImagePixmap, NoWidgetIsLeftAndNoneIsShown)
     const int before = QApplication::allWidgets().size();
     OffscreenImagePixmap image(8, 8);
     const EngineDraws drawing([&](ExportRegion_e, OffscreenImageInterface&) {
-        EXPECT_EQ(QApplication::allWidgets().size(), before + 1);
+        EXPECT_LE(QApplication::allWidgets().size(), before + 1); // not every toolkit needs one
         for (const QWidget* const widget : QApplication::allWidgets())
             EXPECT_FALSE(widget->isVisible());
         return 1;

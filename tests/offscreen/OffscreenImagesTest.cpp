@@ -1,5 +1,6 @@
 // What holds for every kind of off-screen image.
 
+#include "chosen_toolkit/GLWidget.h"
 #include "exception/ExceptionBase.h"
 #include "integration/services/OffscreenImageService.h"
 #include "interfaces/GLContextInterface.h"
@@ -9,7 +10,6 @@
 #include "tests/offscreen/ImageSetting.h"
 #include "tests/offscreen/TestPicture.h"
 
-#include <QGLWidget>
 #include <gtest/gtest.h>
 #include <vector>
 
@@ -164,7 +164,7 @@ TEST_P(OffscreenImages, TheDrawingStartsWithoutPendingErrors)
 
 TEST_P(OffscreenImages, ADrawingThatThrowsHalfWayLeavesEverythingUsable)
 {
-    QGLWidget onScreen;
+    toolkit::GLWidget onScreen;
     auto image = createImage(kind(), 40, 30);
     EXPECT_THROW(renderImage(kind(), *image,
                              [](const GLTable& gl, int w, int h) {

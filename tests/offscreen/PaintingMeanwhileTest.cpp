@@ -1,5 +1,6 @@
 // An application that paints with OpenGL of its own in the turns that it gets during an export.
 
+#include "chosen_toolkit/GLWidget.h"
 #include "engine/VelUtil.h"
 #include "integration/Manager.h"
 #include "tests/offscreen/ImageKinds.h"
@@ -9,7 +10,6 @@
 #include "tests/support/Wait.h"
 #include "tests/viewer/TempFolder.h"
 
-#include <QGLWidget>
 #include <QTimer>
 #include <gtest/gtest.h>
 
@@ -21,7 +21,7 @@ using namespace sdk::integration;
 constexpr int Side = 90;
 
 /// Draws and shows another picture each time that it is told to.
-class Painter : public QGLWidget {
+class Painter : public toolkit::GLWidget {
 public:
     void paintNext()
     {

@@ -7,8 +7,9 @@
 #include <QPainter>
 #include <QPrinter>
 #include <QProcess>
-#include <QRegExp>
 #include <QTemporaryFile>
+#include <regex>
+#include <string>
 
 using namespace velmora::test;
 using velmora::sdk::integration::BasicPaperSize;
@@ -42,10 +43,11 @@ QSizeF pageSizeOf(const QString& fileName)
     QProcess process;
     process.start("pdfinfo", QStringList() << fileName);
     EXPECT_TRUE(process.waitForFinished(30000)) << "Is pdfinfo (poppler-utils) installed?";
-    QRegExp size("Page size:\\s+([0-9.]+) x ([0-9.]+) pts");
-    const int found = size.indexIn(QString::fromLatin1(process.readAllStandardOutput()));
-    EXPECT_GE(found, 0) << fileName.toStdString();
-    return QSizeF(size.cap(1).toDouble(), size.cap(2).toDouble()) * 25.4 / 72;
+    const std::string facts = process.readAllStandardOutput().constData();
+    std::smatch size;
+    const bool found = std::regex_search(facts, size, std::regex("Page size:\\s+([0-9.]+) x ([0-9.]+) pts"));
+    EXPECT_TRUE(found) << fileName.toStdString();
+    return found ? QSizeF(std::stod(size[1]), std::stod(size[2])) * 25.4 / 72 : QSizeF();
 }
 
 QSizeF printedPage()

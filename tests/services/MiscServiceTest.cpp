@@ -1,12 +1,11 @@
 // What the engine is told about screen, keyboard, mouse and OpenGL.
+#include "chosen_toolkit/GLWidget.h"
 #include "integration/services/ManagerMiscService.h"
 #include "tests/support/DisplayScale.h"
 #include "tests/support/Wait.h"
 #include "tests/support/XInput.h"
 
 #include <QApplication>
-#include <QDesktopWidget>
-#include <QGLWidget>
 #include <algorithm>
 #include <climits>
 #include <cmath>
@@ -99,14 +98,13 @@ TEST(MiscService, TheDotPitchIsThatOfTheDesktop)
     const ManagerMiscService service;
     double x = 0, y = 0;
     service.getDotPitchPerCm(&x, &y);
-    const double scale = displayScale(*QApplication::desktop());
-    EXPECT_EQ(QApplication::desktop()->logicalDpiX() * scale / 2.54, x);
-    EXPECT_EQ(QApplication::desktop()->logicalDpiY() * scale / 2.54, y);
-    // The private X server of the tests has 96 dots per inch. The toolkit keeps these when it scales that
-    // screen alone, and takes them for its own when it scales everything.
-    const double everything = std::max(1.0, qgetenv("QT_SCALE_FACTOR").toDouble());
-    EXPECT_DOUBLE_EQ(37.795275590551178 * everything, x);
-    EXPECT_DOUBLE_EQ(37.795275590551178 * everything, y);
+    const QWidget onScreen;
+    const double scale = displayScale(onScreen);
+    EXPECT_EQ(onScreen.logicalDpiX() * scale / 2.54, x);
+    EXPECT_EQ(onScreen.logicalDpiY() * scale / 2.54, y);
+    // The private X server of the tests has 96 dots per inch.
+    EXPECT_DOUBLE_EQ(37.795275590551178 * velmora::test::inchScale(onScreen), x);
+    EXPECT_DOUBLE_EQ(37.795275590551178 * velmora::test::inchScale(onScreen), y);
 }
 
 TEST(MiscService, TheScreenSizeIsThatOfTheXServer)
@@ -115,7 +113,7 @@ TEST(MiscService, TheScreenSizeIsThatOfTheXServer)
     int width = 0, height = 0;
     service.getScreenSizeInPixels(&width, &height);
     // The toolkit does not know it more exactly when it scales by a fraction.
-    const double scale = displayScale(*QApplication::desktop());
+    const double scale = displayScale(QWidget());
     const int off = scale > std::floor(scale) ? 1 : 0;
     EXPECT_NEAR(DisplayWidth(velmora::test::toolkitDisplay(), 0), width, off);
     EXPECT_NEAR(DisplayHeight(velmora::test::toolkitDisplay(), 0), height, off);
@@ -142,17 +140,17 @@ TEST(MiscService, ItsAddressIsThatOfItsInterface)
 
 TEST(MiscService, TheOpenGLVersionIsThatOfTheScreenAndNoContextIsLeftCurrent)
 {
-    QGLWidget widget;
+    velmora::sdk::integration::toolkit::GLWidget widget;
     widget.makeCurrent();
     const std::string expected(reinterpret_cast<const char*>(glGetString(GL_VERSION)));
     ASSERT_FALSE(expected.empty());
-    ASSERT_EQ(widget.context(), QGLContext::currentContext());
+    ASSERT_EQ(widget.context(), velmora::sdk::integration::toolkit::GLContext::currentContext());
 
     const ManagerMiscService service;
     const int windows = QApplication::topLevelWidgets().size();
     EXPECT_EQ(expected, service.openGLVersionString());
     EXPECT_EQ(windows, QApplication::topLevelWidgets().size());
-    EXPECT_EQ(nullptr, QGLContext::currentContext());
+    EXPECT_EQ(nullptr, velmora::sdk::integration::toolkit::GLContext::currentContext());
 }
 
 TEST_F(MiscServiceInput, ModifiersAreBitsThatAddUp)

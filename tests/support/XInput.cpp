@@ -31,6 +31,8 @@ void deliver()
 
 void movePointerToScreen(int x, int y)
 {
+    if (!inputDisplay())
+        return;
     XTestFakeMotionEvent(inputDisplay(), -1, x, y, CurrentTime);
     deliver();
 }

@@ -6,7 +6,6 @@
 
 #include <QFile>
 #include <QImage>
-#include <QRegExp>
 
 using namespace velmora::test;
 

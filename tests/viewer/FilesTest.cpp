@@ -79,7 +79,7 @@ protected:
 /// Markup would not be shown itself, and the text be shorter.
 bool showsEveryLetter(const QLabel& label)
 {
-    return label.sizeHint().width() >= label.fontMetrics().width(label.text());
+    return label.sizeHint().width() >= label.fontMetrics().size(Qt::TextSingleLine, label.text()).width();
 }
 
 } // namespace

@@ -64,7 +64,8 @@ void choosePaper(QDialog& dialog, const char* name)
 
 QDoubleSpinBox* side(QDialog& dialog, const char* ofThePage)
 {
-    return dialog.findChildren<QDoubleSpinBox*>(QRegExp(QString("(page|paper)") + ofThePage)).value(0);
+    QDoubleSpinBox* const found = dialog.findChild<QDoubleSpinBox*>(QString("page") + ofThePage);
+    return found ? found : dialog.findChild<QDoubleSpinBox*>(QString("paper") + ofThePage);
 }
 
 QAction* actionOf(QDialog& dialog, const char* text)

@@ -5,9 +5,10 @@
 
 #include <QFile>
 #include <QProcess>
-#include <QRegExp>
 #include <QStringList>
 #include <gtest/gtest.h>
+#include <regex>
+#include <string>
 
 namespace velmora::test {
 
@@ -100,9 +101,11 @@ void expectColourBar(const QImage& page)
 
 QSizeF pageMillimeters(const QString& pdf)
 {
-    QRegExp size("Page size:\\s+([0-9.]+) x ([0-9.]+) pts");
-    EXPECT_GE(size.indexIn(outputOf("pdfinfo", QStringList() << pdf)), 0) << pdf.toStdString();
-    return QSizeF(size.cap(1).toDouble(), size.cap(2).toDouble()) * 25.4 / 72;
+    const std::string facts = outputOf("pdfinfo", QStringList() << pdf).toStdString();
+    std::smatch size;
+    const bool found = std::regex_search(facts, size, std::regex("Page size:\\s+([0-9.]+) x ([0-9.]+) pts"));
+    EXPECT_TRUE(found) << pdf.toStdString();
+    return found ? QSizeF(std::stod(size[1]), std::stod(size[2])) * 25.4 / 72 : QSizeF();
 }
 
 QImage pagePicture(const QString& pdf, int dotsPerInch)

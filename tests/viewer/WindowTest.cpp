@@ -14,6 +14,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QDropEvent>
+#include <QFile>
 #include <QMenu>
 #include <QMessageBox>
 #include <QMimeData>
@@ -23,6 +24,8 @@
 #define XK_MISCELLANY
 #define XK_LATIN1
 #include <X11/keysymdef.h>
+#include <regex>
+#include <string>
 
 using namespace velmora::test;
 
@@ -298,5 +301,5 @@ TEST_F(Window, TheAboutBoxTellsTheVersionsOfTheViewerOfOpenGLAndOfTheToolkit)
     QApplication::setApplicationVersion(QString());
     EXPECT_TRUE(message.startsWith("Viewer 7.8.9\n")) << message.toStdString();
     EXPECT_TRUE(message.contains(QLatin1String(qVersion()))) << message.toStdString();
-    EXPECT_TRUE(message.contains(QRegExp("OpenGL \\d"))) << message.toStdString();
+    EXPECT_TRUE(std::regex_search(message.toStdString(), std::regex("OpenGL \\d"))) << message.toStdString();
 }

@@ -4,10 +4,23 @@ namespace velmora::sdk::integration::toolkit {
 
 ContextFacts factsOf(const ContextFormat& format)
 {
-    return {format.accum(),           format.accumBufferSize(),   format.alphaBufferSize(), format.depth(),
-            format.depthBufferSize(), format.stencilBufferSize(), format.doubleBuffer(),    format.redBufferSize(),
-            format.greenBufferSize(), format.blueBufferSize(),    format.majorVersion(),    format.minorVersion(),
-            format.plane(),           format.swapInterval()};
+    ContextFacts facts;
+    facts.hasAccum = format.accum();
+    facts.accumSize = format.accumBufferSize();
+    facts.alphaSize = format.alphaBufferSize();
+    facts.hasDepth = format.depth();
+    facts.depthSize = format.depthBufferSize();
+    facts.stencilSize = format.stencilBufferSize();
+    facts.samples = format.samples();
+    facts.hasDoubleBuffer = format.doubleBuffer();
+    facts.redSize = format.redBufferSize();
+    facts.greenSize = format.greenBufferSize();
+    facts.blueSize = format.blueBufferSize();
+    facts.majorVersion = format.majorVersion();
+    facts.minorVersion = format.minorVersion();
+    facts.plane = format.plane();
+    facts.swapInterval = format.swapInterval();
+    return facts;
 }
 
 ContextFormat screenFormat(const FormatRequest& request)

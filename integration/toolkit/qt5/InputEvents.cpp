@@ -34,9 +34,9 @@ QPoint screenPosition(const QWheelEvent& event, const QObject& receiver)
     return (event.posF() * scaleFor(receiver)).toPoint();
 }
 
-WheelTurn turnOf(const QWheelEvent& event)
+WheelTurns turnsOf(const QWheelEvent& event)
 {
-    return {event.delta(), event.orientation() == Qt::Vertical};
+    return WheelTurns({event.delta(), event.orientation() == Qt::Vertical});
 }
 
 int firstKeyOf(const QShortcutEvent& event)

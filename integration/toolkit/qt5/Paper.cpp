@@ -1,6 +1,7 @@
 #include "integration/toolkit/Paper.h"
 
-#include <QPageSize>
+#include "integration/toolkit/qt5/CustomPage.h"
+
 #include <QPrinter>
 #include <algorithm>
 
@@ -10,25 +11,6 @@ static_assert(int(PaperName::A4) == QPrinter::A4 && int(PaperName::Executive) ==
                   int(PaperName::A9) == QPrinter::A9 && int(PaperName::B10) == QPrinter::B10 &&
                   int(PaperName::Custom) == QPrinter::Custom,
               "The toolkit counts its papers as the seam does.");
-
-namespace {
-
-/// Enough to change the size in points by one, and too little to change it in millimetres.
-constexpr qreal OnePointInMillimeters = 0.36;
-
-/// The toolkit tells papers apart by their size in whole points and gives one that it knows its name. The
-/// names do not stand for the same sizes everywhere (its B sizes are ISO's), so a paper that was
-/// asked for by size must stay a size and not come back as a name.
-QPageSize customPage(const QSizeF& millimeters)
-{
-    const QPageSize page(millimeters, QPageSize::Millimeter, QString(), QPageSize::ExactMatch);
-    if (page.id() == QPageSize::Custom)
-        return page;
-    return QPageSize(millimeters + QSizeF(OnePointInMillimeters, 0), QPageSize::Millimeter, QString(),
-                     QPageSize::ExactMatch);
-}
-
-} // namespace
 
 bool isPortrait(const QPrinter& printer)
 {

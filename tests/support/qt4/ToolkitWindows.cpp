@@ -1,5 +1,7 @@
 #include "tests/support/ToolkitWindows.h"
 
+#include <QApplication>
+#include <QDesktopWidget>
 #include <QX11Info>
 
 namespace velmora::test {
@@ -7,6 +9,20 @@ namespace velmora::test {
 double displayScale(const QWidget&)
 {
     return 1;
+}
+
+double inchScale(const QWidget&)
+{
+    return 1;
+}
+
+std::vector<QRect> screenGeometries()
+{
+    const QDesktopWidget& desktop = *QApplication::desktop();
+    std::vector<QRect> geometries;
+    for (int number = 0; number < desktop.screenCount(); ++number)
+        geometries.push_back(desktop.screenGeometry(number));
+    return geometries;
 }
 
 Display* toolkitDisplay()

@@ -1,9 +1,10 @@
 #include "tests/support/ToolkitWindows.h"
 
-#include <QDir>
-#include <QFile>
+#include <QApplication>
+#include <QDesktopWidget>
 #include <QWidget>
 #include <QX11Info>
+#include <algorithm>
 
 namespace velmora::test {
 
@@ -12,24 +13,25 @@ double displayScale(const QWidget& widget)
     return widget.devicePixelRatioF();
 }
 
+// The toolkit keeps the server's inch when it scales a screen alone, and takes it for its own when it scales
+// everything.
+double inchScale(const QWidget&)
+{
+    return std::max(1.0, qgetenv("QT_SCALE_FACTOR").toDouble());
+}
+
+std::vector<QRect> screenGeometries()
+{
+    const QDesktopWidget& desktop = *QApplication::desktop();
+    std::vector<QRect> geometries;
+    for (int number = 0; number < desktop.screenCount(); ++number)
+        geometries.push_back(desktop.screenGeometry(number));
+    return geometries;
+}
+
 Display* toolkitDisplay()
 {
     return QX11Info::display();
-}
-
-// A thread reads for it; it has been woken for what came before the answer, and sleeps when it has taken that up.
-bool toolkitHasReadAll()
-{
-    const QDir threads("/proc/self/task");
-    for (const QString& thread : threads.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
-        QFile status(threads.filePath(thread + "/status"));
-        if (!status.open(QIODevice::ReadOnly))
-            continue; // has just ended
-        const QByteArray text = status.readAll();
-        if (text.startsWith("Name:\tQXcbEventQueue") && !text.contains("State:\tS"))
-            return false;
-    }
-    return true;
 }
 
 } // namespace velmora::test

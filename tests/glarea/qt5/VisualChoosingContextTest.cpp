@@ -4,49 +4,19 @@
 #include "integration/glarea/VisualList.h"
 #include "integration/glarea/VisualRanking.h"
 #include "integration/toolkit/OwnedVisual.h"
+#include "tests/glarea/GlxRequests.h"
 
 #include <QGLWidget>
 #include <algorithm>
-#include <dlfcn.h>
 #include <gtest/gtest.h>
-#include <map>
 #include <vector>
 
 // After Qt, whose enumerators some of Xlib's macros would replace.
 #include <GL/glx.h>
 
 using namespace velmora::sdk::integration;
-
-namespace {
-
-/// By attribute; one that is only named counts as 1.
-using Request = std::map<int, int>;
-
-std::vector<Request> requests;
-int refusals = 0;
-
-Request read(const int* attributes)
-{
-    Request request;
-    while (*attributes != None) {
-        const int name = *attributes++;
-        const bool isOnlyNamed = name == GLX_RGBA || name == GLX_DOUBLEBUFFER || name == GLX_STEREO;
-        request[name] = isOnlyNamed ? 1 : *attributes++;
-    }
-    return request;
-}
-
-} // namespace
-
-// In place of GLX's own, which it calls: writes the requests down and refuses as many as the test says.
-extern "C" __attribute__((visibility("default"))) XVisualInfo* glXChooseVisual(Display* display, int screen,
-                                                                               int* attributes)
-{
-    using Function = XVisualInfo* (*)(Display*, int, int*);
-    static const auto original = reinterpret_cast<Function>(dlsym(RTLD_NEXT, "glXChooseVisual"));
-    requests.push_back(read(attributes));
-    return refusals-- > 0 ? nullptr : original(display, screen, attributes);
-}
+using velmora::test::glxRequests;
+using Request = velmora::test::GlxRequest;
 
 namespace {
 
@@ -65,8 +35,7 @@ QGLFormat formatOfEverything()
 
 toolkit::OwnedVisual choose(const QGLFormat& format, int refused = 0)
 {
-    requests.clear();
-    refusals = refused;
+    velmora::test::beginGlxRequests(refused);
     toolkit::VisualChoosingContext context(format);
     return toolkit::OwnedVisual(context.chooseVisual());
 }
@@ -76,8 +45,8 @@ toolkit::OwnedVisual choose(const QGLFormat& format, int refused = 0)
 TEST(VisualChoosingContext, ASizeThatIsNotSetMeansAnyAboveNone)
 {
     choose(formatOfEverything());
-    ASSERT_FALSE(requests.empty());
-    EXPECT_EQ(requests.front(), Everything);
+    ASSERT_FALSE(glxRequests.empty());
+    EXPECT_EQ(glxRequests.front(), Everything);
 }
 
 TEST(VisualChoosingContext, SizesThatAreSetAreAskedFor)
@@ -92,22 +61,22 @@ TEST(VisualChoosingContext, SizesThatAreSetAreAskedFor)
     format.setAccumBufferSize(9);
     format.setSamples(2);
     choose(format);
-    ASSERT_FALSE(requests.empty());
+    ASSERT_FALSE(glxRequests.empty());
     const Request expected = {
         {GLX_RGBA, 1},           {GLX_RED_SIZE, 2},       {GLX_GREEN_SIZE, 3},       {GLX_BLUE_SIZE, 4},
         {GLX_ALPHA_SIZE, 5},     {GLX_DOUBLEBUFFER, 1},   {GLX_STEREO, 1},           {GLX_DEPTH_SIZE, 6},
         {GLX_STENCIL_SIZE, 7},   {GLX_ACCUM_RED_SIZE, 9}, {GLX_ACCUM_GREEN_SIZE, 9}, {GLX_ACCUM_BLUE_SIZE, 9},
         {GLX_SAMPLE_BUFFERS, 1}, {GLX_SAMPLES, 2},
     };
-    EXPECT_EQ(requests.front(), expected);
+    EXPECT_EQ(glxRequests.front(), expected);
 }
 
 TEST(VisualChoosingContext, WhatIsNotWantedIsNotAskedFor)
 {
     choose(QGLFormat(QGL::SingleBuffer | QGL::NoDepthBuffer | QGL::Rgba | QGL::NoStencilBuffer));
     const Request colors = {{GLX_RGBA, 1}, {GLX_RED_SIZE, 1}, {GLX_GREEN_SIZE, 1}, {GLX_BLUE_SIZE, 1}};
-    ASSERT_FALSE(requests.empty());
-    EXPECT_EQ(requests.front(), colors);
+    ASSERT_FALSE(glxRequests.empty());
+    EXPECT_EQ(glxRequests.front(), colors);
 }
 
 TEST(VisualChoosingContext, WhatMattersLeastIsGivenUpFirstUntilOnlyTheColoursAreLeft)
@@ -123,12 +92,12 @@ TEST(VisualChoosingContext, WhatMattersLeastIsGivenUpFirstUntilOnlyTheColoursAre
         {GLX_DEPTH_SIZE},
         {GLX_DOUBLEBUFFER},
     };
-    ASSERT_EQ(requests.size(), givenUp.size());
+    ASSERT_EQ(glxRequests.size(), givenUp.size());
     Request expected = Everything;
     for (std::size_t i = 0; i < givenUp.size(); ++i) {
         for (const int name : givenUp[i])
             expected.erase(name);
-        EXPECT_EQ(requests[i], expected) << i;
+        EXPECT_EQ(glxRequests[i], expected) << i;
     }
 }
 
@@ -136,10 +105,10 @@ TEST(VisualChoosingContext, NothingMoreIsGivenUpOnceThereIsAVisual)
 {
     const toolkit::OwnedVisual chosen = choose(QGLFormat(QGL::DepthBuffer | QGL::Rgba | QGL::NoStencilBuffer), 1);
     EXPECT_NE(chosen, nullptr);
-    ASSERT_EQ(requests.size(), 2u);
-    EXPECT_EQ(requests.front().count(GLX_DEPTH_SIZE), 1u);
-    EXPECT_EQ(requests.back().count(GLX_DEPTH_SIZE), 0u);
-    EXPECT_EQ(requests.back().count(GLX_DOUBLEBUFFER), 1u);
+    ASSERT_EQ(glxRequests.size(), 2u);
+    EXPECT_EQ(glxRequests.front().count(GLX_DEPTH_SIZE), 1u);
+    EXPECT_EQ(glxRequests.back().count(GLX_DEPTH_SIZE), 0u);
+    EXPECT_EQ(glxRequests.back().count(GLX_DOUBLEBUFFER), 1u);
 }
 
 namespace {

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QPointF>
+#include <QSize>
+
+class QPainter;
+class QPrinter;
+class QWheelEvent;
+
+namespace viewer {
+
+// What the toolkits that the viewer is built with do differently; the folders qt4/, qt5/ and qt6/ have the answers.
+
+/// The size of all screens together, in the toolkit's pixels.
+QSize desktopSize();
+
+/// Whether the printer's paper is known by its size alone.
+bool hasCustomPaper(const QPrinter& printer);
+
+/// Has images painted as they are, where the toolkit would compress them as photographs are.
+void keepImagesExact(QPainter& painter);
+
+/// A turn of the wheel: where in the widget, and how far up in eighths of a degree.
+struct WheelTurn {
+    QPointF position;
+    int delta;
+};
+WheelTurn turnOf(const QWheelEvent& event);
+
+} // namespace viewer

@@ -1,0 +1,3 @@
+#pragma once
+
+#include "chosen_toolkit/ClosingOfDialogs.h"

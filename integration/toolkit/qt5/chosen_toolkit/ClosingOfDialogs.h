@@ -1,0 +1,4 @@
+#pragma once
+
+// As before.
+#include "integration/toolkit/qt4/chosen_toolkit/ClosingOfDialogs.h"

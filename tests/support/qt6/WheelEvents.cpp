@@ -1,0 +1,20 @@
+#include "tests/support/WheelEvents.h"
+
+namespace velmora::test {
+
+QWheelEvent wheelEvent(const QPoint& position, const QPoint& onScreen, int delta, Qt::MouseButtons held,
+                       Qt::KeyboardModifiers modifiers, Qt::Orientation orientation)
+{
+    const QPoint angle = orientation == Qt::Vertical ? QPoint(0, delta) : QPoint(delta, 0);
+    return QWheelEvent(position, onScreen, QPoint(), angle, held, modifiers, Qt::NoScrollPhase, false);
+}
+
+WheelFacts wheelFacts(const QWheelEvent& event)
+{
+    const QPoint angle = event.angleDelta();
+    const bool isHorizontal = angle.x() != 0;
+    return {event.position().toPoint(), event.globalPosition().toPoint(), isHorizontal ? angle.x() : angle.y(),
+            isHorizontal ? Qt::Horizontal : Qt::Vertical};
+}
+
+} // namespace velmora::test
