@@ -30,9 +30,15 @@ int HollowBandStyle::styleHint(StyleHint hint, const QStyleOption* option, const
 }
 
 // A window of its own: nothing but OpenGL can paint in the area.
-RegionSelector::RegionSelector(GLDrawArea& area) : m_area(area), m_band(QRubberBand::Rectangle)
+RegionSelector::RegionSelector(GLDrawArea& area)
+    : m_area(area), m_sheet(new QWidget(&area, Qt::ToolTip)),  // the area's child
+      m_band(new QRubberBand(QRubberBand::Rectangle, m_sheet)) // the sheet's
 {
-    m_band.setStyle(&m_style);
+    m_sheet->setAttribute(Qt::WA_TransparentForMouseEvents);
+    m_sheet->setAttribute(Qt::WA_TranslucentBackground);
+    m_sheet->setAttribute(Qt::WA_ShowWithoutActivating);
+    m_band->setStyle(&m_style);
+    m_band->show(); // together with the sheet
 }
 
 QRect RegionSelector::rectTo(const QPoint& position) const
@@ -43,8 +49,9 @@ QRect RegionSelector::rectTo(const QPoint& position) const
 void RegionSelector::begin(const QPoint& position)
 {
     m_corner = position;
+    m_sheet->setGeometry(QRect(m_area.mapToGlobal(QPoint()), m_area.size()));
     placeBand(position);
-    m_band.show();
+    m_sheet->show();
 }
 
 void RegionSelector::extend(const QPoint& position)
@@ -52,17 +59,17 @@ void RegionSelector::extend(const QPoint& position)
     placeBand(position);
 }
 
-// The band is a window: the toolkit places it in its own pixels.
+// The toolkit places the band in its own pixels.
 void RegionSelector::placeBand(const QPoint& position)
 {
     const double scale = screenPixelsPerPixel(m_area);
-    const QRect rect = QRect(m_corner / scale, position / scale).normalized() & m_area.rect();
-    m_band.setGeometry(QRect(m_area.mapToGlobal(rect.topLeft()), rect.size()));
+    m_band->setGeometry(QRect(m_corner / scale, position / scale).normalized() & m_area.rect());
+    m_sheet->setMask(m_band->mask().translated(m_band->pos()));
 }
 
 void RegionSelector::finish(const QPoint& position, bool add)
 {
-    m_band.hide();
+    m_sheet->hide();
     QRect rect = rectTo(position);
     const int reach = qRound(ReachOfClick * screenPixelsPerPixel(m_area));
     if (rect.width() < reach && rect.height() < reach)
@@ -75,7 +82,7 @@ void RegionSelector::finish(const QPoint& position, bool add)
 
 void RegionSelector::cancel()
 {
-    m_band.hide();
+    m_sheet->hide();
 }
 
 } // namespace viewer

@@ -32,7 +32,7 @@ public:
     /// Selects; with `add` what was selected before stays so.
     void finish(const QPoint& position, bool add);
     void cancel();
-    bool isActive() const { return m_band.isVisible(); }
+    bool isActive() const { return m_sheet->isVisible(); }
 
 private:
     QRect rectTo(const QPoint& position) const;
@@ -40,7 +40,8 @@ private:
 
     velmora::sdk::integration::GLDrawArea& m_area;
     HollowBandStyle m_style;
-    QRubberBand m_band;
+    QWidget* const m_sheet; ///< lies over the area, and has but the band on it: a Wayland client cannot move a window
+    QRubberBand* const m_band;
     QPoint m_corner;
 };
 
