@@ -6,7 +6,6 @@
 #include "integration/offscreen/EveryContext.h"
 #include "integration/offscreen/ImageSizeText.h"
 #include "integration/opengl/FramebufferReader.h"
-#include "integration/toolkit/LargeImage.h"
 #include "toolbox/StyleValue.h"
 
 namespace velmora::sdk::integration::intern {
@@ -76,14 +75,13 @@ bool OffscreenImageEgl::render(ExportRegion_e region)
 
 QImage OffscreenImageEgl::toImage()
 {
-    QImage image = toolkit::newLargeImage(width(), height(), QImage::Format_RGB32);
-    if (image.isNull())
-        return image;
+    std::uint32_t* const pixels = m_picture.pixelsFor(width(), height());
+    if (!pixels)
+        return QImage();
     const EveryContextKeeper keeper;
-    auto* const pixels = reinterpret_cast<std::uint32_t*>(image.bits());
     if (!m_glContext.setCurrentGL() || !readFramebuffer(SurfacelessContext::gl(), m_framebuffer, pixels))
         return QImage();
-    return image;
+    return m_picture.image();
 }
 
 bool OffscreenImageEgl::GLContext::setCurrentGL()

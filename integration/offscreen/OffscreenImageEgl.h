@@ -3,6 +3,7 @@
 #include "integration/offscreen/ExportableImageInterface.h"
 #include "integration/opengl/ImageFramebuffer.h"
 #include "integration/opengl/SurfacelessContext.h"
+#include "integration/toolkit/LargeImage.h"
 #include "interfaces/GLContextInterface.h"
 #include "interfaces/OffscreenImageInterface.h"
 
@@ -53,6 +54,7 @@ private:
     std::unique_ptr<SurfacelessContext> m_context;
     ImageFramebuffer m_framebuffer;
     GLContext m_glContext;
+    toolkit::LargeImage m_picture;
 };
 
 } // namespace velmora::sdk::integration::intern

@@ -7,7 +7,6 @@
 #include "integration/offscreen/ImageSizeText.h"
 #include "integration/offscreen/PixelRows.h"
 #include "integration/opengl/ReadingGL.h"
-#include "integration/toolkit/LargeImage.h"
 #include "toolbox/StyleValue.h"
 
 namespace velmora::sdk::integration::intern {
@@ -84,16 +83,16 @@ QImage OffscreenImageMesa::toImage()
 {
     if (m_unfinished)
         return QImage();
-    QImage image = toolkit::newLargeImage(m_width, m_height, QImage::Format_RGB32);
-    if (image.isNull())
-        return image;
+    std::uint32_t* pixels = m_picture.pixelsFor(m_width, m_height);
+    if (!pixels)
+        return QImage();
     const PixelRows& rows = pixelRows();
-    for (int y = 0; y < m_height; ++y) {
+    for (int y = 0; y < m_height; ++y, pixels += m_width) {
         const std::uint32_t* const source =
             m_buffer->pixels() + static_cast<std::ptrdiff_t>(m_height - 1 - y) * m_width;
-        rows.fromRgbaBytes(source, m_width, reinterpret_cast<std::uint32_t*>(image.scanLine(y)));
+        rows.fromRgbaBytes(source, m_width, pixels);
     }
-    return image;
+    return m_picture.image();
 }
 
 bool OffscreenImageMesa::GLContext::setCurrentGL()

@@ -3,6 +3,7 @@
 #include "integration/offscreen/ExportableImageInterface.h"
 #include "integration/offscreen/PixelMemory.h"
 #include "integration/opengl/OSMesaLibrary.h"
+#include "integration/toolkit/LargeImage.h"
 #include "interfaces/GLContextInterface.h"
 #include "interfaces/OffscreenImageInterface.h"
 
@@ -51,6 +52,7 @@ private:
     std::optional<PixelMemory> m_buffer; ///< bytes R, G, B, A a pixel; row 0 is the bottom row
     OSMesaLibrary::Context m_context = nullptr;
     GLContext m_glContext;
+    toolkit::LargeImage m_picture;
     bool m_wasCurrent = false; ///< in this drawing
     bool m_unfinished = false;
 };

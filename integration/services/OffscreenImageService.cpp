@@ -61,6 +61,7 @@ bool OffscreenImageService::imageGetRGBRow(OffscreenImageInterface* image, int r
 void OffscreenImageService::imageDestroy(OffscreenImageInterface* image)
 {
     m_imageCached = false;
+    m_cachedImage = QImage(); // its memory is that of the image's next picture
     delete image;
 }
 

@@ -1,6 +1,5 @@
 #include "integration/toolkit/LargeImage.h"
 
-#include <cstdint>
 #include <sys/mman.h>
 
 namespace velmora::sdk::integration::toolkit {
@@ -20,13 +19,16 @@ void adviseLargePages(void* memory, std::uintptr_t bytes)
 
 } // namespace
 
-QImage newLargeImage(int width, int height, QImage::Format format)
+std::uint32_t* LargeImage::pixelsFor(int width, int height)
 {
-    QImage image(width, height, format);
-    if (!image.isNull())
-        adviseLargePages(image.bits(),
-                         static_cast<std::uintptr_t>(image.bytesPerLine()) * static_cast<std::uintptr_t>(height));
-    return image;
+    if (!m_image.isDetached() || m_image.size() != QSize(width, height)) {
+        m_image = QImage(); // before there are two
+        m_image = QImage(width, height, QImage::Format_RGB32);
+        if (!m_image.isNull())
+            adviseLargePages(m_image.bits(),
+                             static_cast<std::uintptr_t>(m_image.bytesPerLine()) * static_cast<std::uintptr_t>(height));
+    }
+    return reinterpret_cast<std::uint32_t*>(m_image.bits());
 }
 
 } // namespace velmora::sdk::integration::toolkit

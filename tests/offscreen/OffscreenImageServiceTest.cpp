@@ -212,6 +212,17 @@ TEST(OffscreenImageService, TheCacheEndsWithADestructionEvenOfNothing)
     EXPECT_EQ(row.at(0), tiles(9, 6, 1).pixel(0, 0));
 }
 
+TEST(OffscreenImageService, ADestructionGivesTheCachedPictureUp)
+{
+    services::OffscreenImageService service;
+    KnownImage image(tiles(9, 6, 0));
+    Row row(9);
+    ASSERT_TRUE(row.read(service, &image, 0));
+    EXPECT_FALSE(image.pixels.isDetached());
+    service.imageDestroy(nullptr);
+    EXPECT_TRUE(image.pixels.isDetached());
+}
+
 TEST(OffscreenImageService, TheImageIsDestroyedThroughItsInterface)
 {
     services::OffscreenImageService service;

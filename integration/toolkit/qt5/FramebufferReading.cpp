@@ -1,7 +1,6 @@
 #include "integration/toolkit/qt5/FramebufferReading.h"
 
 #include "integration/opengl/FramebufferReader.h"
-#include "integration/toolkit/LargeImage.h"
 
 #include <QOpenGLContext>
 #include <QOpenGLFunctions>
@@ -18,14 +17,12 @@ intern::ReadingGL::EntryPoint entryPoint(const char* name)
 } // namespace
 
 // The toolkit's own way fills two images with the pixels, one after the other, and asks for no errors.
-QImage readFramebuffer(unsigned framebuffer, const QSize& size, bool isMultisampled)
+QImage readFramebuffer(unsigned framebuffer, const QSize& size, bool isMultisampled, LargeImage& into)
 {
-    QImage image = newLargeImage(size.width(), size.height(), QImage::Format_RGB32);
-    if (image.isNull())
-        return image;
     const intern::ImageFramebuffer source{framebuffer, size.width(), size.height(), isMultisampled};
-    auto* const pixels = reinterpret_cast<std::uint32_t*>(image.bits());
-    return intern::readFramebuffer(intern::ReadingGL(entryPoint), source, pixels) ? image : QImage();
+    std::uint32_t* const pixels = into.pixelsFor(size.width(), size.height());
+    const bool read = pixels && intern::readFramebuffer(intern::ReadingGL(entryPoint), source, pixels);
+    return read ? into.image() : QImage();
 }
 
 int currentInteger(unsigned name)

@@ -41,6 +41,7 @@ struct PixelBuffer::Impl {
     /// The framebuffer object behind the buffer, and whether it must be resolved before it can be read.
     GLuint framebuffer = 0;
     bool isMultisampled = false;
+    LargeImage picture = {};
 };
 
 PixelBuffer::PixelBuffer(const QSize& size, const FormatRequest& request) : m_impl(new Impl{{size, formatFor(request)}})
@@ -106,7 +107,7 @@ QImage PixelBuffer::readBack()
 {
     if (!isUsable() || !makeCurrent())
         return QImage();
-    return readFramebuffer(m_impl->framebuffer, size(), m_impl->isMultisampled);
+    return readFramebuffer(m_impl->framebuffer, size(), m_impl->isMultisampled, m_impl->picture);
 }
 
 } // namespace velmora::sdk::integration::toolkit

@@ -93,7 +93,8 @@ QImage GLWidget::grabFrameBuffer()
     makeCurrent();
     if (QOpenGLContext::currentContext() != m_context.get())
         return QImage();
-    return readFramebuffer(m_context->defaultFramebufferObject(), screenSize(*this), false);
+    LargeImage picture;
+    return readFramebuffer(m_context->defaultFramebufferObject(), screenSize(*this), false, picture);
 }
 
 QPaintEngine* GLWidget::paintEngine() const

@@ -25,6 +25,7 @@ struct PixelBuffer::Impl {
     QOffscreenSurface surface;
     QOpenGLContext context;
     std::unique_ptr<QOpenGLFramebufferObject> framebuffer;
+    LargeImage picture;
 
     bool isMultisampled() const { return framebuffer->format().samples() > 0; }
 
@@ -93,7 +94,7 @@ QImage PixelBuffer::readBack()
 {
     if (!isUsable() || !makeCurrent())
         return QImage();
-    return readFramebuffer(m_impl->framebuffer->handle(), size(), m_impl->isMultisampled());
+    return readFramebuffer(m_impl->framebuffer->handle(), size(), m_impl->isMultisampled(), m_impl->picture);
 }
 
 } // namespace velmora::sdk::integration::toolkit
