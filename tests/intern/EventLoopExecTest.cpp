@@ -2,45 +2,20 @@
 #include "integration/Manager.h"
 #include "integrationmanager/ApplicationEventMonitorAbstract.h"
 
-#include <QAbstractEventDispatcher>
+#include "RecordingDispatcher.h"
+
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <gmock/gmock.h>
-#include <vector>
 
 using velmora::sdk::integration::Manager;
 using velmora::sdk::integration::intern::ApplicationEventMonitorAbstract;
-
-namespace {
-
-std::vector<int> turns;
-
-/// Writes down what it is asked to process, and processes nothing.
-class RecordingDispatcher : public QAbstractEventDispatcher {
-public:
-    bool processEvents(QEventLoop::ProcessEventsFlags flags) override
-    {
-        turns.push_back(static_cast<int>(flags));
-        return false;
-    }
-    bool hasPendingEvents() override { return false; }
-    void registerSocketNotifier(QSocketNotifier*) override {}
-    void unregisterSocketNotifier(QSocketNotifier*) override {}
-    void registerTimer(int, int, Qt::TimerType, QObject*) override {}
-    bool unregisterTimer(int) override { return true; }
-    bool unregisterTimers(QObject*) override { return true; }
-    QList<TimerInfo> registeredTimers(QObject*) const override { return QList<TimerInfo>(); }
-    int remainingTime(int) override { return -1; }
-    void wakeUp() override {}
-    void interrupt() override {}
-    void flush() override {}
-};
-
-} // namespace
+using velmora::test::RecordingDispatcher;
 
 TEST(ProcessWhileBusy, ProcessesEventsOnceWithTheFlagOfARunningLoop)
 {
     auto& monitor = dynamic_cast<ApplicationEventMonitorAbstract&>(Manager::getInstance().getApplicationEventMonitor());
+    auto& turns = RecordingDispatcher::turns();
     turns.clear();
     monitor.processWhileBusy_Internal();
     EXPECT_THAT(turns, ::testing::ElementsAre(0x20));
