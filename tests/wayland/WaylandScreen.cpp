@@ -1,19 +1,11 @@
 #include "tests/wayland/WaylandScreen.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QProcess>
 #include <QRect>
 #include <QTemporaryDir>
 
 namespace velmora::test {
-
-namespace {
-
-constexpr int PanelHeight = 40; // with room to spare
-constexpr int MostLooks = 100;
-
-} // namespace
 
 QImage waylandScreen()
 {
@@ -28,25 +20,12 @@ QImage waylandScreen()
                               : QImage(folder.filePath(pictures.front())).convertToFormat(QImage::Format_RGB32);
 }
 
-QImage stillWaylandScreen()
-{
-    QImage last = waylandScreen();
-    for (int look = 0; look < MostLooks; ++look) {
-        QCoreApplication::processEvents();
-        const QImage now = waylandScreen();
-        if (!now.isNull() && difference(last, now).pixels == 0)
-            return now;
-        last = now;
-    }
-    return QImage();
-}
-
-Difference difference(const QImage& a, const QImage& b)
+Difference difference(const QImage& a, const QImage& b, const QRect& within)
 {
     Difference result;
-    const QRect common = a.rect() & b.rect();
-    for (int y = PanelHeight; y < common.height(); ++y)
-        for (int x = 0; x < common.width(); ++x)
+    const QRect common = a.rect() & b.rect() & within;
+    for (int y = common.top(); y <= common.bottom(); ++y)
+        for (int x = common.left(); x <= common.right(); ++x)
             if (a.pixel(x, y) != b.pixel(x, y)) {
                 result.extent |= QRect(x, y, 1, 1);
                 ++result.pixels;
