@@ -1,15 +1,13 @@
 #include "integration/printing/BasicPaperSizes.h"
 #include "integration/printing/PrintingUtil.h"
 #include "integration/toolkit/Paper.h"
+#include "tests/printing/PdfFacts.h"
 #include "tests/printing/PrintingTest.h"
 
 #include <QDir>
 #include <QPainter>
 #include <QPrinter>
-#include <QProcess>
 #include <QTemporaryFile>
-#include <regex>
-#include <string>
 
 using namespace velmora::test;
 using velmora::sdk::integration::BasicPaperSize;
@@ -37,26 +35,13 @@ void print(QPrinter& printer, const QString& fileName)
     ASSERT_TRUE(painter.end());
 }
 
-/// The size of the first page as another program sees it, in millimetres.
-QSizeF pageSizeOf(const QString& fileName)
-{
-    QProcess process;
-    process.start("pdfinfo", QStringList() << fileName);
-    EXPECT_TRUE(process.waitForFinished(30000)) << "Is pdfinfo (poppler-utils) installed?";
-    const std::string facts = process.readAllStandardOutput().constData();
-    std::smatch size;
-    const bool found = std::regex_search(facts, size, std::regex("Page size:\\s+([0-9.]+) x ([0-9.]+) pts"));
-    EXPECT_TRUE(found) << fileName.toStdString();
-    return found ? QSizeF(std::stod(size[1]), std::stod(size[2])) * 25.4 / 72 : QSizeF();
-}
-
 QSizeF printedPage()
 {
     QTemporaryFile file(QDir::tempPath() + "/velmora_paper_XXXXXX.pdf");
     EXPECT_TRUE(file.open());
     QPrinter printer;
     print(printer, file.fileName());
-    return pageSizeOf(file.fileName());
+    return pageSizeOfPdf(file.fileName());
 }
 
 /// What the page must measure when the engine's current paper has this upright size.

@@ -122,8 +122,8 @@ protected:
     void expectPrinted(double width, double height)
     {
         EXPECT_TRUE(waitUntil([this] { return window->statusBar()->currentMessage() == "The page is printed."; }));
-        EXPECT_NEAR(pageMillimeters(pdf).width(), width, 1.0);
-        EXPECT_NEAR(pageMillimeters(pdf).height(), height, 1.0);
+        EXPECT_NEAR(pageSizeOfPdf(pdf).width(), width, 1.0);
+        EXPECT_NEAR(pageSizeOfPdf(pdf).height(), height, 1.0);
         EXPECT_EQ(pageImages(pdf).toStdString(), "image 300");
         expectUprightSurface(pagePicture(pdf));
     }

@@ -29,7 +29,7 @@ protected:
 
     void expectPage(double width, double height)
     {
-        const QSizeF page = pageMillimeters(pdf);
+        const QSizeF page = pageSizeOfPdf(pdf);
         EXPECT_NEAR(page.width(), width, 1.0);
         EXPECT_NEAR(page.height(), height, 1.0);
         expectUprightSurface(pagePicture(pdf));

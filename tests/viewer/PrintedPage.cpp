@@ -7,7 +7,6 @@
 #include <QProcess>
 #include <QStringList>
 #include <gtest/gtest.h>
-#include <regex>
 #include <string>
 
 namespace velmora::test {
@@ -98,15 +97,6 @@ void expectColourBar(const QImage& page)
 }
 
 } // namespace
-
-QSizeF pageMillimeters(const QString& pdf)
-{
-    const std::string facts = outputOf("pdfinfo", QStringList() << pdf).toStdString();
-    std::smatch size;
-    const bool found = std::regex_search(facts, size, std::regex("Page size:\\s+([0-9.]+) x ([0-9.]+) pts"));
-    EXPECT_TRUE(found) << pdf.toStdString();
-    return found ? QSizeF(std::stod(size[1]), std::stod(size[2])) * 25.4 / 72 : QSizeF();
-}
 
 QImage pagePicture(const QString& pdf, int dotsPerInch)
 {

@@ -1,15 +1,15 @@
 #pragma once
 
+#include "tests/printing/PdfFacts.h"
+
 #include <QImage>
 #include <QRect>
-#include <QSizeF>
 #include <QString>
 
 namespace velmora::test {
 
 // The first page of a PDF file as other programs see it (poppler-utils).
 
-QSizeF pageMillimeters(const QString& pdf);
 /// With whole pixels, as a printer has them.
 QImage pagePicture(const QString& pdf, int dotsPerInch = 72);
 /// With smooth edges, as a window shows it.

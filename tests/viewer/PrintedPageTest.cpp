@@ -80,7 +80,7 @@ protected:
 
     void expectPage(const QSizeF& millimeters)
     {
-        const QSizeF page = pageMillimeters(pdf);
+        const QSizeF page = pageSizeOfPdf(pdf);
         EXPECT_NEAR(page.width(), millimeters.width(), 1.0);
         EXPECT_NEAR(page.height(), millimeters.height(), 1.0);
     }
