@@ -2,20 +2,43 @@
 #include "integration/Manager.h"
 #include "integrationmanager/ApplicationEventMonitorAbstract.h"
 
-#include "RecordingDispatcher.h"
+#include "ToolkitDispatcher.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <gmock/gmock.h>
+#include <vector>
 
 using velmora::sdk::integration::Manager;
 using velmora::sdk::integration::intern::ApplicationEventMonitorAbstract;
-using velmora::test::RecordingDispatcher;
+
+namespace {
+
+std::vector<int> turns;
+
+/// Writes down what it is asked to process, and processes nothing.
+class RecordingDispatcher : public velmora::test::ToolkitDispatcher {
+public:
+    bool processEvents(QEventLoop::ProcessEventsFlags flags) override
+    {
+        turns.push_back(static_cast<int>(flags));
+        return false;
+    }
+    void registerSocketNotifier(QSocketNotifier*) override {}
+    void unregisterSocketNotifier(QSocketNotifier*) override {}
+    bool unregisterTimer(int) override { return true; }
+    bool unregisterTimers(QObject*) override { return true; }
+    QList<TimerInfo> registeredTimers(QObject*) const override { return QList<TimerInfo>(); }
+    int remainingTime(int) override { return -1; }
+    void wakeUp() override {}
+    void interrupt() override {}
+};
+
+} // namespace
 
 TEST(ProcessWhileBusy, ProcessesEventsOnceWithTheFlagOfARunningLoop)
 {
     auto& monitor = dynamic_cast<ApplicationEventMonitorAbstract&>(Manager::getInstance().getApplicationEventMonitor());
-    auto& turns = RecordingDispatcher::turns();
     turns.clear();
     monitor.processWhileBusy_Internal();
     EXPECT_THAT(turns, ::testing::ElementsAre(0x20));
