@@ -42,30 +42,28 @@ public:
     void mouseMoved(MouseEventInterface&, MouseEventObservableInterface&) override
     {
         ++moves;
+        shownBefore = swaps().size();
         VelUtilViewRotate(0.5, 0);
     }
     void buttonPressed(MouseEventInterface&, MouseEventObservableInterface&) override {}
     void buttonReleased(MouseEventInterface&, MouseEventObservableInterface&) override {}
     void buttonDoublePressed(MouseEventInterface&, MouseEventObservableInterface&) override {}
     long moves = 0;
+    std::size_t shownBefore = 0; ///< pictures before the last move
 
 private:
     GLDrawArea& m_area;
 };
 
-/// From a real move of the mouse to the first picture that was made after the host has heard of it.
+/// From a real move of the mouse to the first picture that was made after the host has heard of it. The
+/// full picture that follows may be shown before this loop has its turn again.
 double millisecondsToShow(Host& host, const Turner& turner, int step)
 {
     const long moves = turner.moves;
-    long shown = 0;
     const Clock::time_point start = Clock::now();
     test::movePointer(host.area(), QPoint(400 + step % 2, 300));
-    test::waitUntil([&] {
-        if (turner.moves == moves)
-            shown = swaps().count;
-        return turner.moves > moves && swaps().count > shown;
-    });
-    return std::chrono::duration<double, std::milli>(swaps().last - start).count();
+    test::waitUntil([&] { return turner.moves > moves && swaps().size() > turner.shownBefore; });
+    return std::chrono::duration<double, std::milli>(swaps().at(turner.shownBefore) - start).count();
 }
 
 double p95(std::vector<double> values)
@@ -85,9 +83,9 @@ double picturesPerSecond(Host& host)
             std::this_thread::sleep_for(std::chrono::milliseconds(5));
         }
     });
-    const long before = swaps().count;
+    const std::size_t before = swaps().size();
     test::waitUntil([] { return false; }, Milliseconds);
-    const long shown = swaps().count - before;
+    const std::size_t shown = swaps().size() - before;
     over = true;
     person.join();
     return 1e3 * static_cast<double>(shown) / Milliseconds;

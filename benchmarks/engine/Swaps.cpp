@@ -8,11 +8,11 @@ namespace velmora::benchmark {
 
 namespace {
 
-Swaps g_swaps;
+std::vector<Clock::time_point> g_swaps;
 
 } // namespace
 
-const Swaps& swaps()
+const std::vector<Clock::time_point>& swaps()
 {
     return g_swaps;
 }
@@ -25,6 +25,5 @@ extern "C" __attribute__((visibility("default"))) void glXSwapBuffers(Display* d
     static const auto swapBuffers = reinterpret_cast<Function>(dlsym(RTLD_NEXT, "glXSwapBuffers"));
     swapBuffers(display, drawable);
     using namespace velmora::benchmark;
-    ++g_swaps.count;
-    g_swaps.last = Clock::now();
+    g_swaps.push_back(Clock::now());
 }

@@ -2,15 +2,12 @@
 
 #include "benchmarks/support/Median.h"
 
+#include <vector>
+
 namespace velmora::benchmark {
 
-/// What the windows of this process have shown, which the X server is told by glXSwapBuffers.
-struct Swaps {
-    long count = 0;
-    Clock::time_point last;
-};
-
-/// Up to now. GUI thread.
-const Swaps& swaps();
+/// When the windows of this process have shown a picture, which the X server is told by glXSwapBuffers.
+/// Up to now, in their order. GUI thread.
+const std::vector<Clock::time_point>& swaps();
 
 } // namespace velmora::benchmark

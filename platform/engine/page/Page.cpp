@@ -6,6 +6,7 @@
 #include "interfaces/GLContextInterface.h"
 #include "interfaces/GLDrawAreaInterface.h"
 
+#include <malloc.h>
 #include <utility>
 
 namespace velmora::engine {
@@ -26,7 +27,18 @@ InchRect Page::currentFrameRect() const
 void Page::replaceFrames(std::vector<Frame> frames)
 {
     m_frames = std::move(frames);
+    m_framesReplaced = true;
     changed();
+}
+
+void Page::releaseObsoleteGeometry(const GLFunctions& gl)
+{
+    if (!m_framesReplaced)
+        return;
+    m_framesReplaced = false;
+    m_keptGeometry.release(gl);
+    // A data set and its geometry are thousands of pieces, and the allocator keeps small pieces for the process.
+    malloc_trim(0);
 }
 
 void Page::fitFramesToPaper()

@@ -51,6 +51,8 @@ public:
     PageCanvas& canvas() { return m_canvas; }
     /// What drawings in the area keep for the next.
     KeptGeometry& keptGeometry() { return m_keptGeometry; }
+    /// Gives back what was kept of frames that the page has no longer. The area's context is current.
+    void releaseObsoleteGeometry(const GLFunctions& gl);
     CoarseBudget& coarseBudget() { return m_coarseBudget; }
 
     // ---- the state of its picture
@@ -84,6 +86,7 @@ private:
     velmora::sdk::integration::PageInterface* m_interface = nullptr;
     PageCanvas m_canvas;
     KeptGeometry m_keptGeometry;
+    bool m_framesReplaced = false; ///< since the last drawing
     CoarseBudget m_coarseBudget;
     PictureState m_state = PictureState::Waiting;
     unsigned long m_generation = 1;

@@ -187,6 +187,7 @@ void showCoarse(Page& page)
     const GLFunctions gl = makeCurrent(area);
     const GLStateScope keep(gl);
     const Size size = sizeOf(area);
+    page.releaseObsoleteGeometry(gl);
     page.canvas().prepare(gl, size.width, size.height);
     if (page.canvas().isDirect())
         return;

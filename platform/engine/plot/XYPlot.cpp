@@ -1,7 +1,6 @@
 #include "engine/plot/XYPlot.h"
 
 #include "engine/gl/GLStateGuard.h"
-#include "engine/gl/KeptGeometry.h"
 #include "engine/plot/XYPainter.h"
 
 #include <cmath>
@@ -72,8 +71,6 @@ XYPlot::XYPlot(std::shared_ptr<const Table> table, Checkpoint& checkpoint)
 bool XYPlot::draw(const Drawing& drawing, Checkpoint& checkpoint)
 {
     rememberFrameSize(drawing);
-    if (drawing.kept)
-        drawing.kept->release(*drawing.gl);
     const GLStateGuard guard(*drawing.gl);
     return XYPainter(drawing, checkpoint, m_content, selection()).paint();
 }

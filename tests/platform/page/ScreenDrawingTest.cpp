@@ -307,6 +307,17 @@ TEST_F(ScreenDrawing, AnAreaThatIsNotShownIsNotDrawn)
     EXPECT_EQ(VelUtilPageIsComplete(), 1);
 }
 
+TEST_F(ScreenDrawing, OtherDataGiveBackTheGeometryOfTheDataBefore)
+{
+    load(gridFile());
+    m_page = show(area);
+    ASSERT_EQ(VelUtilWorkFinish(), 1);
+    EXPECT_GT(area.surface.countBuffers(), 0);
+    load(tableFile());
+    ASSERT_EQ(VelUtilWorkFinish(), 1);
+    EXPECT_EQ(area.surface.countBuffers(), 0);
+}
+
 TEST_F(ScreenDrawing, AContextThatCannotBeMadeCurrentIsReported)
 {
     load(tableFile());

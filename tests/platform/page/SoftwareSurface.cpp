@@ -1,5 +1,7 @@
 #include "tests/platform/page/SoftwareSurface.h"
 
+#include <GL/gl.h>
+
 namespace velmora::test {
 
 std::ostream& operator<<(std::ostream& out, const Pixel& pixel)
@@ -34,6 +36,17 @@ void SoftwareSurface::spoil()
     m_context->makeCurrent(m_width, m_height);
     m_context->fill(0x77);
     m_changed = true;
+}
+
+int SoftwareSurface::countBuffers()
+{
+    setCurrentGL();
+    const auto isBuffer = m_context->function<GLboolean(GLuint)>("glIsBuffer");
+    constexpr GLuint MostNames = 1000;
+    int found = 0;
+    for (GLuint name = 1; name < MostNames; ++name)
+        found += isBuffer(name);
+    return found;
 }
 
 const std::vector<unsigned char>& SoftwareSurface::bytes() const

@@ -42,6 +42,8 @@ public:
     Pixel at(int x, int yFromBottom) const;
     /// How many pixels are not of this colour.
     int countOther(const Pixel& colour) const;
+    /// How many buffer objects its context has.
+    int countBuffers();
     /// RGBA from the bottom.
     const std::vector<unsigned char>& bytes() const;
 
