@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <memory>
+#include <string>
 #include <vector>
 
 class QWidget;
@@ -30,8 +31,10 @@ public:
     virtual void setSurface(const Surface& surface) = 0;
     /// How many mouse moves the one listener has heard.
     virtual long movesHeard() const = 0;
-    /// Writes the picture, `side` by `side` pixels, as PNG.
-    virtual bool exportPng(int side, const QString& file) = 0;
+    /// The kinds of off-screen image that it draws pictures into.
+    virtual std::vector<std::string> imageKinds() const { return {"its own off-screen window"}; }
+    /// Writes the picture, `side` by `side` pixels, as PNG, drawn into an image of that place in `imageKinds`.
+    virtual bool exportPng(int side, const QString& file, std::size_t imageKind) = 0;
     /// Draws the window's picture anew. The application gets its turns while it lasts, and Escape
     /// ends it early; false then.
     virtual bool draw() = 0;

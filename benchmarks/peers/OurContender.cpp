@@ -2,9 +2,11 @@
 
 #include "engine/VelUtil.h"
 #include "integration/Manager.h"
+#include "integration/StyleSettings.h"
 #include "integration/glarea/GLDrawArea.h"
 #include "interfaces/EngineEnumerations.h"
 #include "interfaces/MouseEventListenerInterface.h"
+#include "toolbox/StyleValue.h"
 
 #include <QMainWindow>
 #include <QTemporaryFile>
@@ -24,6 +26,16 @@ public:
     void buttonDoublePressed(MouseEventInterface&, MouseEventObservableInterface&) override {}
     long moves = 0;
 };
+
+struct ImageKind {
+    const char* name;
+    ImageRenderingStrategy_e strategy;
+    int prefersEgl;
+};
+// The pixmap image is the pixel buffer's stand-in on a server without pixel buffers.
+const ImageKind ImageKinds[] = {{"a pixel buffer", ImageRenderingStrategy_Hardware, 0},
+                                {"an EGL image", ImageRenderingStrategy_Hardware, 1},
+                                {"an OSMesa image", ImageRenderingStrategy_Software, 0}};
 
 class OurContender : public Contender {
 public:
@@ -62,9 +74,20 @@ public:
             qFatal("%s", VelUtilLastErrorMessage());
     }
 
-    bool exportPng(int side, const QString& file) override
+    std::vector<std::string> imageKinds() const override
     {
-        const VelExportImageOptions options = {side, side, 1, ExportRegion_Page, ImageRenderingStrategy_Hardware, 0.0};
+        std::vector<std::string> names;
+        for (const ImageKind& kind : ImageKinds)
+            names.emplace_back(kind.name);
+        return names;
+    }
+
+    bool exportPng(int side, const QString& file, std::size_t imageKind) override
+    {
+        const ImageKind& kind = ImageKinds[imageKind];
+        writeStyleInteger(toolbox::StyleValue("Interface", "OpenGLConfig", "ImageRendering"), "PreferEGL",
+                          kind.prefersEgl);
+        const VelExportImageOptions options = {side, side, 1, ExportRegion_Page, kind.strategy, 0.0};
         return VelUtilExportImage(file.toUtf8().constData(), &options) != 0;
     }
 

@@ -96,14 +96,18 @@ void measureStandingStill(Contender& contender)
 
 void measurePictures(Contender& contender, const QString& folder)
 {
-    for (const int side : {1024, 4096, 8192}) {
-        const QString file = folder + QString::fromLatin1("/%1.png").arg(side);
-        bool written = false;
-        const double time = millisecondsOf([&] { written = contender.exportPng(side, file); });
-        const std::string size = std::to_string(side);
-        reportOf(contender, "PNG of " + size + " × " + size + " pixels" + (written ? "" : " (could not write it)"),
-                 time, "ms");
-    }
+    const std::vector<std::string> kinds = contender.imageKinds();
+    for (const int side : {1024, 4096, 8192})
+        for (std::size_t kind = 0; kind < kinds.size(); ++kind) {
+            const QString file = folder + QString::fromLatin1("/%1.png").arg(side);
+            bool written = false;
+            const double time = millisecondsOf([&] { written = contender.exportPng(side, file, kind); });
+            const std::string size = std::to_string(side);
+            reportOf(contender,
+                     "PNG of " + size + " × " + size + " pixels through " + kinds[kind] +
+                         (written ? "" : " (could not write it)"),
+                     time, "ms");
+        }
 }
 
 struct Press {

@@ -88,7 +88,7 @@ public:
         m_camera->viewAll(m_root, m_area->getViewportRegion());
     }
 
-    bool exportPng(int side, const QString& file) override
+    bool exportPng(int side, const QString& file, std::size_t) override
     {
         SoOffscreenRenderer renderer{SbViewportRegion(static_cast<short>(side), static_cast<short>(side))};
         if (!renderer.render(m_root))

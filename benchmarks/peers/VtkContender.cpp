@@ -92,7 +92,7 @@ public:
         m_renderer->ResetCamera();
     }
 
-    bool exportPng(int side, const QString& file) override
+    bool exportPng(int side, const QString& file, std::size_t) override
     {
         vtkNew<vtkRenderWindow> offscreen;
         offscreen->SetOffScreenRendering(1);

@@ -2,6 +2,7 @@
 
 #include "interfaces/EngineEnumerations.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFormLayout>
@@ -21,7 +22,8 @@ constexpr double MillimetersPerInch = 25.4;
 
 } // namespace
 
-ExportDialog::ExportDialog(const QSize& offered, QWidget* parent) : QDialog(parent), m_preview(new QLabel)
+ExportDialog::ExportDialog(const QSize& offered, QWidget* parent)
+    : QDialog(parent), m_transparent(new QCheckBox(tr("&Transparent ground"))), m_preview(new QLabel)
 {
     setWindowTitle(tr("Export Image"));
     QFormLayout* const form = new QFormLayout(this);
@@ -33,6 +35,9 @@ ExportDialog::ExportDialog(const QSize& offered, QWidget* parent) : QDialog(pare
     m_supersample = addNumber(*form, "supersample", tr("S&moothing"), 1, MostSupersampling, 2);
     m_supersample->setToolTip(tr("Drawn that many times larger in each direction, and averaged"));
     addStrategies(*form);
+    m_transparent->setObjectName(QLatin1String("transparent"));
+    m_transparent->setToolTip(tr("Leaves the white ground out, for a picture that is put upon something else"));
+    form->addRow(m_transparent);
     m_preview->setObjectName(QLatin1String("preview"));
     form->addRow(m_preview);
     QDialogButtonBox* const buttons = new QDialogButtonBox(QDialogButtonBox::Save | QDialogButtonBox::Cancel);
@@ -86,6 +91,7 @@ VelExportImageOptions ExportDialog::options() const
     options.region = m_region->itemData(m_region->currentIndex()).toInt();
     options.strategy = m_strategy->itemData(m_strategy->currentIndex()).toInt();
     options.dotsPerInch = m_resolution->value();
+    options.transparent = m_transparent->isChecked() ? 1 : 0;
     return options;
 }
 

@@ -4,6 +4,7 @@
 
 #include <QDialog>
 
+class QCheckBox;
 class QComboBox;
 class QFormLayout;
 class QLabel;
@@ -37,6 +38,7 @@ private:
     QSpinBox* m_supersample;
     QComboBox* m_region;
     QComboBox* m_strategy;
+    QCheckBox* m_transparent;
     QLabel* m_preview;
 };
 

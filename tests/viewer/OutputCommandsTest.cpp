@@ -12,6 +12,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
 #include <QFile>
@@ -107,6 +108,24 @@ TEST_F(OutputCommand, ExportWritesThePictureAndTheScreenStaysAsItWas)
         EXPECT_TRUE(waitUntil([&] { return !differ(first, picture()); }));
         EXPECT_TRUE(QFile::remove(name));
     }
+}
+
+TEST_F(OutputCommand, ExportLeavesTheGroundOutWhereThatIsChosen)
+{
+    const QString name = folder.file("export.png");
+    exportTo(name, 320, 240, "Software");
+    EXPECT_EQ(QImage(name).pixelColor(0, 0), QColor(Qt::white));
+    ASSERT_TRUE(QFile::remove(name));
+    Answer<viewer::ExportDialog> choices([](viewer::ExportDialog& dialog) {
+        dialog.findChild<QCheckBox*>("transparent")->click();
+        accept(dialog);
+    });
+    Answer<QFileDialog> file([&](QFileDialog& dialog) { acceptWithName(dialog, name); });
+    action("&Export Image...")->trigger();
+    EXPECT_TRUE(file.hasActed());
+    const QImage image(name);
+    EXPECT_EQ(image.pixelColor(0, 0).alpha(), 0);
+    EXPECT_EQ(image.pixelColor(image.rect().center()).alpha(), 255) << "the surface";
 }
 
 TEST_F(OutputCommand, ExportShowsTheSizeOnPaperBeforehand)
