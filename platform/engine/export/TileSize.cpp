@@ -6,7 +6,7 @@ namespace velmora::engine {
 namespace {
 
 // An image takes about four times this: colours, depth and the copy that is read back.
-constexpr long MostTilePixels = 8L * 1024 * 1024;
+constexpr long MostTilePixels = 4L * 1024 * 1024;
 constexpr long MostBandBytes = 32L * 1024 * 1024;
 constexpr int BytesPerPixel = 3;
 // Hardly any image is larger in one direction. Asking for more would only make the bands thinner

@@ -62,7 +62,8 @@ GLsync GLFunctions::startFence() const
     if (!FenceSync || !ClientWaitSync || !DeleteSync)
         return nullptr;
     const GLsync fence = FenceSync(GL_SYNC_GPU_COMMANDS_COMPLETE, 0);
-    Flush();
+    // Not glFlush, at which a software context copies its whole picture, as at glFinish.
+    ClientWaitSync(fence, GL_SYNC_FLUSH_COMMANDS_BIT, 0);
     return fence;
 }
 

@@ -9,38 +9,24 @@ namespace velmora::engine {
 // engine draws with has.
 // clang-format off
 #define VELMORA_GL_REQUIRED_FUNCTIONS(ENTRY) \
-    ENTRY(ActiveTexture) ENTRY(AlphaFunc) ENTRY(Begin) ENTRY(BindTexture) ENTRY(Bitmap) \
-    ENTRY(BlendFunc) ENTRY(CallList) ENTRY(Clear) ENTRY(ClearColor) ENTRY(ClearDepth) \
-    ENTRY(ClearStencil) ENTRY(ClientActiveTexture) ENTRY(ClipPlane) ENTRY(Color3f) ENTRY(Color3fv) \
-    ENTRY(Color4f) ENTRY(Color4fv) ENTRY(Color4ub) ENTRY(Color4ubv) ENTRY(ColorMask) \
-    ENTRY(ColorMaterial) ENTRY(ColorPointer) ENTRY(CopyPixels) ENTRY(CopyTexImage2D) \
-    ENTRY(CopyTexSubImage2D) ENTRY(CullFace) ENTRY(DeleteLists) ENTRY(DeleteTextures) \
-    ENTRY(DepthFunc) ENTRY(DepthMask) ENTRY(DepthRange) ENTRY(Disable) ENTRY(DisableClientState) \
-    ENTRY(DrawArrays) ENTRY(DrawBuffer) ENTRY(DrawElements) ENTRY(DrawPixels) ENTRY(Enable) \
-    ENTRY(EnableClientState) ENTRY(End) ENTRY(EndList) ENTRY(Finish) ENTRY(Flush) ENTRY(FrontFace) \
-    ENTRY(Frustum) ENTRY(GenLists) ENTRY(GenTextures) ENTRY(GetBooleanv) ENTRY(GetDoublev) \
-    ENTRY(GetError) ENTRY(GetFloatv) ENTRY(GetIntegerv) ENTRY(GetPointerv) ENTRY(GetString) \
-    ENTRY(GetTexImage) ENTRY(GetTexLevelParameteriv) ENTRY(Hint) ENTRY(IsEnabled) ENTRY(IsTexture) \
-    ENTRY(LightModelfv) ENTRY(LightModeli) ENTRY(Lightf) ENTRY(Lightfv) ENTRY(LineStipple) \
-    ENTRY(LineWidth) ENTRY(LoadIdentity) ENTRY(LoadMatrixd) ENTRY(LoadMatrixf) ENTRY(Materialf) \
-    ENTRY(Materialfv) ENTRY(MatrixMode) ENTRY(MultMatrixd) ENTRY(MultMatrixf) ENTRY(NewList) \
-    ENTRY(Normal3f) ENTRY(Normal3fv) ENTRY(NormalPointer) ENTRY(Ortho) ENTRY(PixelStorei) \
-    ENTRY(PixelTransferf) ENTRY(PixelZoom) ENTRY(PointSize) ENTRY(PolygonMode) \
-    ENTRY(PolygonOffset) ENTRY(PopAttrib) ENTRY(PopClientAttrib) ENTRY(PopMatrix) \
-    ENTRY(PushAttrib) ENTRY(PushClientAttrib) ENTRY(PushMatrix) ENTRY(RasterPos2f) \
-    ENTRY(ReadBuffer) ENTRY(ReadPixels) ENTRY(Rectf) ENTRY(Rotated) ENTRY(Rotatef) ENTRY(Scaled) \
-    ENTRY(Scalef) ENTRY(Scissor) ENTRY(ShadeModel) ENTRY(StencilFunc) ENTRY(StencilMask) \
-    ENTRY(StencilOp) ENTRY(TexCoord2f) ENTRY(TexCoordPointer) ENTRY(TexEnvf) ENTRY(TexEnvi) \
-    ENTRY(TexImage2D) ENTRY(TexParameterf) ENTRY(TexParameteri) ENTRY(TexSubImage2D) \
-    ENTRY(Translated) ENTRY(Translatef) ENTRY(Vertex2d) ENTRY(Vertex2f) ENTRY(Vertex2fv) \
-    ENTRY(Vertex3d) ENTRY(Vertex3f) ENTRY(Vertex3fv) ENTRY(VertexPointer) ENTRY(Viewport)
+    ENTRY(ActiveTexture) ENTRY(AlphaFunc) ENTRY(Begin) ENTRY(BindTexture) ENTRY(BlendFunc) \
+    ENTRY(Clear) ENTRY(ClearColor) ENTRY(ClearDepth) ENTRY(ClientActiveTexture) ENTRY(Color4ub) \
+    ENTRY(ColorMask) ENTRY(ColorPointer) ENTRY(CullFace) ENTRY(DeleteTextures) ENTRY(DepthFunc) \
+    ENTRY(DepthMask) ENTRY(DepthRange) ENTRY(Disable) ENTRY(DisableClientState) ENTRY(DrawElements) \
+    ENTRY(Enable) ENTRY(EnableClientState) ENTRY(End) ENTRY(Finish) ENTRY(GenTextures) \
+    ENTRY(GetDoublev) ENTRY(GetError) ENTRY(GetIntegerv) ENTRY(GetString) ENTRY(IsEnabled) \
+    ENTRY(IsTexture) ENTRY(LightModelfv) ENTRY(LightModeli) ENTRY(Lightfv) ENTRY(LoadIdentity) \
+    ENTRY(LoadMatrixd) ENTRY(Materialfv) ENTRY(MatrixMode) ENTRY(NormalPointer) ENTRY(Ortho) \
+    ENTRY(PixelStorei) ENTRY(PolygonMode) ENTRY(PolygonOffset) ENTRY(PopAttrib) \
+    ENTRY(PopClientAttrib) ENTRY(PopMatrix) ENTRY(PushAttrib) ENTRY(PushClientAttrib) \
+    ENTRY(PushMatrix) ENTRY(ReadPixels) ENTRY(Rectf) ENTRY(Rotated) ENTRY(Scaled) ENTRY(Scissor) \
+    ENTRY(ShadeModel) ENTRY(StencilFunc) ENTRY(TexCoord2f) ENTRY(TexCoordPointer) ENTRY(TexEnvi) \
+    ENTRY(TexImage2D) ENTRY(TexParameteri) ENTRY(Translated) ENTRY(Vertex2f) ENTRY(VertexPointer) \
+    ENTRY(Viewport)
 
 // These are null when the OpenGL is older. Second: the pointer's type in <GL/glext.h>.
 #define VELMORA_GL_OPTIONAL_FUNCTIONS(ENTRY) \
-    ENTRY(BlendEquation, PFNGLBLENDEQUATIONPROC) \
     ENTRY(BlendFuncSeparate, PFNGLBLENDFUNCSEPARATEPROC) \
-    ENTRY(DrawRangeElements, PFNGLDRAWRANGEELEMENTSPROC) \
-    ENTRY(WindowPos2i, PFNGLWINDOWPOS2IPROC) \
     ENTRY(UseProgram, PFNGLUSEPROGRAMPROC) \
     ENTRY(BindVertexArray, PFNGLBINDVERTEXARRAYPROC) \
     ENTRY(GenBuffers, PFNGLGENBUFFERSPROC) \
@@ -48,9 +34,6 @@ namespace velmora::engine {
     ENTRY(BindBuffer, PFNGLBINDBUFFERPROC) \
     ENTRY(BufferData, PFNGLBUFFERDATAPROC) \
     ENTRY(IsBuffer, PFNGLISBUFFERPROC) \
-    ENTRY(BufferSubData, PFNGLBUFFERSUBDATAPROC) \
-    ENTRY(MapBuffer, PFNGLMAPBUFFERPROC) \
-    ENTRY(UnmapBuffer, PFNGLUNMAPBUFFERPROC) \
     ENTRY(GenFramebuffers, PFNGLGENFRAMEBUFFERSPROC) \
     ENTRY(DeleteFramebuffers, PFNGLDELETEFRAMEBUFFERSPROC) \
     ENTRY(BindFramebuffer, PFNGLBINDFRAMEBUFFERPROC) \
@@ -62,10 +45,8 @@ namespace velmora::engine {
     ENTRY(GenRenderbuffers, PFNGLGENRENDERBUFFERSPROC) \
     ENTRY(DeleteRenderbuffers, PFNGLDELETERENDERBUFFERSPROC) \
     ENTRY(BindRenderbuffer, PFNGLBINDRENDERBUFFERPROC) \
-    ENTRY(IsRenderbuffer, PFNGLISRENDERBUFFERPROC) \
     ENTRY(RenderbufferStorage, PFNGLRENDERBUFFERSTORAGEPROC) \
     ENTRY(RenderbufferStorageMultisample, PFNGLRENDERBUFFERSTORAGEMULTISAMPLEPROC) \
-    ENTRY(GetRenderbufferParameteriv, PFNGLGETRENDERBUFFERPARAMETERIVPROC) \
     ENTRY(FenceSync, PFNGLFENCESYNCPROC) \
     ENTRY(ClientWaitSync, PFNGLCLIENTWAITSYNCPROC) \
     ENTRY(DeleteSync, PFNGLDELETESYNCPROC)

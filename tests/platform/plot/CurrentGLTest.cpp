@@ -158,3 +158,23 @@ TEST(CurrentGL, AFramebufferObjectIsDrawnThroughEveryTable)
     ASSERT_TRUE(surfaceless && surfaceless->makeCurrent());
     EXPECT_TRUE(drawsIntoOne(currentGL()));
 }
+
+// To hand the picture out at every portion would cost more than to draw it.
+TEST(CurrentGL, WaitingForADrawingDoesNotHandOutThePictureOfASoftwareContext)
+{
+    if (!osMesa())
+        GTEST_SKIP() << "OSMesa is not installed";
+    constexpr int Side = 8;
+    unsigned picture[Side * Side] = {};
+    const OSMesaLibrary::Context context = osMesa()->createContextExt(GL_RGBA, 0, 0, 0, nullptr);
+    ASSERT_TRUE(osMesa()->makeCurrent(context, picture, GL_UNSIGNED_BYTE, Side, Side));
+    const GLFunctions gl = currentGL();
+    gl.ClearColor(1, 1, 1, 1);
+    gl.Clear(GL_COLOR_BUFFER_BIT);
+    gl.waitUntilDrawn();
+    EXPECT_EQ(picture[0], 0U);
+    gl.Finish();
+    EXPECT_EQ(picture[0], 0xFFFFFFFFU);
+    osMesa()->makeCurrent(nullptr, nullptr, GL_UNSIGNED_BYTE, 0, 0);
+    osMesa()->destroyContext(context);
+}
