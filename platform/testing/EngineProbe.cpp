@@ -1,6 +1,7 @@
 #include "testing/EngineProbe.h"
 
 #include "engine/core/Busy.h"
+#include "engine/core/Trace.h"
 #include "exception/ExceptionBase.h"
 
 #include <map>
@@ -27,6 +28,20 @@ Probe& probe()
     static Probe state;
     return state;
 }
+
+/// What the engine asks the probe.
+class ProbingTrace final : public engine::Trace {
+public:
+    ProbingTrace() { install(this); }
+
+    bool wantsCalls() const override { return EngineProbe::isLogging(); }
+    void called(const std::string& entry) override { EngineProbe::note(entry); }
+    void passed(const char* point) override { EngineProbe::passPoint(point); }
+    int styleWriteCode(const std::string& path) const override { return EngineProbe::styleWriteCode(path); }
+    bool styleReadFails(const std::string& path) const override { return EngineProbe::styleReadFails(path); }
+};
+
+const ProbingTrace g_trace;
 
 } // namespace
 

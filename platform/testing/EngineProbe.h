@@ -39,7 +39,7 @@ public:
     static void refuseStyleWrites(const std::string& path, int code);
     /// Makes reads of a style path fail.
     static void failStyleReads(const std::string& path, bool fail = true);
-    static int styleWriteCode(const std::string& path); ///< asked by the style tree
+    static int styleWriteCode(const std::string& path);
     static bool styleReadFails(const std::string& path);
     /// Throws velmora::ExceptionBase("Provoked at <point>.", false) the next `times` times the
     /// platform passes the point: the name of a platform class for its constructor, "drawing" for

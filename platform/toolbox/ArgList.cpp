@@ -1,6 +1,6 @@
 #include "toolbox/ArgList.h"
 
-#include "engine/style/VelArgList.h"
+#include "engine/api/VelArgList.h"
 
 namespace velmora::toolbox {
 

@@ -1,7 +1,7 @@
 #include "toolbox/StyleValue.h"
 
+#include "engine/api/VelStyle.h"
 #include "engine/style/StyleCodes.h"
-#include "engine/style/VelStyle.h"
 #include "testing/EngineProbe.h"
 #include "toolbox/ArgList.h"
 #include "toolbox/StringList.h"

@@ -4,8 +4,8 @@
 #include "integration/StyleSettings.h"
 #include "integration/printing/PaperStyle.h"
 
-#include "engine/style/VelArgList.h"
-#include "engine/style/VelStyle.h"
+#include "engine/api/VelArgList.h"
+#include "engine/api/VelStyle.h"
 #include "testing/EngineProbe.h"
 #include "toolbox/StyleValue.h"
 

@@ -1,6 +1,5 @@
 #include "engine/core/Busy.h"
 
-#include "engine/VelUtil.h"
 #include "engine/core/Callbacks.h"
 #include "engine/core/LastError.h"
 
@@ -100,13 +99,3 @@ void putOffTurn()
 }
 
 } // namespace velmora::engine
-
-int VelUtilIsBusy()
-{
-    return velmora::engine::isBusy() ? 1 : 0;
-}
-
-double VelUtilWorkProgress()
-{
-    return velmora::engine::workProgress();
-}

@@ -1,21 +1,22 @@
 #include "engine/core/Engine.h"
 
-#include "engine/VelEng.h"
-#include "engine/core/Busy.h"
 #include "engine/core/LastError.h"
-#include "engine/page/Pages.h"
-#include "engine/style/StyleTree.h"
 
 namespace velmora::engine {
 namespace {
 
-bool running = false;
+bool g_running = false;
 
 } // namespace
 
 bool isRunning()
 {
-    return running;
+    return g_running;
+}
+
+void setRunning(bool running)
+{
+    g_running = running;
 }
 
 bool requireRunning()
@@ -26,34 +27,3 @@ bool requireRunning()
 }
 
 } // namespace velmora::engine
-
-using namespace velmora::engine;
-
-int VelEngStart(const char*, const char*)
-{
-    if (isRunning()) {
-        setLastError("The engine runs already. Stop it before starting it again.");
-        return 0;
-    }
-    running = true;
-    clearLastError();
-    setLoadNotes({});
-    turnHasCome();
-    style::tree().reset();
-    pages().begin();
-    return 1;
-}
-
-void VelEngStop()
-{
-    if (!isRunning())
-        return;
-    pages().end();
-    style::tree().reset();
-    running = false;
-}
-
-int VelEngIsRunning()
-{
-    return isRunning() ? 1 : 0;
-}

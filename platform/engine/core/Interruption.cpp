@@ -1,7 +1,5 @@
 #include "engine/core/Interruption.h"
 
-#include "engine/VelUtil.h"
-
 namespace velmora::engine {
 namespace {
 
@@ -14,9 +12,9 @@ void noteInterruption(bool interrupted)
     g_interrupted = interrupted;
 }
 
-} // namespace velmora::engine
-
-int VelUtilWasInterrupted()
+bool wasInterrupted()
 {
-    return velmora::engine::g_interrupted ? 1 : 0;
+    return g_interrupted;
 }
+
+} // namespace velmora::engine

@@ -1,25 +1,12 @@
 #include "engine/core/LastError.h"
 
-#include "engine/VelEng.h"
-#include "engine/VelUtil.h"
-#include "testing/EngineProbe.h"
-
 #include <exception>
 
 namespace velmora::engine {
 namespace {
 
-std::string& lastError()
-{
-    static std::string text;
-    return text;
-}
-
-std::string& loadNotes()
-{
-    static std::string text;
-    return text;
-}
+std::string g_lastError;
+std::string g_loadNotes;
 
 } // namespace
 
@@ -27,7 +14,7 @@ std::string& loadNotes()
 void setLastError(const std::string& message) noexcept
 {
     try {
-        lastError() = message;
+        g_lastError = message;
     } catch (const std::exception&) {
     }
 }
@@ -43,9 +30,14 @@ void setLastErrorFromException(const std::string& whatFailed) noexcept
     }
 }
 
+const std::string& lastError()
+{
+    return g_lastError;
+}
+
 void clearLastError()
 {
-    lastError().clear();
+    g_lastError.clear();
 }
 
 void setLoadNotes(const std::vector<std::string>& notes)
@@ -53,38 +45,12 @@ void setLoadNotes(const std::vector<std::string>& notes)
     std::string text;
     for (const std::string& note : notes)
         text += (text.empty() ? "" : "\n") + note;
-    loadNotes() = text;
+    g_loadNotes = text;
+}
+
+const std::string& loadNotes()
+{
+    return g_loadNotes;
 }
 
 } // namespace velmora::engine
-
-using velmora::testing::EngineProbe;
-
-const char* VelUtilLastErrorMessage()
-{
-    return velmora::engine::lastError().c_str();
-}
-
-void VelUtilLastErrorMessageClear()
-{
-    if (EngineProbe::isLogging())
-        EngineProbe::note("VelUtilLastErrorMessageClear");
-    velmora::engine::clearLastError();
-}
-
-bool VelUtilDialogLastMessageBox()
-{
-    if (EngineProbe::isLogging())
-        EngineProbe::note("VelUtilDialogLastMessageBox");
-    // A copy: while the box is open, the application may cause the next error.
-    const std::string message = velmora::engine::lastError();
-    if (message.empty())
-        return false;
-    VelEngMessageBoxShow(message.c_str(), velmora::sdk::integration::MessageBoxType_Error);
-    return true;
-}
-
-const char* VelUtilLastLoadNotes()
-{
-    return velmora::engine::loadNotes().c_str();
-}

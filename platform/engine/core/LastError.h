@@ -9,8 +9,11 @@ namespace velmora::engine {
 void setLastError(const std::string& message) noexcept;
 /// Keeps the text of the exception that is being handled. Call it from a catch clause only.
 void setLastErrorFromException(const std::string& whatFailed) noexcept;
+const std::string& lastError();
 void clearLastError();
 /// What the last successful load has to tell.
 void setLoadNotes(const std::vector<std::string>& notes);
+/// One a line.
+const std::string& loadNotes();
 
 } // namespace velmora::engine

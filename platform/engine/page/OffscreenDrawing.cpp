@@ -1,8 +1,6 @@
-// Drawing into the off-screen images of the binding.
+#include "engine/page/OffscreenDrawing.h"
 
-#include "engine/VelEng.h"
 #include "engine/core/Busy.h"
-#include "engine/core/Engine.h"
 #include "engine/core/LastError.h"
 #include "engine/core/SlicedWork.h"
 #include "engine/gl/GLFunctions.h"
@@ -102,8 +100,11 @@ private:
     bool m_contextLost = false;
 };
 
+} // namespace
+
 bool drawImage(ExportRegion_e region, OffscreenImageInterface& image) noexcept
 {
+    const BusyScope busy;
     try {
         noteImageDrawing(ImageDrawing::NotBegun);
         ImageWork work(pages().active(), image);
@@ -120,20 +121,4 @@ bool drawImage(ExportRegion_e region, OffscreenImageInterface& image) noexcept
     }
 }
 
-} // namespace
 } // namespace velmora::engine
-
-using namespace velmora::engine;
-
-int VelEngRenderOffscreenImage(velmora::sdk::integration::ExportRegion_e region,
-                               velmora::sdk::integration::OffscreenImageInterface* image)
-{
-    if (!requireRunning())
-        return 0;
-    if (!image) {
-        setLastError("There is no image to draw into.");
-        return 0;
-    }
-    const BusyScope busy;
-    return drawImage(region, *image) ? 1 : 0;
-}

@@ -1,9 +1,9 @@
 #include "engine/page/Picture.h"
+#include "engine/core/Trace.h"
 
 #include "engine/core/Checkpoint.h"
 #include "engine/gl/GLFunctions.h"
 #include "engine/style/StyleTree.h"
-#include "testing/EngineProbe.h"
 
 #include <algorithm>
 #include <cmath>
@@ -95,7 +95,7 @@ public:
         const bool isMiddleFrame = m_index == m_count / 2;
         if (isMiddleFrame && !m_passed) {
             m_passed = true;
-            testing::EngineProbe::passPoint("drawing");
+            tracePoint("drawing");
         }
     }
 
@@ -158,7 +158,7 @@ bool paintPicture(const Picture& picture, const GLFunctions& gl, int width, int 
         share.passMiddle();
     }
     if (count == 0)
-        testing::EngineProbe::passPoint("drawing");
+        tracePoint("drawing");
     return true;
 }
 

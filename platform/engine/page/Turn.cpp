@@ -1,9 +1,6 @@
-// The engine's own turns, in which it draws what waits.
+#include "engine/page/Turn.h"
 
-#include "engine/VelEng.h"
-#include "engine/VelUtil.h"
 #include "engine/core/Busy.h"
-#include "engine/core/Engine.h"
 #include "engine/core/LastError.h"
 #include "engine/page/Pages.h"
 #include "engine/page/ScreenDrawing.h"
@@ -80,7 +77,7 @@ DrawingResult drawFreely(const PageList& waiting)
 }
 
 template <typename Draw>
-DrawingResult takeTurn(const PageList& waiting, const Draw& draw)
+DrawingResult drawIn(const PageList& waiting, const Draw& draw)
 {
     turnHasCome();
     const DrawingResult result = draw(waiting);
@@ -92,49 +89,37 @@ DrawingResult takeTurn(const PageList& waiting, const Draw& draw)
 // A page that somebody changes in every slice would never be finished.
 constexpr int MostTurns = 1000;
 
-int workOffAll()
+} // namespace
+
+bool takeTurn()
+{
+    if (isBusy() || isDrawingAboutToGoOn()) {
+        putOffTurn();
+        return false;
+    }
+    turnHasCome();
+    const PageList waiting = waitingPages();
+    if (waiting.empty())
+        return false;
+    drawIn(waiting, drawFreely);
+    return true;
+}
+
+bool finishAll()
 {
     const BusyScope busy;
     for (int turn = 0; turn < MostTurns; ++turn) {
         const PageList waiting = waitingPages();
         if (waiting.empty())
-            return 1;
-        const DrawingResult result = takeTurn(waiting, drawBusily);
+            return true;
+        const DrawingResult result = drawIn(waiting, drawBusily);
         if (result == DrawingResult::Stopped)
             setLastError("The drawing was interrupted. Ask for the page to be finished to draw the rest.");
         if (result != DrawingResult::Done)
-            return 0;
+            return false;
     }
     setLastError("The page changes each time it is drawn. Stop changing it to let it be finished.");
-    return 0;
+    return false;
 }
 
-} // namespace
 } // namespace velmora::engine
-
-using namespace velmora::engine;
-
-int VelEngTurn()
-{
-    if (isBusy() || isDrawingAboutToGoOn()) {
-        putOffTurn();
-        return 0;
-    }
-    turnHasCome();
-    const PageList waiting = waitingPages();
-    if (waiting.empty())
-        return 0;
-    takeTurn(waiting, drawFreely);
-    return 1;
-}
-
-int VelUtilWorkFinish()
-{
-    if (!requireRunning())
-        return 0;
-    if (isBusy()) {
-        setLastError("The engine is busy already. Wait until it is not.");
-        return 0;
-    }
-    return workOffAll();
-}

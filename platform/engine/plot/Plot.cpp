@@ -1,15 +1,30 @@
 #include "engine/plot/Plot.h"
 
-#include "engine/plot/SurfacePlot.h"
-#include "engine/plot/XYPlot.h"
+#include "engine/plot/surface/SurfacePlot.h"
+#include "engine/plot/xy/XYPlot.h"
 
 namespace velmora::engine {
 
+namespace {
+
+struct PlotMaker {
+    Checkpoint& checkpoint;
+
+    std::unique_ptr<Plot> operator()(const std::shared_ptr<const Table>& table) const
+    {
+        return std::make_unique<XYPlot>(table, checkpoint);
+    }
+    std::unique_ptr<Plot> operator()(const std::shared_ptr<const Grid>& grid) const
+    {
+        return std::make_unique<SurfacePlot>(grid, checkpoint);
+    }
+};
+
+} // namespace
+
 std::unique_ptr<Plot> makePlot(const DataSet& data, Checkpoint& checkpoint)
 {
-    if (const auto* table = std::get_if<std::shared_ptr<const Table>>(&data))
-        return std::make_unique<XYPlot>(*table, checkpoint);
-    return std::make_unique<SurfacePlot>(std::get<std::shared_ptr<const Grid>>(data), checkpoint);
+    return std::visit(PlotMaker{checkpoint}, data);
 }
 
 } // namespace velmora::engine

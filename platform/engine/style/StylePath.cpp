@@ -1,8 +1,8 @@
 #include "engine/style/StylePath.h"
 
+#include "engine/api/VelArgList.h"
 #include "engine/style/StyleCodes.h"
 #include "engine/style/StyleWords.h"
-#include "engine/style/VelArgList.h"
 
 namespace velmora::engine::style {
 namespace {

@@ -2,8 +2,8 @@
 
 #include "engine/VelEng.h"
 #include "engine/VelUtil.h"
-#include "engine/style/VelArgList.h"
-#include "engine/style/VelStyle.h"
+#include "engine/api/VelArgList.h"
+#include "engine/api/VelStyle.h"
 #include "testing/EngineProbe.h"
 
 #include <cstdlib>

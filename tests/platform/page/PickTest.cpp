@@ -2,7 +2,7 @@
 
 #include "engine/VelEng.h"
 #include "engine/VelUtil.h"
-#include "engine/style/VelArgList.h"
+#include "engine/api/VelArgList.h"
 #include "testing/EngineProbe.h"
 
 #include <gmock/gmock.h>

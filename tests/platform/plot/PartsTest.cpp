@@ -1,8 +1,8 @@
-#include "engine/plot/Contours.h"
 #include "engine/plot/Palette.h"
-#include "engine/plot/SeriesPath.h"
-#include "engine/plot/SurfaceMesh.h"
-#include "engine/plot/SurfaceShape.h"
+#include "engine/plot/surface/Contours.h"
+#include "engine/plot/surface/SurfaceMesh.h"
+#include "engine/plot/surface/SurfaceShape.h"
+#include "engine/plot/xy/SeriesPath.h"
 #include "tests/platform/plot/SampleData.h"
 
 #include <gtest/gtest.h>

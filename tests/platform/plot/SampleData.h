@@ -2,7 +2,7 @@
 
 #include "engine/data/Grid.h"
 #include "engine/data/Table.h"
-#include "engine/plot/SurfacePlot.h"
+#include "engine/plot/surface/SurfacePlot.h"
 
 #include <functional>
 #include <memory>

@@ -1,6 +1,6 @@
 // Where the labels of a surface stand, seen from everywhere.
 
-#include "engine/plot/SurfaceLayout.h"
+#include "engine/plot/surface/SurfaceLayout.h"
 #include "tests/platform/plot/SampleData.h"
 
 #include <gtest/gtest.h>
@@ -25,7 +25,7 @@ std::vector<Named> textsOf(const SurfaceLayout& layout)
             all.push_back({"label " + label.text, textRect(label)});
     for (const TextItem& label : layout.barLabels)
         all.push_back({"bar label " + label.text, textRect(label)});
-    for (const SurfaceText& text : layout.texts)
+    for (const PlotText& text : layout.texts)
         all.push_back({"text " + text.item.text, textRect(text.item)});
     return all;
 }

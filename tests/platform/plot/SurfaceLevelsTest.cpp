@@ -1,8 +1,8 @@
 // Levels of detail: what a coarse picture shows of a fine grid.
 
 #include "engine/data/DataReader.h"
-#include "engine/plot/HeightPatch.h"
-#include "engine/plot/SurfaceMesh.h"
+#include "engine/plot/surface/HeightPatch.h"
+#include "engine/plot/surface/SurfaceMesh.h"
 #include "tests/platform/plot/Picture.h"
 #include "tests/platform/plot/SampleData.h"
 

@@ -1,4 +1,4 @@
-#include "engine/plot/SurfacePlot.h"
+#include "engine/plot/surface/SurfacePlot.h"
 #include "engine/gl/GLFunctions.h"
 #include "engine/plot/Palette.h"
 #include "tests/platform/plot/Picture.h"
@@ -258,7 +258,7 @@ TEST(SurfacePlot, PicksTextsAxesAndTheColorBar)
     EXPECT_EQ(pickAt(plot, middleOf(layout.bar), {false, true, false, true}), 1);
     EXPECT_EQ(pickAt(plot, middleOf(layout.bar), {true, false, true, true}), 0);
     EXPECT_EQ(pickAt(plot, middleOf(layout.axes[0].line), {false, true, false, true}), 1);
-    for (const SurfaceText& text : layout.texts)
+    for (const PlotText& text : layout.texts)
         EXPECT_EQ(pickAt(plot, middleOf(textRect(text.item)), {false, false, true, true}), 1);
     EXPECT_EQ(plot.selectedCount(), 2 + 5);
     EXPECT_EQ(plot.pick(0, 0, 1, 1, PickFilter{}), 1 + 4 + 5);

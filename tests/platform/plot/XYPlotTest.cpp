@@ -1,4 +1,4 @@
-#include "engine/plot/XYPlot.h"
+#include "engine/plot/xy/XYPlot.h"
 #include "engine/gl/GLFunctions.h"
 #include "engine/plot/DateTicks.h"
 #include "engine/plot/Palette.h"
@@ -61,7 +61,7 @@ Point middleOf(const Rect& rect)
 
 Rect rectOfText(const XYLayout& layout, int object)
 {
-    for (const XYText& text : layout.texts)
+    for (const PlotText& text : layout.texts)
         if (text.object == object)
             return textRect(text.item);
     return {};

@@ -1,7 +1,7 @@
-#include "engine/style/VelArgList.h"
+#include "engine/api/VelArgList.h"
 
+#include "engine/api/VelStyle.h"
 #include "engine/style/StyleCodes.h"
-#include "engine/style/VelStyle.h"
 #include "exception/ExceptionBase.h"
 #include "testing/EngineProbe.h"
 

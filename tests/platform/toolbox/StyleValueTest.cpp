@@ -1,7 +1,7 @@
 #include "toolbox/StyleValue.h"
 
+#include "engine/api/VelArgList.h"
 #include "engine/style/StyleCodes.h"
-#include "engine/style/VelArgList.h"
 #include "exception/ExceptionBase.h"
 #include "testing/EngineProbe.h"
 #include "toolbox/ArgList.h"

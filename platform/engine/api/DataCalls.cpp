@@ -1,0 +1,97 @@
+// Loading data into the active page.
+
+#include "engine/VelUtil.h"
+#include "engine/core/Busy.h"
+#include "engine/core/Engine.h"
+#include "engine/core/Interruption.h"
+#include "engine/core/LastError.h"
+#include "engine/core/SlicedWork.h"
+#include "engine/core/Trace.h"
+#include "engine/data/DataReader.h"
+#include "engine/page/Pages.h"
+#include "engine/plot/Plot.h"
+
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace velmora::engine {
+namespace {
+
+bool g_loading = false;
+
+/// A load is under way as long as this lives.
+class LoadScope {
+public:
+    LoadScope() { g_loading = true; }
+    ~LoadScope() { g_loading = false; }
+    LoadScope(const LoadScope&) = delete;
+    LoadScope& operator=(const LoadScope&) = delete;
+};
+
+std::vector<std::string> notesOf(const DataSet& data)
+{
+    return std::visit([](const auto& set) { return set->notes; }, data);
+}
+
+// Everything that can fail comes before the page is touched.
+void load(const std::shared_ptr<Page>& page, const std::string& fileName)
+{
+    SlicedWork reading("Reading " + fileName);
+    const DataSet data = readDataFile(fileName, reading);
+    if (!isRunning())
+        throw ReadError("The engine was stopped while " + fileName + " was read.");
+    std::vector<Frame> frames;
+    frames.push_back({currentPaper().printable, makePlot(data, reading)});
+    setLoadNotes(notesOf(data));
+    page->replaceFrames(std::move(frames));
+}
+
+int loadReportingErrors(const std::shared_ptr<Page>& page, const std::string& fileName)
+{
+    try {
+        load(page, fileName);
+        return 1;
+    } catch (const ReadError& error) {
+        setLastError(error.what());
+    } catch (const ReadInterrupted&) {
+        noteInterruption(true);
+        setLastError("Reading " + fileName + " was interrupted. The page shows what it showed before.");
+    } catch (...) {
+        setLastErrorFromException(fileName + " could not be read");
+    }
+    return 0;
+}
+
+} // namespace
+} // namespace velmora::engine
+
+using namespace velmora::engine;
+
+int VelUtilDataLoad(const char* fileName)
+{
+    traceCallOf([&] { return std::string("VelUtilDataLoad ") + (fileName ? fileName : ""); });
+    if (!requireRunning())
+        return 0;
+    if (!fileName || !*fileName) {
+        setLastError("There is no file name to read from.");
+        return 0;
+    }
+    if (g_loading) {
+        setLastError(std::string(fileName) + " was not read: another file is being read. Wait for it or interrupt it.");
+        return 0;
+    }
+    const BusyScope busy;
+    const LoadScope loading;
+    noteInterruption(false);
+    return loadReportingErrors(pages().active(), fileName);
+}
+
+const char* VelUtilDataDescription()
+{
+    static std::string description;
+    const std::shared_ptr<Page> page = pages().active();
+    const std::shared_ptr<Plot> plot = page ? page->currentPlot() : nullptr;
+    description = plot ? plot->description() : "";
+    return description.c_str();
+}

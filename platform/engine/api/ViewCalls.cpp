@@ -1,0 +1,113 @@
+// The view of the active page, and its frames on the paper.
+
+#include "engine/VelUtil.h"
+#include "engine/core/Engine.h"
+#include "engine/core/Trace.h"
+#include "engine/page/Layout.h"
+#include "engine/page/Pages.h"
+#include "engine/plot/Plot.h"
+#include "engine/style/StyleTree.h"
+#include "interfaces/GLDrawAreaInterface.h"
+
+using namespace velmora::engine;
+
+namespace {
+
+/// Where the current frame is in the page's drawing area.
+struct FrameInArea {
+    int areaHeight = 0;
+    PixelRect rect;
+};
+
+bool findFrame(const Page& page, FrameInArea& found)
+{
+    if (!page.area())
+        return false;
+    int width = 0;
+    page.area()->getSize(&width, &found.areaHeight);
+    if (width < 1 || found.areaHeight < 1)
+        return false;
+    found.rect = workAreaView(page, width, found.areaHeight).toPixels(page.currentFrameRect());
+    return true;
+}
+
+/// Applies a change to the active page's plot, if it has one.
+template <typename Change>
+void changeView(const Change& change)
+{
+    if (!requireRunning())
+        return;
+    const std::shared_ptr<Page> page = pages().active();
+    const std::shared_ptr<Plot> plot = page->currentPlot();
+    if (plot && change(*plot, *page))
+        page->plotChanged();
+}
+
+} // namespace
+
+int VelUtilViewCanRotate()
+{
+    const std::shared_ptr<Page> page = pages().active();
+    const std::shared_ptr<Plot> plot = page ? page->currentPlot() : nullptr;
+    return plot && plot->canRotate();
+}
+
+void VelUtilViewRotate(double aboutVertical, double tilt)
+{
+    traceCall("VelUtilViewRotate");
+    changeView([&](Plot& plot, const Page&) {
+        plot.rotate(aboutVertical, tilt);
+        return true;
+    });
+}
+
+void VelUtilViewTranslate(double dx, double dy)
+{
+    traceCall("VelUtilViewTranslate");
+    changeView([&](Plot& plot, const Page& page) {
+        FrameInArea frame;
+        if (!findFrame(page, frame))
+            return false;
+        plot.translate(dx / frame.rect.width, -dy / frame.rect.height);
+        return true;
+    });
+}
+
+void VelUtilViewZoom(double factor, double x, double y)
+{
+    traceCall("VelUtilViewZoom");
+    changeView([&](Plot& plot, const Page& page) {
+        FrameInArea frame;
+        if (!(factor > 0) || !findFrame(page, frame))
+            return false;
+        plot.zoom(factor, (x - frame.rect.x) / frame.rect.width,
+                  (frame.areaHeight - y - frame.rect.y) / frame.rect.height);
+        return true;
+    });
+}
+
+void VelUtilViewFit()
+{
+    traceCall("VelUtilViewFit");
+    changeView([](Plot& plot, const Page&) {
+        plot.fit();
+        return true;
+    });
+}
+
+void VelUtilFrameFitAllToPaper()
+{
+    traceCall("VelUtilFrameFitAllToPaper");
+    if (requireRunning())
+        pages().active()->fitFramesToPaper();
+}
+
+// From now on the paper shows, whole; clearing "Interface/ShowPaper" shows the frame alone again.
+void VelUtilWorkViewFitPaper()
+{
+    traceCall("VelUtilWorkViewFitPaper");
+    if (!requireRunning())
+        return;
+    style::tree().write("Interface/ShowPaper", 1L);
+    pages().active()->changed();
+}

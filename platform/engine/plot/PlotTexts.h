@@ -1,0 +1,36 @@
+#pragma once
+
+#include "engine/plot/Canvas.h"
+#include "engine/plot/SelectablePlot.h"
+
+#include <string>
+#include <vector>
+
+namespace velmora::engine {
+
+/// Sizes that all plots have in common, in points.
+namespace plotsize {
+
+constexpr double title = 13, axisTitle = 10, label = 9; ///< heights of texts
+constexpr double edge = 14;                             ///< free room along the edges of the frame
+constexpr double gap = 5;
+constexpr double tick = 4;
+
+} // namespace plotsize
+
+/// A text of a plot that can be selected.
+struct PlotText {
+    TextItem item;
+    int object; ///< of kind text
+};
+
+/// The plot's name in the middle of the frame, its top at `top`.
+TextItem plotTitle(const std::string& name, const FrameSize& frame, double top);
+
+/// Paints a text of a plot, on a ground that tells whether it is selected.
+void paintPlotText(Canvas& canvas, const FrameSize& frame, const TextItem& text, bool selected);
+
+/// Adds the texts that the rectangle meets.
+void collectTexts(const std::vector<PlotText>& texts, const Rect& rect, Selection& found);
+
+} // namespace velmora::engine

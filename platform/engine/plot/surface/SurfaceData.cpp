@@ -1,0 +1,19 @@
+#include "engine/plot/surface/SurfaceData.h"
+
+namespace velmora::engine {
+
+namespace {
+
+std::uint64_t nextNumber()
+{
+    static std::uint64_t last = 0;
+    return ++last;
+}
+
+} // namespace
+
+SurfaceData::SurfaceData(std::shared_ptr<const Grid> grid, Checkpoint& checkpoint)
+    : number(nextNumber()), shape(*grid), levels(std::move(grid), checkpoint)
+{}
+
+} // namespace velmora::engine

@@ -1,0 +1,130 @@
+#include "engine/plot/surface/SurfacePlot.h"
+
+#include "engine/gl/GLStateGuard.h"
+
+#include <cmath>
+
+namespace velmora::engine {
+
+namespace {
+
+constexpr double lowestTilt = 3;
+constexpr double highestTilt = 90;
+constexpr double smallestZoom = 0.1;
+constexpr double largestZoom = 400;
+
+bool meetsAxis(const SurfaceAxis& axis, const Rect& rect)
+{
+    Point from = axis.line.from;
+    Point to = axis.line.to;
+    if (clipLine(rect, from, to))
+        return true;
+    return std::any_of(axis.labels.begin(), axis.labels.end(),
+                       [&rect](const TextItem& label) { return rect.meets(textRect(label)); });
+}
+
+bool meetsTriangles(const MeshPart& part, const Camera& camera, const Rect& rect)
+{
+    const auto place = [&](unsigned index) {
+        const float* at = part.vertices[index].position;
+        const StrokePoint point = camera.project({at[0], at[1], at[2]});
+        return Point{point.x, point.y};
+    };
+    for (std::size_t i = 0; i + 2 < part.indices.size(); i += 3)
+        if (triangleMeetsRect(rect, place(part.indices[i]), place(part.indices[i + 1]), place(part.indices[i + 2])))
+            return true;
+    return false;
+}
+
+bool mayMeet(const std::vector<Vector3>& box, const Camera& camera, const Rect& rect)
+{
+    return !box.empty() && coveredBy(box, camera).meets(rect);
+}
+
+} // namespace
+
+SurfacePlot::SurfacePlot(std::shared_ptr<const Grid> grid, Checkpoint& checkpoint)
+{
+    m_content.data = std::make_shared<SurfaceData>(std::move(grid), checkpoint);
+}
+
+bool SurfacePlot::draw(const Drawing& drawing, Checkpoint& checkpoint)
+{
+    rememberFrameSize(drawing);
+    const GLStateGuard guard(*drawing.gl);
+    return SurfacePainter(drawing, checkpoint, m_content, selection()).paint();
+}
+
+void SurfacePlot::rotate(double aboutVertical, double tilt)
+{
+    SurfaceView& view = m_content.view;
+    if (!std::isfinite(aboutVertical) || !std::isfinite(tilt))
+        return;
+    view.aboutVertical = std::remainder(view.aboutVertical + aboutVertical, 360.0);
+    view.tilt = std::clamp(view.tilt + tilt, lowestTilt, highestTilt);
+}
+
+void SurfacePlot::translate(double dx, double dy)
+{
+    m_content.view.panX += dx;
+    m_content.view.panY += dy;
+}
+
+// The point keeps its place: what lies around the picture's centre moves away from it.
+void SurfacePlot::zoom(double factor, double x, double y)
+{
+    SurfaceView& view = m_content.view;
+    if (!(factor > 0))
+        return;
+    const double zoomed = std::clamp(view.zoom * factor, smallestZoom, largestZoom);
+    const double real = zoomed / view.zoom;
+    const Point center = surfaceCenter(frameSize());
+    view.panX = (x - center.x) * (1 - real) + view.panX * real;
+    view.panY = (y - center.y) * (1 - real) + view.panY * real;
+    view.zoom = zoomed;
+}
+
+void SurfacePlot::fit()
+{
+    m_content.view = SurfaceView();
+}
+
+std::string SurfacePlot::description() const
+{
+    const Grid& grid = m_content.data->grid();
+    std::string text = std::to_string(grid.columns) + " x " + std::to_string(grid.rows) + " grid, ";
+    return text + (grid.gaps == 0 ? "no" : std::to_string(grid.gaps)) + (grid.gaps == 1 ? " gap" : " gaps");
+}
+
+void SurfacePlot::collect(const Rect& rect, const PickFilter& filter, Selection& found) const
+{
+    const SurfaceLayout layout = layOut(m_content.data->grid(), m_content.data->shape, m_content.view, frameSize());
+    if (filter.zones && meetsSurface(layout.camera, rect))
+        found.insert({ObjectKind::Zone, surfaceobject::surface});
+    if (filter.geometries) {
+        for (const SurfaceAxis& axis : layout.axes)
+            if (meetsAxis(axis, rect))
+                found.insert({ObjectKind::Geometry, axis.object});
+        if (rect.meets(layout.bar))
+            found.insert({ObjectKind::Geometry, surfaceobject::colorBar});
+    }
+    if (filter.text)
+        collectTexts(layout.texts, rect, found);
+}
+
+bool SurfacePlot::meetsSurface(const Camera& camera, const Rect& rect) const
+{
+    const SurfaceData& data = *m_content.data;
+    const SurfaceMesh mesh(data.levels, data.shape, fullLevel(data, camera));
+    MeshPart part;
+    for (int row = 0; row < mesh.pieceRows(); ++row)
+        for (int column = 0; column < mesh.pieceColumns(); ++column)
+            if (mayMeet(mesh.pieceBox(column, row), camera, rect)) {
+                mesh.makePiece(column, row, part);
+                if (meetsTriangles(part, camera, rect))
+                    return true;
+            }
+    return false;
+}
+
+} // namespace velmora::engine

@@ -1,0 +1,49 @@
+#include "engine/plot/xy/Series.h"
+
+#include "engine/core/Checkpoint.h"
+#include "engine/data/DataReader.h"
+#include "engine/plot/Palette.h"
+
+#include <cmath>
+#include <limits>
+
+namespace velmora::engine {
+
+namespace {
+
+constexpr double roomBeside = 0.015;
+constexpr double roomAbove = 0.05;
+constexpr std::size_t rowsAPortion = 65536;
+
+} // namespace
+
+std::vector<Series> seriesOf(const Table& table, Checkpoint& checkpoint)
+{
+    std::vector<Series> series;
+    const std::vector<Column>& columns = table.columns;
+    if (columns.size() == 1)
+        series.push_back({nullptr, &columns.front(), lineColor(0), nullptr});
+    for (std::size_t i = 1; i < columns.size(); ++i)
+        series.push_back({&columns.front(), &columns[i], lineColor(i - 1), nullptr});
+    for (Series& line : series)
+        line.blocks = std::make_shared<SeriesBlocks>(line.x, *line.y, checkpoint);
+    return series;
+}
+
+void findRanges(const std::vector<Series>& series, AxisRange& x, AxisRange& y, Checkpoint& checkpoint)
+{
+    constexpr double most = std::numeric_limits<double>::infinity();
+    Rect covered{most, most, -most, -most};
+    for (const Series& line : series)
+        for (std::size_t row = 0; row < line.size(); ++row) {
+            if (row % rowsAPortion == 0 && !checkpoint.goOn(1))
+                throw ReadInterrupted();
+            const Point point = line.at(row);
+            if (std::isfinite(point.x) && std::isfinite(point.y))
+                covered.take(point);
+        }
+    x = rangeAround(covered.x1, covered.x2, roomBeside);
+    y = rangeAround(covered.y1, covered.y2, roomAbove);
+}
+
+} // namespace velmora::engine

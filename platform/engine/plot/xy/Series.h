@@ -1,0 +1,33 @@
+#pragma once
+
+#include "engine/data/Table.h"
+#include "engine/plot/Geometry.h"
+#include "engine/plot/Ticks.h"
+#include "engine/plot/xy/SeriesBlocks.h"
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace velmora::engine {
+
+/// A line of a plot: a column over the table's first column, or over the row numbers when the table
+/// has one column only.
+struct Series {
+    const Column* x = nullptr;
+    const Column* y = nullptr;
+    Color color;
+    std::shared_ptr<const SeriesBlocks> blocks;
+
+    std::size_t size() const { return x ? std::min(x->values.size(), y->values.size()) : y->values.size(); }
+    Point at(std::size_t row) const { return {x ? x->values[row] : static_cast<double>(row) + 1, y->values[row]}; }
+};
+
+/// The lines of a table. They point into it. Asks `checkpoint` to go on; throws ReadInterrupted when it says no.
+std::vector<Series> seriesOf(const Table& table, Checkpoint& checkpoint);
+
+/// What the lines cover; rows with a gap count on neither axis. Asks `checkpoint` as well.
+void findRanges(const std::vector<Series>& series, AxisRange& x, AxisRange& y, Checkpoint& checkpoint);
+
+} // namespace velmora::engine

@@ -1,0 +1,233 @@
+#include "engine/plot/xy/XYLayout.h"
+
+#include "engine/plot/DateTicks.h"
+#include "engine/plot/Palette.h"
+
+#include <cmath>
+
+namespace velmora::engine {
+
+namespace {
+
+// Points.
+constexpr double sampleLength = 20;
+constexpr double entryGap = 16;
+
+constexpr std::size_t mostLegendRows = 3;
+constexpr std::size_t longestName = 40;
+
+/// Lays out one plot from the outside inwards: each part takes its room from `free`.
+class Builder {
+public:
+    Builder(const XYContent& content, const FrameSize& frame) : m_content(content), m_frame(frame)
+    {
+        m_layout.map = content.map;
+        m_free = frame.rect().grown(-points(plotsize::edge));
+    }
+
+    XYLayout build()
+    {
+        addTitle();
+        addLegend();
+        m_free.y1 += points(plotsize::axisTitle) * 1.2 + points(plotsize::gap) + points(plotsize::label) * 1.3 +
+                     points(plotsize::tick + plotsize::gap);
+        chooseYTicks();
+        m_free.x2 -= points(plotsize::edge);
+        snap(m_free);
+        m_layout.map.plot = m_free;
+        chooseXTicks();
+        addAxisTitles();
+        addTickLabels();
+        return std::move(m_layout);
+    }
+
+private:
+    double points(double length) const { return m_frame.points(length); }
+    void addTitle();
+    void addLegend();
+    bool placeEntry(std::size_t line, Point& at, std::size_t& row);
+    void chooseYTicks();
+    void chooseXTicks();
+    void addAxisTitles();
+    void addTickLabels();
+    double widestLabel(const std::vector<Tick>& ticks) const;
+    std::vector<Tick> yTicksFor(int most) const;
+    static void snap(Rect& rect);
+
+    const XYContent& m_content;
+    const FrameSize& m_frame;
+    Rect m_free;
+    XYLayout m_layout;
+};
+
+/// Long names end in an ellipsis; a cut never goes through a character.
+std::string shortened(const std::string& name)
+{
+    if (name.size() <= longestName)
+        return name;
+    std::size_t end = longestName;
+    while (end > 0 && (static_cast<unsigned char>(name[end]) & 0xC0u) == 0x80)
+        --end;
+    return name.substr(0, end) + "…";
+}
+
+bool allDates(const std::vector<Series>& series)
+{
+    return !series.empty() &&
+           std::all_of(series.begin(), series.end(), [](const Series& line) { return line.y->isDate; });
+}
+
+void Builder::snap(Rect& rect)
+{
+    rect.x2 = std::max(rect.x2, rect.x1 + 2);
+    rect.y2 = std::max(rect.y2, rect.y1 + 2);
+    rect = {std::round(rect.x1), std::round(rect.y1), std::round(rect.x2), std::round(rect.y2)};
+}
+
+void Builder::addTitle()
+{
+    m_layout.texts.push_back({plotTitle(m_content.table->name, m_frame, m_free.y2), xyobject::title});
+    m_free.y2 -= points(plotsize::title) * 1.2 + points(plotsize::gap) * 2;
+}
+
+bool Builder::placeEntry(std::size_t line, Point& at, std::size_t& row)
+{
+    const double size = points(plotsize::label);
+    const std::string& name = m_content.series[line].y->name;
+    TextItem text{shortened(name), at, size, Align::Start, Align::Middle, false, false, palette::ink};
+    const double width = points(sampleLength + plotsize::gap) + measureText(FontFace::regular(), text.text, size).width;
+    if (at.x + width > m_free.x2 && at.x > m_free.x1) {
+        at = {m_free.x1, at.y - size * 1.6};
+        if (++row == mostLegendRows) {
+            text = {"… " + std::to_string(m_content.series.size() - line) + " more",
+                    at,
+                    size,
+                    Align::Start,
+                    Align::Middle,
+                    false,
+                    false,
+                    palette::label};
+            m_layout.texts.push_back({text, xyobject::legendText + static_cast<int>(line)});
+            return false;
+        }
+    }
+    m_layout.samples.push_back({at, {at.x + points(sampleLength), at.y}, line});
+    text.anchor = {at.x + points(sampleLength + plotsize::gap), at.y};
+    m_layout.texts.push_back({text, xyobject::legendText + static_cast<int>(line)});
+    at.x += width + points(entryGap);
+    return true;
+}
+
+// One line needs no legend: its name is the title of the vertical axis.
+void Builder::addLegend()
+{
+    if (m_content.series.size() < 2)
+        return;
+    const double size = points(plotsize::label);
+    Point at{m_free.x1, m_free.y2 - size / 2};
+    std::size_t row = 0;
+    const std::size_t firstText = m_layout.texts.size();
+    for (std::size_t line = 0; line < m_content.series.size(); ++line)
+        if (!placeEntry(line, at, row))
+            break;
+    m_layout.legend = {at.x, at.y, at.x, at.y};
+    for (std::size_t i = firstText; i < m_layout.texts.size(); ++i) {
+        const Rect text = textRect(m_layout.texts[i].item);
+        m_layout.legend.take({text.x1 - points(sampleLength + plotsize::gap), text.y1});
+        m_layout.legend.take({text.x2, text.y2});
+    }
+    m_free.y2 = m_layout.legend.y1 - points(plotsize::gap) * 1.6;
+}
+
+double Builder::widestLabel(const std::vector<Tick>& ticks) const
+{
+    double widest = 0;
+    for (const Tick& tick : ticks)
+        widest = std::max(widest, measureText(FontFace::regular(), tick.label, points(plotsize::label)).width);
+    return widest;
+}
+
+std::vector<Tick> Builder::yTicksFor(int most) const
+{
+    return allDates(m_content.series) ? dateTicks(m_layout.map.y, most) : numberTicks(m_layout.map.y, most);
+}
+
+void Builder::chooseYTicks()
+{
+    const int most = std::clamp(static_cast<int>(m_free.height() / points(plotsize::label * 3.6)), 1, 12);
+    m_layout.yTicks = yTicksFor(most);
+    m_free.x1 += points(plotsize::axisTitle) * 1.2 + points(plotsize::gap) + widestLabel(m_layout.yTicks) +
+                 points(plotsize::tick + plotsize::gap);
+}
+
+// As many ticks as the widths of their labels allow; how wide they are the ticks tell.
+void Builder::chooseXTicks()
+{
+    const Rect& plot = m_layout.map.plot;
+    const bool isDate = !m_content.series.empty() && m_content.series.front().x && m_content.series.front().x->isDate;
+    const int upper = std::clamp(static_cast<int>(plot.width() / points(plotsize::label * 4)), 1, 12);
+    for (int most = upper; most >= 1; --most) {
+        m_layout.xTicks = isDate ? dateTicks(m_layout.map.x, most) : numberTicks(m_layout.map.x, most);
+        const double needed = widestLabel(m_layout.xTicks) + points(plotsize::label) * 1.5;
+        if (needed * static_cast<double>(m_layout.xTicks.size()) <= plot.width() + points(plotsize::label))
+            return;
+    }
+}
+
+void Builder::addAxisTitles()
+{
+    const Rect& plot = m_layout.map.plot;
+    const double size = points(plotsize::axisTitle);
+    const bool single = m_content.series.size() == 1;
+    const std::string xName = m_content.series.empty() || !m_content.series[0].x ? "Row" : m_content.series[0].x->name;
+    const std::string yName = single ? m_content.series[0].y->name : "Value";
+    m_layout.texts.push_back({{shortened(xName),
+                               {(plot.x1 + plot.x2) / 2, points(plotsize::edge)},
+                               size,
+                               Align::Middle,
+                               Align::Start,
+                               false,
+                               false,
+                               palette::ink},
+                              xyobject::xTitle});
+    m_layout.texts.push_back({{shortened(yName),
+                               {points(plotsize::edge), (plot.y1 + plot.y2) / 2},
+                               size,
+                               Align::Middle,
+                               Align::End,
+                               true,
+                               false,
+                               palette::ink},
+                              xyobject::yTitle});
+}
+
+void Builder::addTickLabels()
+{
+    const Rect& plot = m_layout.map.plot;
+    const double size = points(plotsize::label);
+    const double away = points(plotsize::tick + plotsize::gap / 2);
+    m_layout.xAxis = {plot.x1, plot.y1 - away, plot.x2, plot.y1};
+    m_layout.yAxis = {plot.x1 - away, plot.y1, plot.x1, plot.y2};
+    std::vector<TextItem>& labels = m_layout.tickLabels;
+    for (const Tick& tick : m_layout.xTicks) {
+        const double x = m_layout.map({tick.value, 0}).x;
+        labels.push_back(
+            {tick.label, {x, plot.y1 - away}, size, Align::Middle, Align::End, false, false, palette::label});
+        m_layout.xAxis.y1 = std::min(m_layout.xAxis.y1, textRect(labels.back()).y1);
+    }
+    for (const Tick& tick : m_layout.yTicks) {
+        const double y = m_layout.map({0, tick.value}).y;
+        labels.push_back(
+            {tick.label, {plot.x1 - away, y}, size, Align::End, Align::Middle, false, false, palette::label});
+        m_layout.yAxis.x1 = std::min(m_layout.yAxis.x1, textRect(labels.back()).x1);
+    }
+}
+
+} // namespace
+
+XYLayout layOut(const XYContent& content, const FrameSize& frame)
+{
+    return Builder(content, frame).build();
+}
+
+} // namespace velmora::engine

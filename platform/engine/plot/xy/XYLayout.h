@@ -1,0 +1,47 @@
+#pragma once
+
+#include "engine/plot/PlotTexts.h"
+#include "engine/plot/xy/SeriesPath.h"
+
+#include <string>
+#include <vector>
+
+namespace velmora::engine {
+
+/// The numbers of the objects of a plot of lines.
+namespace xyobject {
+
+constexpr int title = 0, xTitle = 1, yTitle = 2, legendText = 100; ///< texts; legendText + line
+constexpr int xAxis = 0, yAxis = 1, legend = 2;                    ///< geometries
+
+} // namespace xyobject
+
+/// What a plot of lines shows, for as long as one drawing of it lasts.
+struct XYContent {
+    std::shared_ptr<const Table> table;
+    std::vector<Series> series;
+    AxisMap map; ///< `plot` is set by the layout
+};
+
+struct LegendSample {
+    Point from;
+    Point to;
+    std::size_t line;
+};
+
+/// Where everything stands, in frame pixels.
+struct XYLayout {
+    AxisMap map;
+    std::vector<Tick> xTicks;
+    std::vector<Tick> yTicks;
+    std::vector<TextItem> tickLabels;
+    std::vector<PlotText> texts;
+    std::vector<LegendSample> samples;
+    Rect legend; ///< empty without one
+    Rect xAxis;  ///< axis line, ticks and labels
+    Rect yAxis;
+};
+
+XYLayout layOut(const XYContent& content, const FrameSize& frame);
+
+} // namespace velmora::engine

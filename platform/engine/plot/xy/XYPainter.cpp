@@ -1,0 +1,181 @@
+#include "engine/plot/xy/XYPainter.h"
+
+#include "engine/plot/Palette.h"
+
+#include <cmath>
+
+namespace velmora::engine {
+
+namespace {
+
+// Points.
+constexpr double lineWidth = 1.2;
+constexpr double selectedWidth = 2;
+constexpr double haloWidth = 5;
+constexpr double dotRadius = 2;
+constexpr double markerRadius = 2.8;
+constexpr double markerDistance = 14;
+constexpr double gridWidth = 0.6;
+constexpr double axisWidth = 0.8;
+constexpr double selectedAxisWidth = 2;
+
+// So many rows are read while a triangle is set up.
+constexpr double rowsATriangle = 16;
+
+constexpr Color halo{255, 178, 80, 150};
+
+// Of the whole work: the grid, then the lines, then the rest.
+constexpr double gridEnds = 0.05;
+constexpr double linesEnd = 0.7;
+
+} // namespace
+
+XYPainter::XYPainter(const Drawing& drawing, Checkpoint& checkpoint, XYContent content, Selection selection)
+    : m_content(std::move(content)), m_selection(std::move(selection)), m_frame(frameSizeOf(drawing)),
+      m_layout(layOut(m_content, m_frame)), m_canvas(drawing, checkpoint)
+{}
+
+bool XYPainter::paint()
+{
+    paintGrid();
+    paintLines();
+    paintAxes();
+    paintLegend();
+    paintTexts();
+    return m_canvas.finish();
+}
+
+void XYPainter::paintGrid()
+{
+    const Rect& plot = m_layout.map.plot;
+    m_canvas.beginPhase(gridEnds, 1);
+    for (const Tick& tick : m_layout.xTicks) {
+        const double x = m_layout.map({tick.value, 0}).x;
+        m_canvas.line({x, plot.y1}, {x, plot.y2}, points(gridWidth), palette::grid);
+    }
+    for (const Tick& tick : m_layout.yTicks) {
+        const double y = m_layout.map({0, tick.value}).y;
+        m_canvas.line({plot.x1, y}, {plot.x2, y}, points(gridWidth), palette::grid);
+    }
+    m_canvas.step();
+}
+
+bool XYPainter::isLineSelected(std::size_t line) const
+{
+    return isSelected(m_selection, ObjectKind::Zone, static_cast<int>(line));
+}
+
+std::size_t XYPainter::lineSteps() const
+{
+    std::size_t steps = 0;
+    for (std::size_t i = 0; i < m_content.series.size(); ++i)
+        steps += SeriesPath::mostPortions(m_content.series[i]) * (isLineSelected(i) ? 3 : 1);
+    return steps;
+}
+
+// Selected lines come last: they lie above the others.
+void XYPainter::paintLines()
+{
+    m_canvas.beginPhase(linesEnd, lineSteps());
+    m_canvas.clip(m_layout.map.plot);
+    const std::vector<Series>& series = m_content.series;
+    for (std::size_t i = 0; i < series.size(); ++i)
+        if (!isLineSelected(i))
+            paintLine(i, points(lineWidth), series[i].color, true);
+    for (std::size_t i = 0; i < series.size(); ++i)
+        if (isLineSelected(i)) {
+            paintLine(i, points(haloWidth), halo, false);
+            paintLine(i, points(selectedWidth), series[i].color, false);
+            paintMarkers(i);
+        }
+    m_canvas.clipToFrame();
+}
+
+void XYPainter::paintLine(std::size_t line, double width, Color color, bool withDots)
+{
+    SeriesPath path(m_content.series[line], m_layout.map, width, m_canvas.drawing().detail);
+    SeriesPath::Portion portion;
+    Stroke stroke(width, color);
+    while (!m_canvas.stopped() && path.next(portion)) {
+        stroke.clear();
+        for (const auto& points : portion.lines)
+            stroke.addLine(points.data(), points.size());
+        for (const Rect& bar : portion.bars)
+            stroke.addBar(bar);
+        for (const StrokePoint& dot : portion.dots)
+            if (withDots)
+                stroke.addDisc(dot, points(dotRadius));
+        m_canvas.stroke(stroke);
+        m_canvas.charge(static_cast<double>(portion.rows) / rowsATriangle);
+        m_canvas.step();
+    }
+}
+
+// Markers stand on values, with some room between them.
+void XYPainter::paintMarkers(std::size_t line)
+{
+    const Series& series = m_content.series[line];
+    Stroke markers(2, palette::selected);
+    Point last{-1e30, 0};
+    for (std::size_t row = 0; row < series.size() && !m_canvas.stopped(); ++row) {
+        const Point at = m_layout.map(series.at(row));
+        const bool isRoomy = std::hypot(at.x - last.x, at.y - last.y) >= points(markerDistance);
+        if (isRoomy && m_layout.map.plot.contains(at)) {
+            markers.addDisc({at.x, at.y, 0}, points(markerRadius));
+            last = at;
+        }
+        if ((row + 1) % 1024 == 0 || markers.vertices().size() > 1000 || row + 1 == series.size()) {
+            m_canvas.stroke(markers);
+            m_canvas.charge(1024 / rowsATriangle);
+            markers.clear();
+            m_canvas.step();
+        }
+    }
+}
+
+void XYPainter::paintTicks(double length, double width)
+{
+    const Rect& plot = m_layout.map.plot;
+    for (const Tick& tick : m_layout.xTicks) {
+        const double x = m_layout.map({tick.value, 0}).x;
+        m_canvas.line({x, plot.y1 - length}, {x, plot.y1}, width, palette::axis);
+    }
+    for (const Tick& tick : m_layout.yTicks) {
+        const double y = m_layout.map({0, tick.value}).y;
+        m_canvas.line({plot.x1 - length, y}, {plot.x1, y}, width, palette::axis);
+    }
+}
+
+void XYPainter::paintAxes()
+{
+    const Rect& plot = m_layout.map.plot;
+    m_canvas.beginPhase(linesEnd + 0.02, 1);
+    paintTicks(points(plotsize::tick), points(axisWidth));
+    m_canvas.outline(plot, points(axisWidth), palette::axis);
+    if (isSelected(m_selection, ObjectKind::Geometry, xyobject::xAxis))
+        m_canvas.line({plot.x1, plot.y1}, {plot.x2, plot.y1}, points(selectedAxisWidth), palette::selected);
+    if (isSelected(m_selection, ObjectKind::Geometry, xyobject::yAxis))
+        m_canvas.line({plot.x1, plot.y1}, {plot.x1, plot.y2}, points(selectedAxisWidth), palette::selected);
+    m_canvas.step();
+}
+
+void XYPainter::paintLegend()
+{
+    if (isSelected(m_selection, ObjectKind::Geometry, xyobject::legend))
+        m_canvas.outline(m_layout.legend.grown(points(2)), points(1.2), palette::selected);
+    for (const LegendSample& sample : m_layout.samples)
+        m_canvas.line(sample.from, sample.to, points(isLineSelected(sample.line) ? 3 : 2),
+                      m_content.series[sample.line].color);
+    m_canvas.step();
+}
+
+void XYPainter::paintTexts()
+{
+    m_canvas.beginPhase(1, m_layout.texts.size() + m_layout.tickLabels.size());
+    for (const TextItem& item : m_layout.tickLabels)
+        m_canvas.text(item);
+    for (const PlotText& text : m_layout.texts)
+        paintPlotText(m_canvas, m_frame, text.item, isSelected(m_selection, ObjectKind::Text, text.object));
+}
+
+} // namespace velmora::engine

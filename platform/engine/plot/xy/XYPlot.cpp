@@ -1,0 +1,146 @@
+#include "engine/plot/xy/XYPlot.h"
+
+#include "engine/gl/GLStateGuard.h"
+#include "engine/plot/xy/XYPainter.h"
+
+#include <cmath>
+
+namespace velmora::engine {
+
+namespace {
+
+// Beyond these nothing is to be seen, and soon nothing to be computed.
+constexpr double nearest = 1e-9;
+constexpr double farthest = 1e3;
+constexpr double smallestStepOfDouble = 1e-13;
+
+/// Scales the range about the value that lies at `fraction` of it.
+AxisRange zoomed(const AxisRange& range, const AxisRange& full, double factor, double fraction)
+{
+    const double pivot = range.from + fraction * range.span();
+    const double size = std::max(std::fabs(range.from), std::fabs(range.to));
+    const double least = std::max(full.span() * nearest, size * smallestStepOfDouble * 100);
+    const double span = range.span() / factor;
+    if ((factor > 1 && span < least) || (factor < 1 && span > full.span() * farthest) || !std::isfinite(span))
+        return range;
+    return {pivot - fraction * span, pivot + (1 - fraction) * span};
+}
+
+AxisRange moved(const AxisRange& range, double by)
+{
+    const AxisRange result{range.from + by, range.to + by};
+    return std::isfinite(result.from) && std::isfinite(result.to) && result.span() > 0 ? result : range;
+}
+
+bool crosses(const Rect& rect, Point a, Point b)
+{
+    return clipLine(rect, a, b);
+}
+
+/// Whether the series touches the rectangle.
+bool meets(const Series& series, const AxisMap& map, const Rect& rect)
+{
+    bool hasLast = false;
+    Point last;
+    for (std::size_t row = 0; row < series.size(); ++row) {
+        const Point at = map(series.at(row));
+        const bool isValue = std::isfinite(at.x) && std::isfinite(at.y);
+        if (isValue && (rect.contains(at) || (hasLast && crosses(rect, last, at))))
+            return true;
+        hasLast = isValue;
+        last = at;
+    }
+    return false;
+}
+
+Rect common(const Rect& a, const Rect& b)
+{
+    return {std::max(a.x1, b.x1), std::max(a.y1, b.y1), std::min(a.x2, b.x2), std::min(a.y2, b.y2)};
+}
+
+} // namespace
+
+XYPlot::XYPlot(std::shared_ptr<const Table> table, Checkpoint& checkpoint)
+{
+    m_content.table = std::move(table);
+    m_content.series = seriesOf(*m_content.table, checkpoint);
+    findRanges(m_content.series, m_fullX, m_fullY, checkpoint);
+    XYPlot::fit();
+}
+
+bool XYPlot::draw(const Drawing& drawing, Checkpoint& checkpoint)
+{
+    rememberFrameSize(drawing);
+    const GLStateGuard guard(*drawing.gl);
+    return XYPainter(drawing, checkpoint, m_content, selection()).paint();
+}
+
+void XYPlot::rotate(double, double) {}
+
+void XYPlot::translate(double dx, double dy)
+{
+    AxisMap& map = m_content.map;
+    const Rect plot = layOut(m_content, frameSize()).map.plot;
+    map.x = moved(map.x, -dx * frameSize().width / plot.width() * map.x.span());
+    map.y = moved(map.y, -dy * frameSize().height / plot.height() * map.y.span());
+}
+
+void XYPlot::zoom(double factor, double x, double y)
+{
+    if (!(factor > 0))
+        return;
+    AxisMap& map = m_content.map;
+    const Rect plot = layOut(m_content, frameSize()).map.plot;
+    const double alongX = (x * frameSize().width - plot.x1) / plot.width();
+    const double alongY = (y * frameSize().height - plot.y1) / plot.height();
+    map.x = zoomed(map.x, m_fullX, factor, alongX);
+    map.y = zoomed(map.y, m_fullY, factor, alongY);
+}
+
+void XYPlot::fit()
+{
+    m_content.map.x = m_fullX;
+    m_content.map.y = m_fullY;
+}
+
+std::string XYPlot::description() const
+{
+    const std::size_t lines = m_content.series.size();
+    const std::size_t rows = lines ? m_content.series.front().size() : 0;
+    return std::to_string(lines) + (lines == 1 ? " line, " : " lines, ") + std::to_string(rows) +
+           (rows == 1 ? " row" : " rows");
+}
+
+void XYPlot::collect(const Rect& rect, const PickFilter& filter, Selection& found) const
+{
+    const XYLayout layout = layOut(m_content, frameSize());
+    if (filter.zones)
+        collectLines(layout, rect, filter.considerStyle, found);
+    if (filter.geometries)
+        collectGeometries(layout, rect, found);
+    if (filter.text)
+        collectTexts(layout.texts, rect, found);
+}
+
+// What is beyond the axes' ranges is cut off and does not show.
+void XYPlot::collectLines(const XYLayout& layout, const Rect& rect, bool shownOnly, Selection& found) const
+{
+    const Rect where = shownOnly ? common(rect, layout.map.plot) : rect;
+    if (where.x1 > where.x2 || where.y1 > where.y2)
+        return;
+    for (std::size_t i = 0; i < m_content.series.size(); ++i)
+        if (meets(m_content.series[i], layout.map, where))
+            found.insert({ObjectKind::Zone, static_cast<int>(i)});
+}
+
+void XYPlot::collectGeometries(const XYLayout& layout, const Rect& rect, Selection& found)
+{
+    if (rect.meets(layout.xAxis))
+        found.insert({ObjectKind::Geometry, xyobject::xAxis});
+    if (rect.meets(layout.yAxis))
+        found.insert({ObjectKind::Geometry, xyobject::yAxis});
+    if (!layout.samples.empty() && rect.meets(layout.legend))
+        found.insert({ObjectKind::Geometry, xyobject::legend});
+}
+
+} // namespace velmora::engine

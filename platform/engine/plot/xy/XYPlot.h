@@ -1,0 +1,39 @@
+#pragma once
+
+#include "engine/plot/SelectablePlot.h"
+#include "engine/plot/xy/XYLayout.h"
+
+#include <memory>
+
+namespace velmora::engine {
+
+/// The columns of a table as lines over its first column. The view is the range of both axes.
+class XYPlot : public SelectablePlot {
+public:
+    /// Asks `checkpoint` to go on; throws ReadInterrupted when it says no.
+    XYPlot(std::shared_ptr<const Table> table, Checkpoint& checkpoint);
+
+    bool draw(const Drawing& drawing, Checkpoint& checkpoint) override;
+    bool canRotate() const override { return false; }
+    void rotate(double aboutVertical, double tilt) override; ///< lines cannot be turned: nothing
+    void translate(double dx, double dy) override;
+    void zoom(double factor, double x, double y) override;
+    void fit() override;
+    std::string description() const override;
+
+    const AxisRange& xRange() const { return m_content.map.x; }
+    const AxisRange& yRange() const { return m_content.map.y; }
+
+protected:
+    void collect(const Rect& rect, const PickFilter& filter, Selection& found) const override;
+
+private:
+    void collectLines(const XYLayout& layout, const Rect& rect, bool shownOnly, Selection& found) const;
+    static void collectGeometries(const XYLayout& layout, const Rect& rect, Selection& found);
+
+    XYContent m_content;
+    AxisRange m_fullX;
+    AxisRange m_fullY;
+};
+
+} // namespace velmora::engine
