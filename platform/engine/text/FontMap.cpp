@@ -36,9 +36,6 @@ FontConfigOwner systemFonts()
     if (!config || !FcConfigParseAndLoadFromMemory(config.get(), fcText(rejected), FcTrue) ||
         !FcConfigBuildFonts(config.get()))
         throwNoFont();
-    const FcFontSet* fonts = FcConfigGetFonts(config.get(), FcSetSystem);
-    if (!fonts || fonts->nfont == 0)
-        throwNoFont();
     return config;
 }
 
