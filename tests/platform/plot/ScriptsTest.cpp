@@ -143,6 +143,15 @@ TEST(Scripts, EveryScriptIsExactlyProportionalToTheSize)
     }
 }
 
+TEST(Scripts, GlyphsAreAsWideAsTheirFontsSay)
+{
+    double x = 0;
+    for (const ShapedGlyph& glyph : shaped("0123 abc 温度")->glyphs) {
+        EXPECT_NEAR(glyph.x, x, 1e-5) << "glyph " << glyph.index;
+        x += glyph.font->advance(glyph.index);
+    }
+}
+
 TEST(Scripts, OtherFontsLeaveTheHeightOfALineAsItIs)
 {
     const TextExtent latin = measureText(FontFace::regular(), "a", 20);
