@@ -5,13 +5,10 @@
 
 #include <gtest/gtest.h>
 
-#include <clocale>
-
 using namespace velmora::engine;
 
 TEST(FontOrder, FollowsTheLanguageOfTheTextNotThatOfTheLocale)
 {
-    ASSERT_TRUE(std::setlocale(LC_ALL, "")) << "the locale of the environment was not generated";
     const test::FontSettings settings(R"(<dir>/usr/share/fonts/truetype/kacst-one</dir>
                                          <dir>/usr/share/fonts/truetype/droid</dir>)");
     const auto blank = FontFace::regular().line(" ");
