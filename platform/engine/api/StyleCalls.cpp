@@ -7,7 +7,8 @@
 #include "engine/style/StyleTree.h"
 #include "engine/style/StyleWords.h"
 
-#include <cstdio>
+#include <array>
+#include <charconv>
 
 using namespace velmora::engine;
 using namespace velmora::engine::style;
@@ -70,9 +71,11 @@ struct Deliver {
 
 std::string describe(double value)
 {
-    char text[40];
-    std::snprintf(text, sizeof text, " DValue=%.10g", value);
-    return text;
+    constexpr int digits = 10;
+    std::array<char, 40> text{};
+    const auto end =
+        std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::general, digits).ptr;
+    return " DValue=" + std::string(text.data(), end);
 }
 
 /// What a list carries as its value, for the log: " IValue=5 DValue=5".

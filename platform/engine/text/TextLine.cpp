@@ -1,7 +1,5 @@
 #include "engine/text/TextLine.h"
 
-#include "engine/text/Utf8.h"
-
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -15,16 +13,17 @@ constexpr double pixelsAPicture = 12000;
 
 struct PlacedGlyph {
     std::shared_ptr<const Glyph> glyph;
-    int pen = 0;
+    int penX = 0;
+    int penY = 0;
 };
 
 void growTo(TextImage& box, int& right, int& top, const PlacedGlyph& placed)
 {
     const Glyph& glyph = *placed.glyph;
-    box.left = std::min(box.left, placed.pen + glyph.left);
-    box.bottom = std::min(box.bottom, glyph.top - glyph.height);
-    right = std::max(right, placed.pen + glyph.left + glyph.width);
-    top = std::max(top, glyph.top);
+    box.left = std::min(box.left, placed.penX + glyph.left);
+    box.bottom = std::min(box.bottom, placed.penY + glyph.top - glyph.height);
+    right = std::max(right, placed.penX + glyph.left + glyph.width);
+    top = std::max(top, placed.penY + glyph.top);
 }
 
 // Neighbours may overlap by a pixel: the stronger coverage counts.
@@ -32,8 +31,8 @@ void copyInto(TextImage& image, const PlacedGlyph& placed)
 {
     const Glyph& glyph = *placed.glyph;
     for (int row = 0; row < glyph.height; ++row) {
-        const int y = glyph.top - 1 - row - image.bottom;
-        const int x = placed.pen + glyph.left - image.left;
+        const int y = placed.penY + glyph.top - 1 - row - image.bottom;
+        const int x = placed.penX + glyph.left - image.left;
         unsigned char* target = &image.coverage[static_cast<std::size_t>(y) * static_cast<std::size_t>(image.width) +
                                                 static_cast<std::size_t>(x)];
         const unsigned char* source =
@@ -63,11 +62,10 @@ TextImage compose(const std::vector<PlacedGlyph>& glyphs)
 
 } // namespace
 
-TextExtent measureText(const FontFace& face, const std::string& text, double pixelSize)
+TextExtent measureText(FontFace& face, const std::string& text, double pixelSize)
 {
     TextExtent extent;
-    for (char32_t character : decodeUtf8(text))
-        extent.width += face.advance(character, pixelSize);
+    extent.width = pixelSize * face.line(text)->width;
     extent.ascent = face.ascent(pixelSize);
     extent.descent = face.descent(pixelSize);
     return extent;
@@ -91,23 +89,24 @@ TextImage turnedUpwards(const TextImage& image)
 }
 
 TextLine::TextLine(FontFace& face, const std::string& text, double pixelSize)
-    : m_face(face), m_characters(decodeUtf8(text)), m_pixelSize(pixelSize)
+    : m_face(face), m_line(face.line(text)), m_pixelSize(pixelSize)
 {}
 
 bool TextLine::next(TextImage& image)
 {
-    if (m_at == m_characters.size())
+    if (m_at == m_line->glyphs.size())
         return false;
     std::vector<PlacedGlyph> glyphs;
     double pixels = 0;
-    while (m_at < m_characters.size() && pixels < pixelsAPicture) {
-        const char32_t character = m_characters[m_at++];
-        const int pen = static_cast<int>(std::floor(m_pen));
-        const int phase = std::min(static_cast<int>((m_pen - pen) * FontFace::phases), FontFace::phases - 1);
-        PlacedGlyph placed{m_face.glyph(character, m_pixelSize, phase), pen};
+    while (m_at < m_line->glyphs.size() && pixels < pixelsAPicture) {
+        const ShapedGlyph& shaped = m_line->glyphs[m_at++];
+        const double x = shaped.x * m_pixelSize;
+        const int pen = static_cast<int>(std::floor(x));
+        const int phase = std::min(static_cast<int>((x - pen) * penPhases), penPhases - 1);
+        PlacedGlyph placed{m_face.glyph(shaped, m_pixelSize, phase), pen,
+                           static_cast<int>(std::lround(shaped.y * m_pixelSize))};
         if (!placed.glyph->coverage.empty())
             glyphs.push_back(placed);
-        m_pen += m_face.advance(character, m_pixelSize);
         pixels += m_pixelSize * m_pixelSize;
     }
     image = compose(glyphs);

@@ -17,7 +17,7 @@ struct TextExtent {
 };
 
 /// The size of a line of UTF-8 text; exactly proportional to `pixelSize`.
-TextExtent measureText(const FontFace& face, const std::string& text, double pixelSize);
+TextExtent measureText(FontFace& face, const std::string& text, double pixelSize);
 
 /// A picture of text: coverage 0 to 255, row by row from the bottom.
 struct TextImage {
@@ -37,15 +37,14 @@ class TextLine {
 public:
     TextLine(FontFace& face, const std::string& text, double pixelSize);
 
-    /// The picture of the next few characters; false when there are none left.
+    /// The picture of the next few glyphs from the left; false when there are none left.
     bool next(TextImage& image);
 
 private:
     FontFace& m_face;
-    std::u32string m_characters;
+    std::shared_ptr<const ShapedLine> m_line;
     double m_pixelSize;
     std::size_t m_at = 0;
-    double m_pen = 0;
 };
 
 } // namespace velmora::engine

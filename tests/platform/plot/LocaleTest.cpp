@@ -4,32 +4,12 @@
 
 #include <gtest/gtest.h>
 
-#include <clocale>
 #include <cstdio>
-#include <locale>
-#include <string>
 
 using namespace velmora::engine;
 
-namespace {
-
-/// A toolkit does the same when an application begins.
-class LocaleOfTheEnvironment : public testing::Environment {
-public:
-    void SetUp() override
-    {
-        ASSERT_TRUE(std::setlocale(LC_ALL, "")) << "the locale of the environment was not generated";
-        std::locale::global(std::locale(""));
-    }
-};
-
-testing::Environment* const environment = testing::AddGlobalTestEnvironment(new LocaleOfTheEnvironment);
-
-} // namespace
-
 TEST(Locale, ReallyHasADecimalComma)
 {
-    ASSERT_TRUE(environment);
     char text[16];
     std::snprintf(text, sizeof text, "%.1f", 0.5);
     EXPECT_STREQ(text, "0,5");

@@ -348,7 +348,7 @@ TEST(Contours, LieAtTheBandBorders)
     const double step = shape.z(shape.bandEdges()[1]) - shape.z(shape.bandEdges()[0]);
     for (const ContourLine& line : lines) {
         EXPECT_GE(line.size(), 2u);
-        for (const Vector3& point : line) {
+        for (const glm::dvec3& point : line) {
             EXPECT_NEAR(std::remainder(point.z + shape.halfZ(), step), 0, 1e-5);
             EXPECT_NEAR(point.z, line.front().z, 1e-6);
         }

@@ -1,13 +1,10 @@
 #include "engine/gl/GLStateGuard.h"
-#include "engine/text/FontFinder.h"
 #include "engine/text/TextLine.h"
 #include "engine/text/TextPainter.h"
-#include "engine/text/Utf8.h"
 #include "tests/platform/plot/Picture.h"
 
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <numeric>
 
 using namespace velmora::engine;
@@ -32,33 +29,10 @@ long inkOf(const TextImage& image)
 
 } // namespace
 
-TEST(Utf8, DecodesCharactersOfEveryLength)
-{
-    EXPECT_EQ(decodeUtf8("a°²α€𝄞"), U"a°²α€𝄞");
-    EXPECT_EQ(decodeUtf8(""), U"");
-}
-
-TEST(Utf8, ReplacesEveryByteThatIsNotPartOfACharacter)
-{
-    EXPECT_EQ(decodeUtf8("a\xFFz"), U"a\uFFFDz");
-    EXPECT_EQ(decodeUtf8("a\xC2"), U"a\uFFFD") << "cut off";
-    EXPECT_EQ(decodeUtf8("\xC0\x80"), U"\uFFFD\uFFFD") << "an overlong form";
-    EXPECT_EQ(decodeUtf8("\xE0\x80\xAF"), U"\uFFFD\uFFFD\uFFFD") << "a longer overlong form";
-    EXPECT_EQ(decodeUtf8("\xED\xA0\x80"), U"\uFFFD\uFFFD\uFFFD") << "a surrogate";
-    EXPECT_EQ(decodeUtf8("\xF4\x90\x80\x80"), std::u32string(4, U'\uFFFD')) << "beyond Unicode";
-    EXPECT_EQ(decodeUtf8("\xE2\x82 A"), U"\uFFFD\uFFFD A") << "interrupted";
-}
-
-TEST(FontFinder, NamesAFileThatExists)
-{
-    EXPECT_TRUE(std::ifstream(findFont(false).path).good());
-    EXPECT_TRUE(std::ifstream(findFont(true).path).good());
-}
-
 TEST(FontFace, HasTheSignsThatUnitsAndNumbersNeed)
 {
-    for (char32_t character : std::u32string(U"°²³µαβγΔΣΩ×…⁰¹⁷⁻"))
-        EXPECT_TRUE(FontFace::regular().has(character)) << static_cast<unsigned>(character);
+    for (const ShapedGlyph& glyph : FontFace::regular().line("°²³µαβγΔΣΩ×…⁰¹⁷⁻")->glyphs)
+        EXPECT_TRUE(glyph.font && glyph.index != 0) << "at " << glyph.x;
 }
 
 TEST(MeasureText, IsExactlyProportionalToTheSize)
@@ -72,7 +46,7 @@ TEST(MeasureText, IsExactlyProportionalToTheSize)
 
 TEST(MeasureText, AddsUpCharactersNotBytes)
 {
-    const FontFace& face = FontFace::regular();
+    FontFace& face = FontFace::regular();
     const double degree = measureText(face, "°", 20).width;
     EXPECT_GT(degree, 0);
     EXPECT_LT(degree, 20);

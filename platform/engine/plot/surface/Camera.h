@@ -5,7 +5,7 @@
 #include "engine/plot/Stroke.h"
 #include "engine/plot/surface/SurfaceShape.h"
 
-#include <array>
+#include <glm/mat4x4.hpp>
 
 namespace velmora::engine {
 
@@ -22,29 +22,24 @@ struct SurfaceView {
 /// perspective: they change neither the angle of sight nor the shape that is seen.
 class Camera {
 public:
-    using Matrix = std::array<double, 16>; ///< column by column, as OpenGL takes it
-
     /// `area` is where the whole surface fits into, in frame pixels.
     Camera(const SurfaceView& view, const SurfaceShape& shape, const Rect& frame, const Rect& area);
 
     /// Frame pixels and depth, -1 nearest to 1 farthest.
-    StrokePoint project(const Vector3& point) const;
+    StrokePoint project(const glm::dvec3& point) const;
     /// How near a point is to the viewer; more is nearer.
-    double nearness(const Vector3& point) const { return toEye(point).z; }
+    double nearness(const glm::dvec3& point) const { return toEye(point).z; }
     /// Frame pixels a unit of the box takes at its centre.
     double scale() const { return m_scale; }
 
-    Matrix modelMatrix() const;
+    const glm::dmat4& modelMatrix() const { return m_toEye; }
     /// For a target: its viewport is the whole of it.
-    Matrix projectionMatrix(const Drawing& drawing) const;
+    glm::dmat4 projectionMatrix(const Drawing& drawing) const;
 
 private:
-    Vector3 toEye(const Vector3& point) const;
+    glm::dvec3 toEye(const glm::dvec3& point) const { return glm::dvec3(m_toEye * glm::dvec4(point, 1)); }
 
-    double m_sinAbout;
-    double m_cosAbout;
-    double m_sinTilt;
-    double m_cosTilt;
+    glm::dmat4 m_toEye;
     double m_scale = 1;
     double m_near = 1;
     double m_far = 2;

@@ -1,5 +1,7 @@
 #include "engine/plot/surface/Contours.h"
 
+#include <glm/geometric.hpp>
+
 #include <algorithm>
 #include <cmath>
 
@@ -19,7 +21,7 @@ struct Segment {
     Edge to;
 };
 
-Vector3 crossing(const MeshPart& part, const Edge& edge, double level)
+glm::dvec3 crossing(const MeshPart& part, const Edge& edge, double level)
 {
     const MeshVertex& a = part.vertices[edge.first];
     const MeshVertex& b = part.vertices[edge.second];
@@ -115,14 +117,12 @@ private:
     std::size_t m_at = 0;
 };
 
-double distanceFromLine(const Vector3& a, const Vector3& b, const Vector3& p)
+double distanceFromLine(const glm::dvec3& a, const glm::dvec3& b, const glm::dvec3& p)
 {
-    const Vector3 d{b.x - a.x, b.y - a.y, b.z - a.z};
-    const Vector3 v{p.x - a.x, p.y - a.y, p.z - a.z};
-    const double length = d.x * d.x + d.y * d.y + d.z * d.z;
-    const double t = length > 0 ? (v.x * d.x + v.y * d.y + v.z * d.z) / length : 0;
-    return std::sqrt((v.x - t * d.x) * (v.x - t * d.x) + (v.y - t * d.y) * (v.y - t * d.y) +
-                     (v.z - t * d.z) * (v.z - t * d.z));
+    const glm::dvec3 d = b - a;
+    const glm::dvec3 v = p - a;
+    const double squared = glm::dot(d, d);
+    return glm::length(squared > 0 ? v - d * (glm::dot(v, d) / squared) : v);
 }
 
 ContourLine withoutStraightPoints(const ContourLine& points, double tolerance)
@@ -178,7 +178,7 @@ std::shared_ptr<const ContourLines> KeptContours::add(const Key& key, ContourLin
         m_bytes = 0;
     }
     for (const ContourLine& line : lines)
-        m_bytes += sizeof(ContourLine) + line.size() * sizeof(Vector3);
+        m_bytes += sizeof(ContourLine) + line.size() * sizeof(glm::dvec3);
     return m_lines[key] = std::make_shared<const ContourLines>(std::move(lines));
 }
 

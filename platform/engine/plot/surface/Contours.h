@@ -11,7 +11,7 @@
 namespace velmora::engine {
 
 /// A line of equal height on the surface; closed where its last point is its first.
-using ContourLine = std::vector<Vector3>;
+using ContourLine = std::vector<glm::dvec3>;
 using ContourLines = std::vector<ContourLine>;
 
 /// The lines at the band borders between the lowest and the highest one on a piece of the surface. What does

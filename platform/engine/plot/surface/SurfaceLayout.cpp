@@ -53,8 +53,8 @@ struct AxisEdge {
     int object;
     int titleObject;
     const char* title;
-    Vector3 from;
-    Vector3 to;
+    glm::dvec3 from;
+    glm::dvec3 to;
     AxisRange range;
 };
 
@@ -85,7 +85,7 @@ public:
 
 private:
     double points(double length) const { return m_frame.points(length); }
-    Point at(const Vector3& point) const
+    Point at(const glm::dvec3& point) const
     {
         const StrokePoint place = m_layout.camera.project(point);
         return {place.x, place.y};
@@ -105,8 +105,8 @@ private:
     void addTitle();
     void addBar();
     void takePlaces();
-    void addGridLine(const Vector3& a, const Vector3& b) { m_layout.grid.push_back({at(a), at(b)}); }
-    void addEdge(const Vector3& a, const Vector3& b) { m_layout.edges.push_back({at(a), at(b)}); }
+    void addGridLine(const glm::dvec3& a, const glm::dvec3& b) { m_layout.grid.push_back({at(a), at(b)}); }
+    void addEdge(const glm::dvec3& a, const glm::dvec3& b) { m_layout.edges.push_back({at(a), at(b)}); }
 
     const Grid& m_grid;
     const SurfaceShape& m_shape;
@@ -191,7 +191,7 @@ bool Builder::isFree(const Rect& rect) const
 double Builder::insideBox(const AxisEdge& axisEdge, Point away) const
 {
     double inside = 0;
-    for (Vector3 end : {axisEdge.from, axisEdge.to}) {
+    for (glm::dvec3 end : {axisEdge.from, axisEdge.to}) {
         const Point foot = at(end);
         end.z = m_shape.halfZ();
         const Point top = at(end);
@@ -202,9 +202,7 @@ double Builder::insideBox(const AxisEdge& axisEdge, Point away) const
 
 Point Builder::pointOn(const AxisEdge& axisEdge, double t) const
 {
-    const Vector3& f = axisEdge.from;
-    const Vector3& e = axisEdge.to;
-    return at({f.x + (e.x - f.x) * t, f.y + (e.y - f.y) * t, f.z + (e.z - f.z) * t});
+    return at(axisEdge.from + (axisEdge.to - axisEdge.from) * t);
 }
 
 /// A label beside an axis, all of it at least `distance` away.

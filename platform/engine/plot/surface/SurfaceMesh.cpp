@@ -17,7 +17,7 @@ void setNormal(MeshVertex& vertex, double x, double y, double z)
     vertex.normal[2] = static_cast<std::int16_t>(std::lrint(z * scale));
 }
 
-void setPosition(MeshVertex& vertex, const Vector3& place)
+void setPosition(MeshVertex& vertex, const glm::dvec3& place)
 {
     vertex.position[0] = static_cast<float>(place.x);
     vertex.position[1] = static_cast<float>(place.y);
@@ -73,7 +73,7 @@ int SurfaceMesh::pieces(int nodes)
     return std::max(1, (nodes - 1 + pieceSide - 1) / pieceSide);
 }
 
-Vector3 SurfaceMesh::place(const HeightPatch& patch, int column, int row) const
+glm::dvec3 SurfaceMesh::place(const HeightPatch& patch, int column, int row) const
 {
     return {m_shape.x(m_levels.columnPlace(m_level, column)), m_shape.y(m_levels.rowPlace(m_level, row)),
             m_shape.z(patch.at(column, row))};
@@ -133,7 +133,7 @@ void SurfaceMesh::makePiece(int pieceColumn, int pieceRow, MeshPart& part) const
 void SurfaceMesh::addLevelCell(const HeightPatch& patch, int column, int row, MeshPart& part) const
 {
     const auto first = static_cast<unsigned>(part.vertices.size());
-    const Vector3 middle = place(patch, column, row);
+    const glm::dvec3 middle = place(patch, column, row);
     const double side = 1 << m_level;
     const double signs[4][2] = {{-1, -1}, {1, -1}, {1, 1}, {-1, 1}};
     for (const auto& sign : signs) {
@@ -148,7 +148,7 @@ void SurfaceMesh::addLevelCell(const HeightPatch& patch, int column, int row, Me
         part.indices.push_back(static_cast<std::uint16_t>(first + i));
 }
 
-std::vector<Vector3> SurfaceMesh::pieceBox(int pieceColumn, int pieceRow) const
+std::vector<glm::dvec3> SurfaceMesh::pieceBox(int pieceColumn, int pieceRow) const
 {
     // A piece takes its last nodes from its neighbours.
     HeightRange heights;
@@ -157,7 +157,7 @@ std::vector<Vector3> SurfaceMesh::pieceBox(int pieceColumn, int pieceRow) const
     for (int i = 0; i < 4; ++i)
         heights.take(
             m_levels.range(above, (pieceColumn * pieceSide >> shift) + i % 2, (pieceRow * pieceSide >> shift) + i / 2));
-    std::vector<Vector3> corners;
+    std::vector<glm::dvec3> corners;
     if (heights.isGap())
         return corners;
     // Half a node more on each side: level cells reach that far.
@@ -172,20 +172,20 @@ std::vector<Vector3> SurfaceMesh::pieceBox(int pieceColumn, int pieceRow) const
     return corners;
 }
 
-std::vector<Vector3> SurfaceMesh::sideNodes(int side, int first, int count) const
+std::vector<glm::dvec3> SurfaceMesh::sideNodes(int side, int first, int count) const
 {
     const bool isAcross = side % 2 == 0;
     const HeightPatch patch(m_levels, m_level, sideColumn(side, first), sideRow(side, first), isAcross ? count : 1,
                             isAcross ? 1 : count);
-    std::vector<Vector3> nodes;
+    std::vector<glm::dvec3> nodes;
     for (int n = first; n < first + count; ++n)
         nodes.push_back(place(patch, sideColumn(side, n), sideRow(side, n)));
     return nodes;
 }
 
-std::vector<Vector3> SurfaceMesh::sideEnds(int side, int first, int count) const
+std::vector<glm::dvec3> SurfaceMesh::sideEnds(int side, int first, int count) const
 {
-    std::vector<Vector3> ends;
+    std::vector<glm::dvec3> ends;
     for (const int n : {first, first + count - 1})
         ends.push_back({m_shape.x(m_levels.columnPlace(m_level, sideColumn(side, n))),
                         m_shape.y(m_levels.rowPlace(m_level, sideRow(side, n))), -m_shape.halfZ()});
@@ -197,7 +197,7 @@ void SurfaceMesh::makeSkirt(int side, int first, int count, MeshPart& part) cons
     static const double normals[4][2] = {{0, -1}, {1, 0}, {0, 1}, {-1, 0}};
     part.clear();
     bool hadValue = false;
-    for (const Vector3& place : sideNodes(side, first, count)) {
+    for (const glm::dvec3& place : sideNodes(side, first, count)) {
         const bool isHere = !std::isnan(place.z);
         if (isHere) {
             MeshVertex top{};

@@ -42,21 +42,21 @@ public:
     int pieceRows() const { return pieces(m_rows); }
     void makePiece(int pieceColumn, int pieceRow, MeshPart& part) const;
     /// The corners of the box that holds the piece; none for a piece of nothing but gaps.
-    std::vector<Vector3> pieceBox(int pieceColumn, int pieceRow) const;
+    std::vector<glm::dvec3> pieceBox(int pieceColumn, int pieceRow) const;
     /// The part of a wall from the surface's border down to the floor that stands at `count` nodes of a
     /// side, from `first` on: 0 south, 1 east, 2 north, 3 west.
     void makeSkirt(int side, int first, int count, MeshPart& part) const;
     int sideLength(int side) const { return side % 2 == 0 ? m_columns : m_rows; }
     /// The upper border of that wall. Two neighbours are joined where both are values; NaN stands for a gap.
-    std::vector<Vector3> sideNodes(int side, int first, int count) const;
+    std::vector<glm::dvec3> sideNodes(int side, int first, int count) const;
     /// The first and the last of these nodes, on the floor.
-    std::vector<Vector3> sideEnds(int side, int first, int count) const;
+    std::vector<glm::dvec3> sideEnds(int side, int first, int count) const;
 
 private:
     static int pieces(int nodes);
     int sideColumn(int side, int n) const { return side % 2 == 0 ? n : side == 1 ? m_columns - 1 : 0; }
     int sideRow(int side, int n) const { return side % 2 != 0 ? n : side == 0 ? m_rows - 1 : 0; }
-    Vector3 place(const HeightPatch& patch, int column, int row) const;
+    glm::dvec3 place(const HeightPatch& patch, int column, int row) const;
     double slopeX(const HeightPatch& patch, int column, int row) const;
     double slopeY(const HeightPatch& patch, int column, int row) const;
     MeshVertex vertex(const HeightPatch& patch, int column, int row) const;

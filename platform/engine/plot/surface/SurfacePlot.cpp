@@ -36,7 +36,7 @@ bool meetsTriangles(const MeshPart& part, const Camera& camera, const Rect& rect
     return false;
 }
 
-bool mayMeet(const std::vector<Vector3>& box, const Camera& camera, const Rect& rect)
+bool mayMeet(const std::vector<glm::dvec3>& box, const Camera& camera, const Rect& rect)
 {
     return !box.empty() && coveredBy(box, camera).meets(rect);
 }

@@ -3,15 +3,11 @@
 #include "engine/data/Grid.h"
 #include "engine/plot/Ticks.h"
 
+#include <glm/vec3.hpp>
+
 #include <vector>
 
 namespace velmora::engine {
-
-struct Vector3 {
-    double x = 0;
-    double y = 0;
-    double z = 0;
-};
 
 /// How a grid is put into a box about the origin: x eastwards, y northwards, z upwards, the longer
 /// side of the floor 1.

@@ -3,6 +3,8 @@
 #include "engine/plot/Palette.h"
 #include "engine/plot/surface/BandTexture.h"
 
+#include <glm/gtc/type_ptr.hpp>
+
 #include <cmath>
 #include <cstddef>
 #include <limits>
@@ -78,11 +80,11 @@ void TerrainPainter::useSurface() const
 {
     const GLFunctions& gl = m_canvas.gl();
     gl.MatrixMode(GL_PROJECTION);
-    gl.LoadMatrixd(m_camera.projectionMatrix(m_canvas.drawing()).data());
+    gl.LoadMatrixd(glm::value_ptr(m_camera.projectionMatrix(m_canvas.drawing())));
     gl.MatrixMode(GL_MODELVIEW);
     gl.LoadIdentity();
     useLight();
-    gl.LoadMatrixd(m_camera.modelMatrix().data());
+    gl.LoadMatrixd(glm::value_ptr(m_camera.modelMatrix()));
     gl.Disable(GL_BLEND);
     gl.Enable(GL_DEPTH_TEST);
     gl.DepthFunc(GL_LEQUAL);
@@ -223,13 +225,13 @@ void TerrainPainter::paintSkirt(int side, int first)
 /// What a part of a wall covers at most.
 Rect TerrainPainter::sideRect(int side, int first, int count) const
 {
-    std::vector<Vector3> corners = m_mesh.sideEnds(side, first, count);
+    std::vector<glm::dvec3> corners = m_mesh.sideEnds(side, first, count);
     for (std::size_t i = 0; i < 2; ++i)
         corners.push_back({corners[i].x, corners[i].y, m_data.shape.halfZ()});
     return coveredBy(corners, m_camera);
 }
 
-StrokePoint TerrainPainter::onSurface(const Vector3& place) const
+StrokePoint TerrainPainter::onSurface(const glm::dvec3& place) const
 {
     const StrokePoint point = m_camera.project(place);
     return {point.x, point.y, -(point.z - lineLift)};
@@ -282,7 +284,7 @@ void TerrainPainter::paintContours(const TerrainLines& lines)
             return;
         for (const ContourLine& line : *contours(piece)) {
             points.clear();
-            for (const Vector3& place : line)
+            for (const glm::dvec3& place : line)
                 points.push_back(onSurface(place));
             stroke.addLine(points.data(), points.size());
         }
@@ -308,7 +310,7 @@ void TerrainPainter::paintBorder(int side, const TerrainLines& lines)
         if (!m_canvas.shows(sideRect(side, first, count).grown(lines.borderWidth)))
             continue;
         std::vector<StrokePoint> line;
-        for (const Vector3& place : m_mesh.sideNodes(side, first, count)) {
+        for (const glm::dvec3& place : m_mesh.sideNodes(side, first, count)) {
             if (!std::isnan(place.z)) {
                 line.push_back(onSurface(place));
                 continue;

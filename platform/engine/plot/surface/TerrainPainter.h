@@ -46,7 +46,7 @@ private:
     void paintContours(const TerrainLines& lines);
     void paintBorder(int side, const TerrainLines& lines);
     void paintStroke(Stroke& stroke);
-    StrokePoint onSurface(const Vector3& place) const;
+    StrokePoint onSurface(const glm::dvec3& place) const;
     Rect sideRect(int side, int first, int count) const;
     int number(const VisiblePiece& piece) const { return piece.row * m_mesh.pieceColumns() + piece.column; }
 

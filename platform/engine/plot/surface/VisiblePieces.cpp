@@ -51,14 +51,14 @@ private:
 
     void add(const SurfaceMesh& mesh, int column, int row, VisiblePieces& found) const
     {
-        const std::vector<Vector3> box = mesh.pieceBox(column, row);
+        const std::vector<glm::dvec3> box = mesh.pieceBox(column, row);
         if (box.empty())
             return;
         const Rect where = coveredBy(box, m_camera);
         if (!m_canvas.shows(where))
             return;
-        const Vector3& a = box.front();
-        const Vector3& b = box.back();
+        const glm::dvec3& a = box.front();
+        const glm::dvec3& b = box.back();
         found.pieces.push_back(
             {column, row, where, m_camera.nearness({(a.x + b.x) / 2, (a.y + b.y) / 2, (a.z + b.z) / 2})});
     }
@@ -96,10 +96,10 @@ int fullLevel(const SurfaceData& data, const Camera& camera)
     return level;
 }
 
-Rect coveredBy(const std::vector<Vector3>& corners, const Camera& camera)
+Rect coveredBy(const std::vector<glm::dvec3>& corners, const Camera& camera)
 {
     Rect rect{1e30, 1e30, -1e30, -1e30};
-    for (const Vector3& corner : corners) {
+    for (const glm::dvec3& corner : corners) {
         const StrokePoint place = camera.project(corner);
         rect.take({place.x, place.y});
     }

@@ -31,6 +31,6 @@ VisiblePieces chooseVisiblePieces(const SurfaceData& data, const Camera& camera,
 int fullLevel(const SurfaceData& data, const Camera& camera);
 
 /// The rectangle of the picture that points of the box cover.
-Rect coveredBy(const std::vector<Vector3>& corners, const Camera& camera);
+Rect coveredBy(const std::vector<glm::dvec3>& corners, const Camera& camera);
 
 } // namespace velmora::engine

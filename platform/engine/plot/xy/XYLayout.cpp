@@ -2,6 +2,7 @@
 
 #include "engine/plot/DateTicks.h"
 #include "engine/plot/Palette.h"
+#include "engine/text/PlainText.h"
 
 #include <cmath>
 
@@ -14,7 +15,7 @@ constexpr double sampleLength = 20;
 constexpr double entryGap = 16;
 
 constexpr std::size_t mostLegendRows = 3;
-constexpr std::size_t longestName = 40;
+constexpr std::size_t longestName = 40; ///< characters
 
 /// Lays out one plot from the outside inwards: each part takes its room from `free`.
 class Builder {
@@ -60,17 +61,6 @@ private:
     XYLayout m_layout;
 };
 
-/// Long names end in an ellipsis; a cut never goes through a character.
-std::string shortened(const std::string& name)
-{
-    if (name.size() <= longestName)
-        return name;
-    std::size_t end = longestName;
-    while (end > 0 && (static_cast<unsigned char>(name[end]) & 0xC0u) == 0x80)
-        --end;
-    return name.substr(0, end) + "…";
-}
-
 bool allDates(const std::vector<Series>& series)
 {
     return !series.empty() &&
@@ -94,7 +84,7 @@ bool Builder::placeEntry(std::size_t line, Point& at, std::size_t& row)
 {
     const double size = points(plotsize::label);
     const std::string& name = m_content.series[line].y->name;
-    TextItem text{shortened(name), at, size, Align::Start, Align::Middle, false, false, palette::ink};
+    TextItem text{shortened(name, longestName), at, size, Align::Start, Align::Middle, false, false, palette::ink};
     const double width = points(sampleLength + plotsize::gap) + measureText(FontFace::regular(), text.text, size).width;
     if (at.x + width > m_free.x2 && at.x > m_free.x1) {
         at = {m_free.x1, at.y - size * 1.6};
@@ -181,7 +171,7 @@ void Builder::addAxisTitles()
     const bool single = m_content.series.size() == 1;
     const std::string xName = m_content.series.empty() || !m_content.series[0].x ? "Row" : m_content.series[0].x->name;
     const std::string yName = single ? m_content.series[0].y->name : "Value";
-    m_layout.texts.push_back({{shortened(xName),
+    m_layout.texts.push_back({{shortened(xName, longestName),
                                {(plot.x1 + plot.x2) / 2, points(plotsize::edge)},
                                size,
                                Align::Middle,
@@ -190,7 +180,7 @@ void Builder::addAxisTitles()
                                false,
                                palette::ink},
                               xyobject::xTitle});
-    m_layout.texts.push_back({{shortened(yName),
+    m_layout.texts.push_back({{shortened(yName, longestName),
                                {points(plotsize::edge), (plot.y1 + plot.y2) / 2},
                                size,
                                Align::Middle,

@@ -1,0 +1,5 @@
+find_package(Freetype REQUIRED)
+find_package(PkgConfig REQUIRED)
+pkg_check_modules(FONTCONFIG REQUIRED IMPORTED_TARGET fontconfig)
+pkg_check_modules(PANGOFT2 REQUIRED IMPORTED_TARGET pangoft2>=1.48)
+set(VELMORA_TEXT_LIBRARIES Freetype::Freetype PkgConfig::FONTCONFIG PkgConfig::PANGOFT2)
