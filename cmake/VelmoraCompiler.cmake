@@ -19,7 +19,10 @@ set(CMAKE_INSTALL_RPATH "$ORIGIN:$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
 find_program(VELMORA_CCACHE ccache)
 mark_as_advanced(VELMORA_CCACHE)
 if(VELMORA_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
-  set(CMAKE_CXX_COMPILER_LAUNCHER "${VELMORA_CCACHE}")
+  # Without this it keeps nothing of what includes precompiled headers.
+  set(CMAKE_CXX_COMPILER_LAUNCHER
+    "${CMAKE_COMMAND}" -E env CCACHE_SLOPPINESS=pch_defines,time_macros "${VELMORA_CCACHE}")
+  add_compile_options($<$<COMPILE_LANG_AND_ID:CXX,GNU>:-fpch-preprocess>)
 endif()
 
 add_library(velmora_compiler INTERFACE)
