@@ -2,8 +2,8 @@
 
 #include "engine/data/NumberText.h"
 
-#include <array>
 #include <cstddef>
+#include <date/date.h>
 
 namespace velmora::engine {
 
@@ -38,26 +38,6 @@ bool take(std::string_view& text, char wanted)
     }
     text.remove_prefix(1);
     return true;
-}
-
-int daysOfMonth(int year, int month)
-{
-    constexpr std::array<int, 12> days = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-    const bool isLeapYear = year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
-    return days[static_cast<std::size_t>(month - 1)] + (month == 2 && isLeapYear ? 1 : 0);
-}
-
-/// Days since 1970-01-01 in the Gregorian calendar. Years are counted from March, so that the leap
-/// day is the last day of its year.
-long daysSinceEpoch(int year, int month, int day)
-{
-    const long marchYear = month <= 2 ? year - 1L : year;
-    const long monthFromMarch = (month + 9) % 12;
-    const long dayOfYear = (153 * monthFromMarch + 2) / 5 + day - 1;
-    const long century = marchYear >= 0 ? marchYear / 100 : -1;
-    const long leapCentury = marchYear >= 0 ? marchYear / 400 : -1;
-    const long leapYear = marchYear >= 0 ? marchYear / 4 : -1;
-    return marchYear * 365 + leapYear - century + leapCentury + dayOfYear - 719468;
 }
 
 bool takeSeconds(std::string_view& text, double& seconds)
@@ -110,14 +90,15 @@ bool parseDate(std::string_view text, double& days)
         !takeNumber(text, 2, day)) {
         return false;
     }
-    if (month < 1 || month > 12 || day < 1 || day > daysOfMonth(year, month)) {
+    const date::year_month_day date = date::year(year) / month / day;
+    if (!date.ok()) {
         return false;
     }
     double fractionOfDay = 0;
     if (!text.empty() && ((!take(text, 'T') && !take(text, ' ')) || !parseTime(text, fractionOfDay))) {
         return false;
     }
-    days = static_cast<double>(daysSinceEpoch(year, month, day)) + fractionOfDay;
+    days = static_cast<double>(date::sys_days(date).time_since_epoch().count()) + fractionOfDay;
     return true;
 }
 

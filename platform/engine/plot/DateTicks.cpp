@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <cstdlib>
+#include <date/date.h>
 #include <string>
 
 namespace velmora::engine {
@@ -44,6 +46,11 @@ const Step steps[] = {
     {Unit::Months, 6, 182.6},
 };
 
+date::year_month_day dateOf(std::int64_t days)
+{
+    return date::sys_days(date::days(days));
+}
+
 /// Whole years in steps of 1, 2 or 5 times a power of ten.
 Step yearStep(const AxisRange& range, int most)
 {
@@ -68,9 +75,10 @@ std::string padded(std::int64_t number, std::size_t length)
     return (number < 0 ? "-" : "") + std::string(noughts, '0') + digits;
 }
 
-std::string dayLabel(const CalendarDay& date, bool withDay)
+std::string dayLabel(const date::year_month_day& date, bool withDay)
 {
-    return padded(date.year, 4) + '-' + padded(date.month, 2) + (withDay ? '-' + padded(date.day, 2) : "");
+    return padded(int(date.year()), 4) + '-' + padded(unsigned(date.month()), 2) +
+           (withDay ? '-' + padded(unsigned(date.day()), 2) : "");
 }
 
 std::string timeLabel(std::int64_t second, bool withSeconds)
@@ -93,7 +101,7 @@ std::vector<Tick> timeTicks(const AxisRange& range, const Step& step)
     for (; at <= last; at += step.count) {
         const std::int64_t day = floorDivide(at, 86400);
         const std::int64_t second = at - day * 86400;
-        const std::string date = dayLabel(calendarDayOf(day), true);
+        const std::string date = dayLabel(dateOf(day), true);
         const std::string time = timeLabel(second, step.count < 60);
         std::string firstLabel = date;
         if (second != 0)
@@ -105,9 +113,10 @@ std::vector<Tick> timeTicks(const AxisRange& range, const Step& step)
 
 // Days of the month 1, 11, 21 rather than every tenth day of an endless count; a rest of the month
 // too short for a whole step is left without a tick.
-bool isDayTick(const CalendarDay& date, int count)
+bool isDayTick(const date::year_month_day& date, int count)
 {
-    return (date.day - 1) % count == 0 && (count == 1 || date.day - 1 <= 30 - count);
+    const int before = static_cast<int>(unsigned(date.day())) - 1;
+    return before % count == 0 && (count == 1 || before <= 30 - count);
 }
 
 std::vector<Tick> dayTicks(const AxisRange& range, const Step& step)
@@ -115,7 +124,7 @@ std::vector<Tick> dayTicks(const AxisRange& range, const Step& step)
     std::vector<Tick> ticks;
     const auto last = static_cast<std::int64_t>(std::floor(range.to));
     for (auto day = static_cast<std::int64_t>(std::ceil(range.from)); day <= last; ++day) {
-        const CalendarDay date = calendarDayOf(day);
+        const date::year_month_day date = dateOf(day);
         if (isDayTick(date, step.count))
             ticks.push_back({static_cast<double>(day), dayLabel(date, true)});
     }
@@ -125,42 +134,20 @@ std::vector<Tick> dayTicks(const AxisRange& range, const Step& step)
 std::vector<Tick> monthTicks(const AxisRange& range, const Step& step)
 {
     std::vector<Tick> ticks;
-    const CalendarDay start = calendarDayOf(static_cast<std::int64_t>(std::floor(range.from)));
-    const std::int64_t startMonth = start.year * 12 + start.month - 1;
+    const date::year_month_day start = dateOf(static_cast<std::int64_t>(std::floor(range.from)));
+    const std::int64_t startMonth = int(start.year()) * 12 + static_cast<int>(unsigned(start.month())) - 1;
     for (std::int64_t month = floorDivide(startMonth, step.count) * step.count;; month += step.count) {
-        const CalendarDay date{floorDivide(month, 12), static_cast<int>(month - floorDivide(month, 12) * 12) + 1, 1};
-        const auto value = static_cast<double>(daysOf(date));
+        const int year = static_cast<int>(floorDivide(month, 12));
+        const date::year_month_day date = date::year(year) / static_cast<int>(month - year * 12 + 1) / 1;
+        const auto value = static_cast<double>(date::sys_days(date).time_since_epoch().count());
         if (value > range.to)
             return ticks;
         if (value >= range.from)
-            ticks.push_back({value, step.count >= 12 ? std::to_string(date.year) : dayLabel(date, false)});
+            ticks.push_back({value, step.count >= 12 ? std::to_string(year) : dayLabel(date, false)});
     }
 }
 
 } // namespace
-
-// The year begins in March here, so that the leap day is the last one of a year.
-std::int64_t daysOf(const CalendarDay& date)
-{
-    const std::int64_t year = date.year - (date.month <= 2 ? 1 : 0);
-    const std::int64_t era = floorDivide(year, 400);
-    const std::int64_t yearOfEra = year - era * 400;
-    const std::int64_t dayOfYear = (153 * (date.month + (date.month > 2 ? -3 : 9)) + 2) / 5 + date.day - 1;
-    return era * 146097 + yearOfEra * 365 + yearOfEra / 4 - yearOfEra / 100 + dayOfYear - 719468;
-}
-
-CalendarDay calendarDayOf(std::int64_t days)
-{
-    const std::int64_t shifted = days + 719468;
-    const std::int64_t era = floorDivide(shifted, 146097);
-    const std::int64_t dayOfEra = shifted - era * 146097;
-    const std::int64_t yearOfEra = (dayOfEra - dayOfEra / 1460 + dayOfEra / 36524 - dayOfEra / 146096) / 365;
-    const std::int64_t dayOfYear = dayOfEra - (365 * yearOfEra + yearOfEra / 4 - yearOfEra / 100);
-    const std::int64_t shiftedMonth = (5 * dayOfYear + 2) / 153;
-    const int month = static_cast<int>(shiftedMonth < 10 ? shiftedMonth + 3 : shiftedMonth - 9);
-    const int day = static_cast<int>(dayOfYear - (153 * shiftedMonth + 2) / 5) + 1;
-    return {yearOfEra + era * 400 + (month <= 2 ? 1 : 0), month, day};
-}
 
 std::vector<Tick> dateTicks(const AxisRange& range, int most)
 {
