@@ -4,12 +4,13 @@ set(VELMORA_DATA_SOURCES
   ColumnBuilder.cpp
   DataReader.cpp
   DateText.cpp
-  DelimiterGuess.cpp
   FileByteStream.cpp
   GridHeader.cpp
   GridReader.cpp
   NumberText.cpp
   RecordReader.cpp
+  TableLayout.cpp
   TableReader.cpp
-  TextSource.cpp)
+  TextSource.cpp
+  UnitText.cpp)
 list(TRANSFORM VELMORA_DATA_SOURCES PREPEND "${CMAKE_CURRENT_LIST_DIR}/")

@@ -75,8 +75,8 @@ void TextSource::refuseBinary(std::size_t from) const
     const char* const stop = begin + m_filled;
     const char* const found = std::find(begin + from, stop, '\0');
     if (found != stop) {
-        fail(m_line + (m_lineEnded ? 1 : 0) + std::count(begin + m_cursor, found, '\n'),
-             "there are binary data (zero bytes)", "Choose a text file, and save text as UTF-8, not as UTF-16");
+        fail(lineOfNext() + std::count(begin + m_cursor, found, '\n'), "there are binary data (zero bytes)",
+             "Choose a text file, and save text as UTF-8, not as UTF-16");
     }
 }
 
@@ -127,6 +127,15 @@ void TextSource::takeLineAhead(std::string_view line)
     m_line += m_lineEnded ? 1 : 0;
     m_lineEnded = true;
     m_cursor += line.size() + (m_block[m_cursor + line.size()] == '\r' ? 2 : 1);
+}
+
+void TextSource::skipLines(long count)
+{
+    while (count > 0) {
+        const int c = get();
+        count -= c == '\n' ? 1 : 0;
+        count = c == end ? 0 : count;
+    }
 }
 
 void TextSource::skipBlanks()

@@ -46,11 +46,15 @@ public:
     /// Passes over that line and its end.
     void takeLineAhead(std::string_view line);
 
+    /// Passes over so many lines.
+    void skipLines(long count);
+
     /// Asks whether to go on, for work on what was read. Throws ReadInterrupted.
     void goOn();
 
     /// Of the character or word that came last, counted from 1.
     long line() const { return m_line; }
+    long lineOfNext() const { return m_line + (m_lineEnded ? 1 : 0); }
     /// Bytes from here to the end, and how many there are in all.
     std::uint64_t remaining() const;
     std::uint64_t size() const;
