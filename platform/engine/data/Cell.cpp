@@ -167,6 +167,12 @@ Cell parseCell(std::string_view text, char decimalMark)
     return cell;
 }
 
+bool isGapMark(std::string_view text)
+{
+    double value = 0;
+    return isMissing(text) || parseNumber(text, value) == NumberText::NotFinite;
+}
+
 bool couldHaveEitherMark(std::string_view text)
 {
     return couldBeThousands(text, ',') || couldBeThousands(text, '.');

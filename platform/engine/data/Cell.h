@@ -27,7 +27,7 @@ struct Cell {
 
 /// Reads one field of a table whose numbers have the decimal mark '.' or ','. The other one may separate thousands:
 /// 1,234.5 or 1.234,5. What marks a gap is missing: nothing at all, NA, N/A, #N/A, null, none, nan and inf in any
-/// case, and what has nothing but '-', '.', '*' or '?'.
+/// case, and one or more of '-', '.', '*' or '?'.
 Cell parseCell(std::string_view text, char decimalMark);
 
 inline bool isDate(CellKind kind)
@@ -39,6 +39,9 @@ inline bool isValue(CellKind kind)
 {
     return kind == CellKind::Number || isDate(kind);
 }
+
+/// Whether the text says that there is no value; nan and inf, in any case, too.
+bool isGapMark(std::string_view text);
 
 /// Whether the only mark in a number is a decimal mark or separates thousands nobody can tell: 1,234.
 bool couldHaveEitherMark(std::string_view text);

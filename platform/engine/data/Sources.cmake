@@ -1,5 +1,6 @@
 # The readers' sources, for the engine and for tests and fuzzers, which compile them for themselves.
 set(VELMORA_DATA_SOURCES
+  BinaryFormat.cpp
   Cell.cpp
   ColumnBuilder.cpp
   DataReader.cpp
@@ -11,6 +12,7 @@ set(VELMORA_DATA_SOURCES
   RecordReader.cpp
   TableLayout.cpp
   TableReader.cpp
+  TextDecoder.cpp
   TextSource.cpp
   UnitText.cpp)
 list(TRANSFORM VELMORA_DATA_SOURCES PREPEND "${CMAKE_CURRENT_LIST_DIR}/")

@@ -308,11 +308,9 @@ INSTANTIATE_TEST_SUITE_P(
         Malformed{"OnlyGaps", "a,b\n,NA\n-,null\n", {"holds nothing but gaps", "Choose a file with values"}},
         Malformed{
             "ZeroBytes", std::string("a,b\n1,2\n3,4\0\n", 13), {"line 3: there are binary data", "Choose a text file"}},
-        Malformed{"WideCharacters",
-                  std::string("\xFF\xFE"
-                              "a\0,\0b\0\n\0",
-                              10),
-                  {"line 1: there are binary data", "UTF-8, not as UTF-16"}},
+        Malformed{"WideCharactersWithoutAMark",
+                  std::string("a\0,\0b\0\n\0", 8),
+                  {"line 1: there are binary data", "save text as UTF-8"}},
         Malformed{"TooManyColumns", std::string(20000, ','), {"line 1: there are more than 10000 columns"}},
         Malformed{"AnEndlessValue",
                   "a,b\n\"" + std::string(2000000, 'x'),
