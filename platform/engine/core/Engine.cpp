@@ -37,7 +37,7 @@ int VelEngStart(const char*, const char*)
     }
     running = true;
     clearLastError();
-    setLoadNotes({});
+    setLoadNotes("");
     turnHasCome();
     style::tree().reset();
     pages().begin();

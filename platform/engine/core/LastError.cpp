@@ -5,6 +5,7 @@
 #include "testing/EngineProbe.h"
 
 #include <exception>
+#include <utility>
 
 namespace velmora::engine {
 namespace {
@@ -48,12 +49,9 @@ void clearLastError()
     lastError().clear();
 }
 
-void setLoadNotes(const std::vector<std::string>& notes)
+void setLoadNotes(std::string notes)
 {
-    std::string text;
-    for (const std::string& note : notes)
-        text += (text.empty() ? "" : "\n") + note;
-    loadNotes() = text;
+    loadNotes() = std::move(notes);
 }
 
 } // namespace velmora::engine

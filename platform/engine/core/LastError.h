@@ -1,7 +1,6 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
 namespace velmora::engine {
 
@@ -10,7 +9,7 @@ void setLastError(const std::string& message) noexcept;
 /// Keeps the text of the exception that is being handled. Call it from a catch clause only.
 void setLastErrorFromException(const std::string& whatFailed) noexcept;
 void clearLastError();
-/// What the last successful load has to tell.
-void setLoadNotes(const std::vector<std::string>& notes);
+/// What the last successful load has to tell, one note a line.
+void setLoadNotes(std::string notes);
 
 } // namespace velmora::engine

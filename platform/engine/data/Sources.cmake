@@ -3,6 +3,7 @@ set(VELMORA_DATA_SOURCES
   BinaryFormat.cpp
   Cell.cpp
   ColumnBuilder.cpp
+  DataDetails.cpp
   DataReader.cpp
   DateText.cpp
   FileByteStream.cpp

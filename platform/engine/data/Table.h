@@ -10,9 +10,9 @@ namespace velmora::engine {
 /// A column of a table. A missing value is NaN and shows as a gap.
 struct Column {
     std::string name;
-    std::string unit;           ///< as a row under the header gives it, or ""
     bool isDate = false;        ///< values are days since 1970-01-01 (fractions for the time of day)
     std::vector<double> values; ///< one a row
+    std::string unit = {};      ///< as a row under the header gives it, or ""
 };
 
 /// What a column of a file holds, be it shown or left out.

@@ -54,6 +54,8 @@ INSTANTIATE_TEST_SUITE_P(
                     NumberCase{"Fives", {0, 23}, 5, {"0", "5", "10", "15", "20"}},
                     NumberCase{"Huge", {0, 3e9}, 3, {"0", "10⁹", "2×10⁹", "3×10⁹"}},
                     NumberCase{"HugeNegative", {-2e300, 0}, 2, {"-2×10³⁰⁰", "-10³⁰⁰", "0"}},
+                    NumberCase{"TheLargest", {-1.1e308, 1.1e308}, 5, {"-10³⁰⁸", "-5×10³⁰⁷", "0", "5×10³⁰⁷", "10³⁰⁸"}},
+                    NumberCase{"TheLargestInOnePart", {-1.1e308, 1.1e308}, 1, {"0"}},
                     NumberCase{"Tiny", {0, 4e-9}, 4, {"0", "10⁻⁹", "2×10⁻⁹", "3×10⁻⁹", "4×10⁻⁹"}},
                     NumberCase{"LargeAndNarrow", {5000000, 5000002}, 2, {"5000000", "5000001", "5000002"}},
                     NumberCase{"OneTick", {0.9, 1.1}, 1, {"1.0"}}, NumberCase{"ZeroRange", {3, 3}, 5, {}},
@@ -93,7 +95,19 @@ TEST(RangeAround, OneValueOrNoneHasARangeToo)
     EXPECT_GT(rangeAround(-1e300, -1e300, 0.05).span(), 0);
     EXPECT_EQ(
         rangeAround(std::numeric_limits<double>::infinity(), -std::numeric_limits<double>::infinity(), 0.1).span(), 1);
-    EXPECT_TRUE(std::isfinite(rangeAround(-1.7e308, 1.7e308, 0.05).span()));
+}
+
+TEST(RangeAround, TheLargestNumbersHaveOneThatHoldsThem)
+{
+    constexpr double most = std::numeric_limits<double>::max();
+    for (const double size : {1e300, 1e308, most}) {
+        for (const AxisRange& range : {rangeAround(-size, size, 0.05), rangeAround(size, size, 0.05)}) {
+            EXPECT_TRUE(std::isfinite(range.from) && std::isfinite(range.to));
+            EXPECT_GE(range.fractionOf(size), 0.5);
+            EXPECT_LE(range.fractionOf(size), 1);
+        }
+        EXPECT_DOUBLE_EQ(rangeAround(-size, size, 0.05).fractionOf(0), 0.5);
+    }
 }
 
 TEST(FormatNumber, DropsTheSignOfZero)
@@ -142,6 +156,20 @@ TEST(DateTicks, BeforeTheEpochTimesGoForwardsToo)
     EXPECT_EQ(labelsOf(dateTicks({day, day + 1}, 2)), (std::vector<std::string>{"1969-12-30", "12:00", "1969-12-31"}));
 }
 
+TEST(DateTicks, FractionsOfASecondDownToAMicrosecond)
+{
+    const double start = daysOf(2024_y / 1 / 5) + 36000.0 / 86400;
+    constexpr double second = 1.0 / 86400;
+    EXPECT_EQ(labelsOf(dateTicks({start, start + 1.1 * second}, 3)),
+              (std::vector<std::string>{"2024-01-05 10:00:00.0", "10:00:00.5", "10:00:01.0"}));
+    EXPECT_EQ(labelsOf(dateTicks({start + 0.1221 * second, start + 0.1245 * second}, 3)),
+              (std::vector<std::string>{"2024-01-05 10:00:00.123", "10:00:00.124"}));
+    EXPECT_EQ(labelsOf(dateTicks({start - second, start + second}, 2)),
+              (std::vector<std::string>{"2024-01-05 09:59:59", "10:00:00", "10:00:01"}));
+    EXPECT_EQ(labelsOf(dateTicks({start - 0.4e-5 * second, start + 1.4e-5 * second}, 2)),
+              (std::vector<std::string>{"2024-01-05 10:00:00.00000", "10:00:00.00001"}));
+}
+
 TEST(DateTicks, WhatIsNoDateIsANumber)
 {
     EXPECT_EQ(labelsOf(dateTicks({0, 1e12}, 2)), (std::vector<std::string>{"0", "5×10¹¹", "10¹²"}));
@@ -150,7 +178,7 @@ TEST(DateTicks, WhatIsNoDateIsANumber)
 
 TEST(DateTicks, AreNeverManyMoreThanAsked)
 {
-    for (double span = 1e-4; span < 3e6; span *= 1.37)
+    for (double span = 1e-10; span < 3e6; span *= 1.37)
         for (int most = 1; most < 13; ++most)
             EXPECT_LE(dateTicks({-span / 3, span / 2}, most).size(), static_cast<std::size_t>(most) + 2)
                 << span << " " << most;
