@@ -82,7 +82,7 @@ NumberText parseWithMark(std::string_view text, char mark, double& value)
         return NumberText::Word;
     }
     text.copy(pointed.data(), text.size());
-    std::replace(pointed.begin(), pointed.end(), mark, '.');
+    std::replace(pointed.begin(), pointed.begin() + text.size(), mark, '.');
     return parseNumber({pointed.data(), text.size()}, value);
 }
 
@@ -143,15 +143,36 @@ bool parsePlainNumber(std::string_view text, Cell& cell)
     return true;
 }
 
-} // namespace
+/// With a letter that begins no number, no date and no mark of a gap. Such fields need no further look.
+bool beginsLikeAWord(std::string_view text)
+{
+    const char first = text.empty() ? '\0' : toLowerAscii(text.front());
+    return (first >= 'a' && first <= 'z' && first != 'n' && first != 'i') || (first & 0x80) != 0;
+}
 
-Cell parseCell(std::string_view text, char decimalMark)
+/// By its separators, which no number has at these places, except for points.
+bool looksLikeADate(std::string_view text)
+{
+    constexpr std::size_t shortest = 7;
+    return text.size() >= shortest && isDigit(text.front()) &&
+           (text[4] == '-' || text[4] == '/' || text[2] == '/' || text[2] == '.');
+}
+
+/// Not inlined: what it needs on the stack would slow the plain numbers down.
+[[gnu::noinline]] Cell parseOtherCell(std::string_view text, char decimalMark)
 {
     Cell cell;
-    if (parsePlainNumber(text, cell) && (decimalMark == '.' || cell.decimalMark == 0)) {
-        return cell;
-    }
     text = trimmed(text);
+    if (beginsLikeAWord(text)) {
+        return {CellKind::Word};
+    }
+    if (looksLikeADate(text)) {
+        cell.kind = kindOf(parseDate(text, cell.value));
+        cell.decimalMark = 0;
+        if (cell.kind != CellKind::Word) {
+            return cell;
+        }
+    }
     const NumberText number = isMissing(text) ? NumberText::NotFinite : parseMarked(text, decimalMark, cell);
     if (number == NumberText::NotFinite) {
         return {};
@@ -163,6 +184,17 @@ Cell parseCell(std::string_view text, char decimalMark)
     cell.kind = kindOf(parseDate(text, cell.value));
     if (cell.kind != CellKind::Word || parseMarked(text, decimalMark == '.' ? ',' : '.', cell) != NumberText::Number) {
         cell.decimalMark = 0;
+    }
+    return cell;
+}
+
+} // namespace
+
+Cell parseCell(std::string_view text, char decimalMark)
+{
+    Cell cell;
+    if (!parsePlainNumber(text, cell) || (decimalMark != '.' && cell.decimalMark != 0)) {
+        cell = parseOtherCell(text, decimalMark);
     }
     return cell;
 }

@@ -27,10 +27,9 @@ bool saysDate(std::string_view name)
 
 void ColumnBuilder::add(const Cell& cell, std::string_view text, long line)
 {
-    const double value = isValue(cell.kind) ? cell.value : gap;
-    if (cell.kind != m_lastKind && isValue(cell.kind)) {
-        m_runs.push_back({m_values.size(), cell.kind});
-        m_lastKind = cell.kind;
+    double value = cell.value;
+    if (cell.kind != m_lastKind || !isValue(m_lastKind)) { // not as nearly always
+        value = startRun(cell);
     }
     m_values.push_back(value);
     m_smallest = value < m_smallest ? value : m_smallest;
@@ -40,6 +39,17 @@ void ColumnBuilder::add(const Cell& cell, std::string_view text, long line)
         tally.line = line;
         tally.text = text.substr(0, keptText);
     }
+}
+
+/// Notes a change of kind; the value, or that of a gap.
+double ColumnBuilder::startRun(const Cell& cell)
+{
+    if (!isValue(cell.kind)) {
+        return gap;
+    }
+    m_runs.push_back({m_values.size(), cell.kind});
+    m_lastKind = cell.kind;
+    return cell.value;
 }
 
 std::size_t ColumnBuilder::dates() const

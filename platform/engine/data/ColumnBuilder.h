@@ -47,6 +47,7 @@ private:
 
     static constexpr std::size_t index(CellKind kind) { return static_cast<std::size_t>(kind); }
     const Tally& tally(CellKind kind) const { return m_tallies[index(kind)]; }
+    double startRun(const Cell& cell);
     std::size_t dates() const;
     /// Those that do not fit the order of day and month of the others.
     const Tally& oddDates() const { return tally(m_monthFirst ? CellKind::DayFirstDate : CellKind::MonthFirstDate); }
