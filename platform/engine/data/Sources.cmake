@@ -13,6 +13,7 @@ set(VELMORA_DATA_SOURCES
   RecordReader.cpp
   TableLayout.cpp
   TableReader.cpp
+  TableSample.cpp
   TextDecoder.cpp
   TextSource.cpp
   UnitText.cpp)
