@@ -55,6 +55,25 @@ TEST(Encoding, Utf16IsReadInEitherOrderOfBytes)
     }
 }
 
+TEST(Encoding, PairsOfUtf16StayWholeWhereverTheyStand)
+{
+    for (const char16_t* const before : {u"\uFEFF", u"\uFEFFx"}) {
+        std::u16string name(before);
+        std::string expected(name.size() - 1, 'x');
+        for (int i = 0; i < 5000; ++i) {
+            name += u"😀";
+            expected += "😀";
+        }
+        EXPECT_EQ(readTable(utf16Of(name + u",v\n1,2\n", 1)).columns[0].name, expected);
+    }
+}
+
+TEST(Encoding, ATextThatEndsWithinACharacterIsLatin1)
+{
+    EXPECT_THAT(readTable("a,b\n1,2\n3,4\n5,\xC3").notes,
+                testing::Contains(HasSubstr("'\xC3\x83' in line 4 is no number")));
+}
+
 TEST(Encoding, HalfAPairAndHalfAUnitOfUtf16DoNoHarm)
 {
     const std::string text = utf16Of(u"\uFEFFa,b", 1) + std::string("\x3D\xD8", 2) + utf16Of(u"\n1,2\n", 1) + "3";
