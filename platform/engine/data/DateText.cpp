@@ -92,7 +92,7 @@ bool parseTime(std::string_view text, double& fractionOfDay)
     int minute = 0;
     int offset = 0;
     double seconds = 0;
-    if (!takeNumber(text, 2, 2, hour) || hour > 23 || !take(text, ":") || !takeNumber(text, 2, 2, minute) ||
+    if (!takeNumber(text, 1, 2, hour) || hour > 23 || !take(text, ":") || !takeNumber(text, 2, 2, minute) ||
         minute > 59) {
         return false;
     }

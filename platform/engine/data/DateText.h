@@ -15,8 +15,8 @@ enum class DateOrder {
 };
 
 /// Reads YYYY-MM-DD, YYYY/MM/DD, YYYY-MM, DD.MM.YYYY, and DD/MM/YYYY or MM/DD/YYYY (or with '-'), and a time of day
-/// that may follow after a 'T' or a blank: HH:MM[:SS[.f]], then perhaps Z, UTC or an offset such as +02:00. Sets
-/// `days` to the days since 1970-01-01 in UTC, of a date that may be both with the day first.
+/// that may follow after a 'T' or a blank: H:MM or HH:MM[:SS[.f]], then perhaps Z, UTC or an offset such as +02:00.
+/// Sets `days` to the days since 1970-01-01 in UTC, of a date that may be both with the day first.
 DateOrder parseDate(std::string_view text, double& days);
 
 /// The other day for a date of which both orders are possible.
