@@ -33,14 +33,16 @@ QByteArray couldNotBeWritten(const QString& fileName)
     return fileName.toUtf8() + " could not be written; check that its folder exists, is writable and has room for it.";
 }
 
-namespace {
-
 bool loadFirst(const Options& options)
 {
-    return VelUtilDataLoad(options.files.first().toUtf8().constData()) != 0 && !endWasAsked();
+    if (!VelUtilDataLoad(options.files.first().toUtf8().constData()) || endWasAsked())
+        return false;
+    const QList<QByteArray> notes = QByteArray(VelUtilDataNotes()).split('\n');
+    for (const QByteArray& note : notes)
+        if (!note.isEmpty())
+            std::fprintf(stderr, "viewer: %s\n", note.constData());
+    return true;
 }
-
-} // namespace
 
 int exportFile(const Options& options)
 {

@@ -16,6 +16,10 @@ int exportFile(const Options& options);
 /// Prints the file of the options into a PDF file.
 int printFile(EngineSession& session, const Options& options);
 
+/// Loads the first file of the options and tells on standard error what there is to know about the reading; false when
+/// it failed or was stopped.
+bool loadFirst(const Options& options);
+
 /// Tells on standard error what went wrong and returns the exit code for it.
 int fail(const char* message);
 /// The same with the engine's last message, or that the work was stopped.

@@ -104,7 +104,7 @@ int takeSnapshot(const Options& options)
     area.setPageManager(Manager::getInstance().getPageManager());
     if (!waitUntilExposed(area) && !endWasAsked())
         return fail("The window did not appear; is the display usable?");
-    if (!VelUtilDataLoad(options.files.first().toUtf8().constData()) || !VelUtilWorkFinish())
+    if (!loadFirst(options) || !VelUtilWorkFinish())
         return failWithLastMessage();
     const QImage shown = grabShown(area);
     if (!fits(size, shown.size())) // a window manager may know better

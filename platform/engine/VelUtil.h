@@ -48,6 +48,16 @@ VELMORA_PLATFORM_EXPORT const char* VelUtilLastLoadNotes();
 VELMORA_PLATFORM_EXPORT int VelUtilDataLoad(const char* fileName);
 /// One line on what the active page shows ("144 x 144 grid, 1 gap"), or "".
 VELMORA_PLATFORM_EXPORT const char* VelUtilDataDescription();
+/// What a person should know about how the data of the active page were read, one note a line ("The column "b": 'wet'
+/// in line 3 is no number and shows as a gap."), or "". Valid until it is called again.
+VELMORA_PLATFORM_EXPORT const char* VelUtilDataNotes();
+/// What the data of the active page are, for a person, in lines whose fields are separated by tabs, or "". Of a table
+/// the first line has the titles "Column", "Unit", "Kind", "Values", "Gaps", "Smallest", "Largest" and "Left out
+/// because", and each further line tells of one column of the file; the kind is numbers, dates, text or empty, and the
+/// last field is empty for a column that shows. Of a grid each line has a name and its value: "Rows", "Columns",
+/// "Extent in x", "Extent in y" and "Spacing" (in map units), "Smallest", "Largest", "Gaps". Valid until it is called
+/// again.
+VELMORA_PLATFORM_EXPORT const char* VelUtilDataDetails();
 /// The fraction of the current work that is done, 0 to 1; 1 when the engine is not busy.
 VELMORA_PLATFORM_EXPORT double VelUtilWorkProgress();
 /// 1 when the active page shows its full picture, 0 while it shows a coarse one, because that is being

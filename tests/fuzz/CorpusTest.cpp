@@ -1,5 +1,7 @@
 // What a fuzzer found worth keeping, and what it once failed on, without the fuzzer.
 
+#include "tests/support/DataExamples.h"
+
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
@@ -36,5 +38,13 @@ TEST(Corpus, EveryKeptInputDoesWhatItShould)
     for (const files::path& input : inputs) {
         const std::vector<std::uint8_t> bytes = bytesOf(input);
         EXPECT_NO_THROW(LLVMFuzzerTestOneInput(bytes.data(), bytes.size())) << input;
+    }
+}
+
+TEST(Corpus, TheExamplesOfTheDocumentsDoToo)
+{
+    for (const velmora::test::DataExample& example : velmora::test::dataExamples(VELMORA_DATA_EXAMPLES)) {
+        const std::vector<std::uint8_t> bytes(example.text.begin(), example.text.end());
+        EXPECT_NO_THROW(LLVMFuzzerTestOneInput(bytes.data(), bytes.size())) << example.what;
     }
 }

@@ -47,6 +47,18 @@ TEST_F(Output, SupersamplingSmoothsThePictureAndKeepsItsSize)
     EXPECT_LT(differingFraction(QImage(rough), QImage(smooth), 8), 0.2);
 }
 
+TEST_F(Output, WhatThereIsToKnowAboutTheReadingIsToldOnStandardError)
+{
+    const QString data = folder.write("odd.csv", "t,v,w\n0,1,sun\n1,wet,fog\n2,3,sun\n");
+    for (const char* const option : {"--export", "--print", "--snapshot"}) {
+        const Ended ended = run(QStringList() << option << folder.file("out") << data);
+        EXPECT_EQ(ended.exitCode, 0) << ended.error.toStdString();
+        EXPECT_TRUE(ended.error.contains("viewer: The column \"v\": 'wet' in line 3 is no number")) << option;
+        EXPECT_TRUE(ended.error.contains("viewer: The column \"w\" holds text and is left out.")) << option;
+    }
+    EXPECT_EQ(exportTo(folder.file("out.png"), "--size 200x200", folder.writeTable()).error, QString());
+}
+
 TEST_F(Output, WhatCannotBeWrittenIsNamed)
 {
     for (const char* const name : {"no/such/folder/out.png", "no/such/folder/out.pdf"}) {

@@ -7,6 +7,7 @@
 #include "engine/core/LastError.h"
 #include "engine/core/SlicedWork.h"
 #include "engine/core/Trace.h"
+#include "engine/data/DataDetails.h"
 #include "engine/data/DataReader.h"
 #include "engine/page/Pages.h"
 #include "engine/plot/Plot.h"
@@ -29,9 +30,10 @@ public:
     LoadScope& operator=(const LoadScope&) = delete;
 };
 
-std::vector<std::string> notesOf(const DataSet& data)
+DataSet dataOfActivePage()
 {
-    return std::visit([](const auto& set) { return set->notes; }, data);
+    const std::shared_ptr<Page> page = pages().active();
+    return page ? page->currentData() : DataSet();
 }
 
 // Everything that can fail comes before the page is touched.
@@ -42,7 +44,7 @@ void load(const std::shared_ptr<Page>& page, const std::string& fileName)
     if (!isRunning())
         throw ReadError("The engine was stopped while " + fileName + " was read.");
     std::vector<Frame> frames;
-    frames.push_back({currentPaper().printable, makePlot(data, reading)});
+    frames.push_back({currentPaper().printable, makePlot(data, reading), data});
     setLoadNotes(notesOf(data));
     page->replaceFrames(std::move(frames));
 }
@@ -94,4 +96,18 @@ const char* VelUtilDataDescription()
     const std::shared_ptr<Plot> plot = page ? page->currentPlot() : nullptr;
     description = plot ? plot->description() : "";
     return description.c_str();
+}
+
+const char* VelUtilDataNotes()
+{
+    static std::string notes;
+    notes = notesOf(dataOfActivePage());
+    return notes.c_str();
+}
+
+const char* VelUtilDataDetails()
+{
+    static std::string details;
+    details = detailsOf(dataOfActivePage());
+    return details.c_str();
 }

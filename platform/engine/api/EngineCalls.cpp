@@ -32,7 +32,7 @@ int VelEngStart(const char*, const char*)
     }
     setRunning(true);
     clearLastError();
-    setLoadNotes({});
+    setLoadNotes("");
     turnHasCome();
     style::tree().reset();
     pages().begin();

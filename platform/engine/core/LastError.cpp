@@ -1,6 +1,7 @@
 #include "engine/core/LastError.h"
 
 #include <exception>
+#include <utility>
 
 namespace velmora::engine {
 namespace {
@@ -40,12 +41,9 @@ void clearLastError()
     g_lastError.clear();
 }
 
-void setLoadNotes(const std::vector<std::string>& notes)
+void setLoadNotes(std::string notes)
 {
-    std::string text;
-    for (const std::string& note : notes)
-        text += (text.empty() ? "" : "\n") + note;
-    g_loadNotes = text;
+    g_loadNotes = std::move(notes);
 }
 
 const std::string& loadNotes()

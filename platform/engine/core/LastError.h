@@ -1,7 +1,6 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
 namespace velmora::engine {
 
@@ -11,9 +10,8 @@ void setLastError(const std::string& message) noexcept;
 void setLastErrorFromException(const std::string& whatFailed) noexcept;
 const std::string& lastError();
 void clearLastError();
-/// What the last successful load has to tell.
-void setLoadNotes(const std::vector<std::string>& notes);
-/// One a line.
+/// What the last successful load has to tell, one note a line.
+void setLoadNotes(std::string notes);
 const std::string& loadNotes();
 
 } // namespace velmora::engine

@@ -7,19 +7,14 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <string>
 #include <system_error>
 
 namespace velmora::engine {
 
 namespace {
 
-bool isMissing(std::string_view text)
-{
-    constexpr std::array<std::string_view, 5> spellings = {"", "-", "na", "n/a", "null"};
-    return text.size() <= 4 && std::any_of(spellings.begin(), spellings.end(), [text](std::string_view spelling) {
-               return equalsIgnoringCase(text, spelling);
-           });
-}
+constexpr std::size_t digitsOfThousands = 3;
 
 /// What was in quotes may have blanks around it.
 std::string_view trimmed(std::string_view text)
@@ -30,22 +25,112 @@ std::string_view trimmed(std::string_view text)
     return text.substr(0, text.find_last_not_of(blanks) + 1);
 }
 
-bool parseWithDecimalComma(std::string_view text, double& value)
+bool isDigit(char c)
 {
-    std::array<char, 64> pointed = {};
-    const std::size_t comma = text.find(',');
-    if (comma == std::string_view::npos || text.size() > pointed.size() || text.find('.') != std::string_view::npos) {
+    return c >= '0' && c <= '9';
+}
+
+std::size_t leadingDigits(std::string_view text)
+{
+    return static_cast<std::size_t>(std::find_if_not(text.begin(), text.end(), isDigit) - text.begin());
+}
+
+std::string_view withoutSign(std::string_view text)
+{
+    return text.substr(!text.empty() && (text.front() == '-' || text.front() == '+') ? 1 : 0);
+}
+
+bool couldBeThousands(std::string_view text, char mark)
+{
+    text = withoutSign(text);
+    const std::size_t whole = leadingDigits(text);
+    return whole >= 1 && whole <= digitsOfThousands && text.front() != '0' && whole < text.size() &&
+           text[whole] == mark && text.size() == whole + 1 + digitsOfThousands &&
+           leadingDigits(text.substr(whole + 1)) == digitsOfThousands;
+}
+
+/// Takes the separators of thousands out; false when they do not stand where they should.
+bool takeThousandsOut(std::string_view text, char separator, std::string& plain)
+{
+    const std::string_view unsignedText = withoutSign(text);
+    plain = text.substr(0, text.size() - unsignedText.size());
+    text = unsignedText;
+    std::size_t digits = leadingDigits(text);
+    if (digits < 1 || digits > digitsOfThousands || text.front() == '0') {
         return false;
     }
+    plain += text.substr(0, digits);
+    for (text.remove_prefix(digits); !text.empty() && text.front() == separator; text.remove_prefix(digits + 1)) {
+        digits = leadingDigits(text.substr(1));
+        if (digits != digitsOfThousands) {
+            return false;
+        }
+        plain += text.substr(1, digits);
+    }
+    plain += text;
+    return true;
+}
+
+/// A number without separators of thousands.
+NumberText parseWithMark(std::string_view text, char mark, double& value)
+{
+    std::array<char, 64> pointed = {};
+    if (mark == '.') {
+        return parseNumber(text, value);
+    }
+    if (text.size() > pointed.size() || text.find('.') != std::string_view::npos) {
+        return NumberText::Word;
+    }
     text.copy(pointed.data(), text.size());
-    pointed[comma] = '.';
-    return parseNumber({pointed.data(), text.size()}, value) == NumberText::Number;
+    std::replace(pointed.begin(), pointed.begin() + text.size(), mark, '.');
+    return parseNumber({pointed.data(), text.size()}, value);
+}
+
+/// With the separators of thousands that go with the mark.
+NumberText parseMarked(std::string_view text, char mark, Cell& cell)
+{
+    const char other = mark == '.' ? ',' : '.';
+    cell.decimalMark = text.find(mark) != std::string_view::npos ? mark : '\0';
+    if (text.find(other) == std::string_view::npos) {
+        return parseWithMark(text, mark, cell.value);
+    }
+    std::string plain;
+    cell.decimalMark = mark;
+    return takeThousandsOut(text, other, plain) ? parseWithMark(plain, mark, cell.value) : NumberText::Word;
+}
+
+bool isMissing(std::string_view text)
+{
+    constexpr std::array<std::string_view, 5> spellings = {"na", "n/a", "#n/a", "null", "none"};
+    if (text.empty() || (std::string_view("-.*?").find(text.front()) != std::string_view::npos &&
+                         text.find_first_not_of(text.front()) == std::string_view::npos)) {
+        return true;
+    }
+    return text.size() <= 4 && std::any_of(spellings.begin(), spellings.end(), [text](std::string_view spelling) {
+               return equalsIgnoringCase(text, spelling);
+           });
+}
+
+CellKind kindOf(DateOrder order)
+{
+    switch (order) {
+    case DateOrder::Certain:
+        return CellKind::Date;
+    case DateOrder::Either:
+        return CellKind::EitherDate;
+    case DateOrder::DayFirst:
+        return CellKind::DayFirstDate;
+    case DateOrder::MonthFirst:
+        return CellKind::MonthFirstDate;
+    case DateOrder::NoDate:
+        break;
+    }
+    return CellKind::Word;
 }
 
 /// Nearly all cells, and cheaply: digits, perhaps a sign and a point, and nothing else.
 bool parsePlainNumber(std::string_view text, Cell& cell)
 {
-    const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
     if (text.empty() || !isDigit(text.back()) || (!isDigit(text.front()) && text.front() != '-')) {
         return false;
     }
@@ -58,28 +143,71 @@ bool parsePlainNumber(std::string_view text, Cell& cell)
     return true;
 }
 
-} // namespace
+/// With a letter that begins no number, no date and no mark of a gap. Such fields need no further look.
+bool beginsLikeAWord(std::string_view text)
+{
+    const char first = text.empty() ? '\0' : toLowerAscii(text.front());
+    return (first >= 'a' && first <= 'z' && first != 'n' && first != 'i') || (first & 0x80) != 0;
+}
 
-Cell parseCell(std::string_view text, bool allowDecimalComma)
+/// By its separators, which no number has at these places, except for points.
+bool looksLikeADate(std::string_view text)
+{
+    constexpr std::size_t shortest = 7;
+    return text.size() >= shortest && isDigit(text.front()) &&
+           (text[4] == '-' || text[4] == '/' || text[2] == '/' || text[2] == '.');
+}
+
+/// Not inlined: what it needs on the stack would slow the plain numbers down.
+[[gnu::noinline]] Cell parseOtherCell(std::string_view text, char decimalMark)
 {
     Cell cell;
-    if (parsePlainNumber(text, cell)) {
-        return cell;
-    }
     text = trimmed(text);
-    if (isMissing(text)) {
+    if (beginsLikeAWord(text)) {
+        return {CellKind::Word};
+    }
+    if (looksLikeADate(text)) {
+        cell.kind = kindOf(parseDate(text, cell.value));
+        cell.decimalMark = 0;
+        if (cell.kind != CellKind::Word) {
+            return cell;
+        }
+    }
+    const NumberText number = isMissing(text) ? NumberText::NotFinite : parseMarked(text, decimalMark, cell);
+    if (number == NumberText::NotFinite) {
+        return {};
+    }
+    if (number != NumberText::Word) {
+        cell.kind = number == NumberText::Number ? CellKind::Number : CellKind::TooLarge;
         return cell;
     }
-    if (parseNumber(text, cell.value) == NumberText::Number) {
-        cell.kind = CellKind::Number;
-        cell.decimalMark = text.find('.') != std::string_view::npos ? '.' : '\0';
-    } else if (allowDecimalComma && parseWithDecimalComma(text, cell.value)) {
-        cell.kind = CellKind::Number;
-        cell.decimalMark = ',';
-    } else {
-        cell.kind = parseDate(text, cell.value) ? CellKind::Date : CellKind::Word;
+    cell.kind = kindOf(parseDate(text, cell.value));
+    if (cell.kind != CellKind::Word || parseMarked(text, decimalMark == '.' ? ',' : '.', cell) != NumberText::Number) {
+        cell.decimalMark = 0;
     }
     return cell;
+}
+
+} // namespace
+
+Cell parseCell(std::string_view text, char decimalMark)
+{
+    Cell cell;
+    if (!parsePlainNumber(text, cell) || (decimalMark != '.' && cell.decimalMark != 0)) {
+        cell = parseOtherCell(text, decimalMark);
+    }
+    return cell;
+}
+
+bool isGapMark(std::string_view text)
+{
+    double value = 0;
+    return isMissing(text) || parseNumber(text, value) == NumberText::NotFinite;
+}
+
+bool couldHaveEitherMark(std::string_view text)
+{
+    return couldBeThousands(text, ',') || couldBeThousands(text, '.');
 }
 
 } // namespace velmora::engine

@@ -1,12 +1,9 @@
 #pragma once
 
-#include "engine/data/Grid.h"
-#include "engine/data/Table.h"
+#include "engine/data/DataSet.h"
 
-#include <memory>
 #include <stdexcept>
 #include <string>
-#include <variant>
 
 namespace velmora::engine {
 
@@ -22,8 +19,6 @@ public:
 
 /// Reading was told to stop.
 class ReadInterrupted : public std::exception {};
-
-using DataSet = std::variant<std::shared_ptr<const Table>, std::shared_ptr<const Grid>>;
 
 /// Reads a delimited table or an ESRI ASCII grid; which of them the content tells, not the name.
 /// Throws ReadError, or ReadInterrupted when `checkpoint` said so.

@@ -1,5 +1,6 @@
 #include "engine/data/GridHeader.h"
 
+#include "engine/data/Cell.h"
 #include "engine/data/NumberText.h"
 #include "engine/data/TextCase.h"
 #include "engine/data/TextSource.h"
@@ -33,9 +34,9 @@ Key findKey(std::string_view word)
     return static_cast<Key>(key);
 }
 
-bool startsNumber(std::string_view word)
+bool startsValue(std::string_view word)
 {
-    return word.find_first_of("0123456789+-.") == 0;
+    return word.find_first_of("0123456789+-.") == 0 || isGapMark(word);
 }
 
 class HeaderReader {
@@ -62,6 +63,7 @@ private:
 
     TextSource& m_source;
     std::array<Entry, KeyCount> m_entries = {};
+    bool m_noDataIsNoNumber = false;
     float m_noDataValue = std::numeric_limits<float>::quiet_NaN();
 };
 
@@ -79,7 +81,7 @@ GridHeader HeaderReader::read()
     header.yCenter = center(YCorner, YCenter);
     header.saysNoData = has(NoData);
     if (has(NoData)) {
-        header.noData = m_entries[NoData].number;
+        header.noData = m_noDataIsNoNumber ? std::numeric_limits<double>::quiet_NaN() : m_entries[NoData].number;
         header.noDataValue = m_noDataValue;
     }
     checkExtent(header);
@@ -90,7 +92,7 @@ GridHeader HeaderReader::read()
 void HeaderReader::readEntries()
 {
     std::string_view word = m_source.nextWord();
-    while (!word.empty() && !startsNumber(word)) {
+    while (!word.empty() && !startsValue(word)) {
         readEntry(word);
         word = m_source.nextWord();
     }
@@ -142,7 +144,12 @@ void HeaderReader::readNumber(Key key, std::string_view text)
 {
     double& number = m_entries[key].number;
     const std::string name(keywords[key]);
-    if (parseNumber(text, number) != NumberText::Number) {
+    const NumberText kind = parseNumber(text, number);
+    if (key == NoData && kind == NumberText::NotFinite) {
+        m_noDataIsNoNumber = true;
+        return;
+    }
+    if (kind != NumberText::Number) {
         m_source.fail(m_source.line(), quotedForMessage(text) + " stands where the number " + name + " should be",
                       "Write a finite number, with a decimal point");
     }

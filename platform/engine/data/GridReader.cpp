@@ -1,5 +1,6 @@
 #include "engine/data/GridReader.h"
 
+#include "engine/data/Cell.h"
 #include "engine/data/NumberText.h"
 #include "engine/data/TextSource.h"
 
@@ -61,41 +62,56 @@ void GridReader::add(Grid& grid, float value)
     grid.maximum = std::max(grid.maximum, value);
 }
 
-float GridReader::valueOf(std::string_view word) const
+float GridReader::valueOf(std::string_view word)
 {
     float value = 0;
     if (parseNumber(word, value) != NumberText::Number) {
         return valueOfUncommon(word);
     }
-    return value == m_header.noDataValue ? gap : value;
+    if (value != m_header.noDataValue) {
+        return value;
+    }
+    m_hasNoData = true;
+    return gap;
 }
 
 /// What is no number, or none for a float. Some writers mark gaps with the lowest double.
-float GridReader::valueOfUncommon(std::string_view word) const
+float GridReader::valueOfUncommon(std::string_view word)
 {
     double value = 0;
     const NumberText kind = parseNumber(word, value);
-    if (kind == NumberText::Number && value == m_header.noData) {
-        return gap;
+    const bool isNoData = kind == NumberText::Number && value == m_header.noData;
+    m_hasNoData = m_hasNoData || isNoData;
+    if (!isNoData && !isGapMark(word)) {
+        OddWords& odd = kind == NumberText::Word ? m_words : m_tooLarge;
+        if (++odd.count == 1) {
+            odd.line = m_source.line();
+            odd.text = quotedForMessage(word);
+        }
     }
-    if (kind == NumberText::Number || kind == NumberText::TooLarge) {
-        m_source.fail(m_source.line(), quotedForMessage(word) + " is too large for a value of the grid",
-                      "If it marks gaps, say so with NODATA_value");
-    }
-    m_source.fail(m_source.line(), quotedForMessage(word) + " stands where a number should be",
-                  "Write a number with a decimal point, or the NODATA_value for a gap");
+    return gap;
 }
 
 void GridReader::expectEnd(const Grid& grid)
 {
     std::uint64_t found = grid.values.size();
+    const std::size_t wordsBefore = m_words.count;
     for (std::string_view word = m_source.nextWord(); !word.empty(); word = m_source.nextWord()) {
         valueOf(word);
         ++found;
+        if (m_words.count > wordsBefore) {
+            failAtWord(m_source.line(), quotedForMessage(word));
+        }
     }
     if (found > grid.values.size()) {
         failCount(grid, found);
     }
+}
+
+void GridReader::failAtWord(long line, const std::string& word) const
+{
+    m_source.fail(line, word + " stands where a number should be",
+                  "Write a number with a decimal point, or the NODATA_value for a gap");
 }
 
 void GridReader::failCount(const Grid& grid, std::uint64_t found) const
@@ -111,11 +127,27 @@ void GridReader::failCount(const Grid& grid, std::uint64_t found) const
 
 void GridReader::describe(Grid& grid) const
 {
+    if (m_words.count > grid.values.size() - grid.gaps) {
+        failAtWord(m_words.line, m_words.text);
+    }
     if (grid.gaps == grid.values.size()) {
         m_source.fail("holds nothing but gaps", "Choose a grid with values, or correct NODATA_value");
     }
-    if (grid.gaps > 0 && !m_header.saysNoData) {
+    if (m_hasNoData && !m_header.saysNoData) {
         grid.notes.push_back("The grid names no NODATA_value; -9999 is taken as a gap.");
+    }
+    addNote(m_words, "no number", grid);
+    addNote(m_tooLarge, "too large for a value of the grid", grid);
+}
+
+void GridReader::addNote(const OddWords& odd, const std::string& what, Grid& grid)
+{
+    const std::string place = odd.text + " in line " + std::to_string(odd.line);
+    if (odd.count == 1) {
+        grid.notes.push_back(place + " is " + what + " and shows as a gap.");
+    } else if (odd.count > 1) {
+        grid.notes.push_back(std::to_string(odd.count) + " values, the first " + place + ", are " + what +
+                             " and show as gaps.");
     }
 }
 

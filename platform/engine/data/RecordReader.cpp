@@ -92,6 +92,7 @@ void RecordReader::addField(std::string_view field, Record& record) const
 void RecordReader::readFields(Record& record)
 {
     std::size_t count = 0;
+    record.line = m_source.lineOfNext();
     do {
         addField({}, record);
         if (count == record.texts.size()) {
@@ -99,9 +100,7 @@ void RecordReader::readFields(Record& record)
         }
         record.texts[count].clear();
         readField(record.texts[count]);
-        if (++count == 1) {
-            record.line = m_source.line();
-        }
+        ++count;
     } while (takeDelimiter());
     std::copy_n(record.texts.begin(), count, record.fields.begin());
 }
@@ -127,6 +126,11 @@ void RecordReader::skipLine()
     m_source.get();
 }
 
+bool RecordReader::startsComment(int c) const
+{
+    return c == '#' || c == '%' || c == '!' || (c == ';' && m_delimiter != Delimiter::Semicolon);
+}
+
 bool RecordReader::skipToRecord()
 {
     for (;;) {
@@ -135,7 +139,7 @@ bool RecordReader::skipToRecord()
         if (c == TextSource::end) {
             return false;
         }
-        if (c != '#' && !endsRecord(c)) {
+        if (!startsComment(c) && !endsRecord(c)) {
             return true;
         }
         skipLine();

@@ -20,7 +20,8 @@ struct Record {
 };
 
 /// Takes a delimited text apart into records. Fields in double quotes may hold delimiters, line
-/// ends and doubled quotes. Leaves out empty lines and lines that start with '#'.
+/// ends and doubled quotes. Leaves out empty lines and comments, which are lines that start with
+/// '#', '%', '!' or, where it does not delimit, ';'.
 class RecordReader {
 public:
     static constexpr std::size_t mostFields = 10000;
@@ -32,6 +33,7 @@ public:
 
 private:
     bool skipToRecord();
+    bool startsComment(int c) const;
     bool readLine(Record& record);
     void readFields(Record& record);
     void split(std::string_view line, Record& record) const;

@@ -1,6 +1,7 @@
 #include "engine/data/TextSource.h"
 
 #include "engine/core/Checkpoint.h"
+#include "engine/data/BinaryFormat.h"
 #include "engine/data/ByteStream.h"
 #include "engine/data/DataReader.h"
 
@@ -22,8 +23,10 @@ bool isBlank(char c)
 } // namespace
 
 TextSource::TextSource(ByteStream& stream, std::string fileName, Checkpoint& checkpoint)
-    : m_stream(stream), m_fileName(std::move(fileName)), m_checkpoint(checkpoint), m_block(new char[blockSize])
+    : m_stream(stream), m_decoder(stream), m_fileName(std::move(fileName)), m_checkpoint(checkpoint),
+      m_block(new char[blockSize + TextDecoder::leastCapacity])
 {
+    refuseBinaryFormat();
     refill();
     skipByteOrderMark();
 }
@@ -45,7 +48,7 @@ void TextSource::keepFrom(std::size_t start)
 void TextSource::goOn()
 {
     const double all = static_cast<double>(std::max<std::uint64_t>(size(), 1));
-    if (!m_checkpoint.goOn(std::min(1.0, static_cast<double>(m_bytesRead) / all))) {
+    if (!m_checkpoint.goOn(std::min(1.0, static_cast<double>(m_decoder.taken()) / all))) {
         throw ReadInterrupted();
     }
 }
@@ -60,13 +63,20 @@ bool TextSource::refill()
     keepFrom(m_cursor);
     const std::size_t before = m_filled;
     while (m_filled < blockSize && !m_atEnd) {
-        const std::size_t count = m_stream.read(m_block.get() + m_filled, blockSize - m_filled);
+        const std::size_t room = std::max(blockSize - m_filled, TextDecoder::leastCapacity);
+        const std::size_t count = m_decoder.read(m_block.get() + m_filled, room);
         m_filled += count;
         m_atEnd = count == 0;
     }
-    m_bytesRead += m_filled - before;
     refuseBinary(before);
     return m_filled > before;
+}
+
+void TextSource::refuseBinaryFormat() const
+{
+    if (const BinaryFormat* const format = binaryFormatOf(m_decoder.head())) {
+        fail(std::string("is ") + format->name + ", which cannot be read", format->remedy);
+    }
 }
 
 void TextSource::refuseBinary(std::size_t from) const
@@ -75,8 +85,8 @@ void TextSource::refuseBinary(std::size_t from) const
     const char* const stop = begin + m_filled;
     const char* const found = std::find(begin + from, stop, '\0');
     if (found != stop) {
-        fail(m_line + (m_lineEnded ? 1 : 0) + std::count(begin + m_cursor, found, '\n'),
-             "there are binary data (zero bytes)", "Choose a text file, and save text as UTF-8, not as UTF-16");
+        fail(lineOfNext() + std::count(begin + m_cursor, found, '\n'), "there are binary data (zero bytes)",
+             "Choose a text file, and save text as UTF-8");
     }
 }
 
@@ -129,6 +139,15 @@ void TextSource::takeLineAhead(std::string_view line)
     m_cursor += line.size() + (m_block[m_cursor + line.size()] == '\r' ? 2 : 1);
 }
 
+void TextSource::skipLines(long count)
+{
+    while (count > 0) {
+        const int c = get();
+        count -= c == '\n' ? 1 : 0;
+        count = c == end ? 0 : count;
+    }
+}
+
 void TextSource::skipBlanks()
 {
     do {
@@ -146,7 +165,7 @@ std::string_view TextSource::nextWord()
         const char* const begin = m_block.get() + m_cursor;
         const char* const stop = m_block.get() + m_filled;
         length = static_cast<std::size_t>(std::find_if(begin + length, stop, isBlank) - begin);
-        if (length == blockSize) {
+        if (length >= blockSize) {
             fail(m_line, quotedForMessage({begin, length}) + " is longer than any number",
                  "Separate the numbers by blanks");
         }
@@ -163,8 +182,8 @@ std::uint64_t TextSource::size() const
 
 std::uint64_t TextSource::remaining() const
 {
-    const std::uint64_t handedOut = m_bytesRead - (m_filled - m_cursor);
-    return size() > handedOut ? size() - handedOut : 0;
+    const std::uint64_t ahead = m_filled - m_cursor;
+    return ahead + (size() > m_decoder.taken() ? size() - m_decoder.taken() : 0);
 }
 
 void TextSource::fail(long line, const std::string& what, const std::string& remedy) const

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "engine/data/TextDecoder.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -16,13 +18,14 @@ class ByteStream;
 /// that a file of any length needs little memory.
 ///
 /// Each new block asks `checkpoint` to go on: whatever is done with one block (a fifth of a millisecond or two) is
-/// one portion of work. Refuses binary data. Line ends are LF, CRLF or CR.
+/// one portion of work. Refuses binary data. The text comes as UTF-8, however it is encoded. Line ends are LF, CRLF or
+/// CR.
 class TextSource {
 public:
     static constexpr std::size_t blockSize = std::size_t{32} * 1024;
     static constexpr int end = -1;
 
-    /// Reads the first block and leaves out a byte order mark.
+    /// Reads the first block and leaves out a byte order mark. Throws ReadError for a known format that is no text.
     TextSource(ByteStream& stream, std::string fileName, Checkpoint& checkpoint);
 
     /// What comes next, as far as it is in memory. At the start that is the whole first block.
@@ -46,15 +49,21 @@ public:
     /// Passes over that line and its end.
     void takeLineAhead(std::string_view line);
 
+    /// Passes over so many lines.
+    void skipLines(long count);
+
     /// Asks whether to go on, for work on what was read. Throws ReadInterrupted.
     void goOn();
 
     /// Of the character or word that came last, counted from 1.
     long line() const { return m_line; }
+    long lineOfNext() const { return m_line + (m_lineEnded ? 1 : 0); }
     /// Bytes from here to the end, and how many there are in all.
     std::uint64_t remaining() const;
     std::uint64_t size() const;
     const std::string& fileName() const { return m_fileName; }
+    /// Of what has been read so far.
+    TextDecoder::Encoding encoding() const { return m_decoder.encoding(); }
 
     /// Throws ReadError: where, what is wrong and what helps.
     [[noreturn]] void fail(long line, const std::string& what, const std::string& remedy) const;
@@ -65,17 +74,18 @@ private:
     bool refill();
     void keepFrom(std::size_t start);
     void refuseBinary(std::size_t from) const;
+    void refuseBinaryFormat() const;
     void skipByteOrderMark();
     void skipBlanks();
 
     ByteStream& m_stream;
+    TextDecoder m_decoder;
     std::string m_fileName;
     Checkpoint& m_checkpoint;
     std::unique_ptr<char[]> m_block;
     std::size_t m_cursor = 0;
     std::size_t m_filled = 0;
     std::size_t m_wordStart = 0;
-    std::uint64_t m_bytesRead = 0;
     long m_line = 1;
     bool m_lineEnded = false; ///< the character that came last was a line end
     bool m_atEnd = false;

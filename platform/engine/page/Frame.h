@@ -1,5 +1,6 @@
 #pragma once
 
+#include "engine/data/DataSet.h"
 #include "engine/page/Paper.h"
 
 #include <memory>
@@ -14,6 +15,7 @@ class Plot;
 struct Frame {
     InchRect rect;
     std::shared_ptr<Plot> plot;
+    DataSet data = {}; ///< what the plot was made from
 };
 
 /// The rectangle around all frames.

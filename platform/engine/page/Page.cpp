@@ -24,6 +24,11 @@ InchRect Page::currentFrameRect() const
     return m_frames.empty() ? currentPaper().printable : m_frames.back().rect;
 }
 
+DataSet Page::currentData() const
+{
+    return m_frames.empty() ? DataSet() : m_frames.back().data;
+}
+
 void Page::replaceFrames(std::vector<Frame> frames)
 {
     m_frames = std::move(frames);

@@ -36,6 +36,8 @@ public:
     /// The frame that was given last; null and the printable paper on a page without frames.
     std::shared_ptr<Plot> currentPlot() const;
     InchRect currentFrameRect() const;
+    /// A null pointer on a page without frames.
+    DataSet currentData() const;
     void replaceFrames(std::vector<Frame> frames);
     void fitFramesToPaper();
 

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <cstdlib>
+#include <date/date.h>
 #include <string>
 
 namespace velmora::engine {
@@ -11,51 +13,69 @@ namespace {
 
 // Some two thousand years each way are dates; what lies beyond is shown as a number of days.
 constexpr double largestDate = 4e6;
-constexpr double secondsADay = 86400;
+constexpr std::int64_t microsecondsADay = 86400000000;
+constexpr std::int64_t second = 1000000; // microseconds
+constexpr std::int64_t minute = 60 * second;
+constexpr std::int64_t hour = 60 * minute;
 
-enum class Unit { Seconds, Days, Months };
+enum class Unit { Microseconds, Days, Months };
 
 struct Step {
     Unit unit;
-    int count;
-    double days; ///< about
+    std::int64_t count;
+    double days() const; ///< about
 };
 
+// From a second on; below it comes 1, 2 or 5 times a power of ten of microseconds.
 const Step steps[] = {
-    {Unit::Seconds, 1, 1 / secondsADay},
-    {Unit::Seconds, 5, 5 / secondsADay},
-    {Unit::Seconds, 15, 15 / secondsADay},
-    {Unit::Seconds, 30, 30 / secondsADay},
-    {Unit::Seconds, 60, 60 / secondsADay},
-    {Unit::Seconds, 300, 300 / secondsADay},
-    {Unit::Seconds, 900, 900 / secondsADay},
-    {Unit::Seconds, 1800, 1800 / secondsADay},
-    {Unit::Seconds, 3600, 1 / 24.0},
-    {Unit::Seconds, 10800, 3 / 24.0},
-    {Unit::Seconds, 21600, 6 / 24.0},
-    {Unit::Seconds, 43200, 12 / 24.0},
-    {Unit::Days, 1, 1},
-    {Unit::Days, 2, 2},
-    {Unit::Days, 5, 5},
-    {Unit::Days, 10, 10},
-    {Unit::Months, 1, 30.4},
-    {Unit::Months, 2, 60.8},
-    {Unit::Months, 3, 91.3},
-    {Unit::Months, 6, 182.6},
+    {Unit::Microseconds, second},
+    {Unit::Microseconds, 5 * second},
+    {Unit::Microseconds, 15 * second},
+    {Unit::Microseconds, 30 * second},
+    {Unit::Microseconds, minute},
+    {Unit::Microseconds, 5 * minute},
+    {Unit::Microseconds, 15 * minute},
+    {Unit::Microseconds, 30 * minute},
+    {Unit::Microseconds, hour},
+    {Unit::Microseconds, 3 * hour},
+    {Unit::Microseconds, 6 * hour},
+    {Unit::Microseconds, 12 * hour},
+    {Unit::Days, 1},
+    {Unit::Days, 2},
+    {Unit::Days, 5},
+    {Unit::Days, 10},
+    {Unit::Months, 1},
+    {Unit::Months, 2},
+    {Unit::Months, 3},
+    {Unit::Months, 6},
 };
+
+double Step::days() const
+{
+    constexpr double daysAMonth = 365.2425 / 12;
+    const double one = unit == Unit::Microseconds ? 1.0 / microsecondsADay : unit == Unit::Days ? 1 : daysAMonth;
+    return one * static_cast<double>(count);
+}
+
+date::year_month_day dateOf(std::int64_t days)
+{
+    return date::sys_days(date::days(days));
+}
 
 /// Whole years in steps of 1, 2 or 5 times a power of ten.
 Step yearStep(const AxisRange& range, int most)
 {
     const AxisRange years{range.from / 365.2425, range.to / 365.2425};
-    const int count = std::max(1, static_cast<int>(std::lround(niceStep(years, most))));
-    return {Unit::Months, 12 * count, 365.2425 * count};
+    return {Unit::Months, 12 * std::max<std::int64_t>(1, std::llround(niceStep(years, most)))};
 }
 
 Step stepFor(const AxisRange& range, int most)
 {
+    const double microseconds = range.span() * static_cast<double>(microsecondsADay);
+    if (microseconds <= static_cast<double>(second / 2 * most))
+        return {Unit::Microseconds, std::max<std::int64_t>(1, std::llround(niceStep({0, microseconds}, most)))};
     for (const Step& step : steps)
-        if (range.span() / step.days <= most)
+        if (range.span() / step.days() <= most)
             return step;
     return yearStep(range, most);
 }
@@ -68,15 +88,25 @@ std::string padded(std::int64_t number, std::size_t length)
     return (number < 0 ? "-" : "") + std::string(noughts, '0') + digits;
 }
 
-std::string dayLabel(const CalendarDay& date, bool withDay)
+std::string dayLabel(const date::year_month_day& date, bool withDay)
 {
-    return padded(date.year, 4) + '-' + padded(date.month, 2) + (withDay ? '-' + padded(date.day, 2) : "");
+    return padded(int(date.year()), 4) + '-' + padded(unsigned(date.month()), 2) +
+           (withDay ? '-' + padded(unsigned(date.day()), 2) : "");
 }
 
-std::string timeLabel(std::int64_t second, bool withSeconds)
+/// With as many parts as ticks in such steps need.
+std::string timeLabel(std::int64_t time, std::int64_t step)
 {
-    const std::string minutes = padded(second / 3600, 2) + ':' + padded(second / 60 % 60, 2);
-    return withSeconds ? minutes + ':' + padded(second % 60, 2) : minutes;
+    std::string label = padded(time / hour, 2) + ':' + padded(time / minute % 60, 2);
+    if (step % minute == 0)
+        return label;
+    label += ':' + padded(time / second % 60, 2);
+    if (step % second == 0)
+        return label;
+    std::size_t decimals = 6;
+    for (std::int64_t rest = step; rest % 10 == 0; rest /= 10)
+        --decimals;
+    return label + '.' + padded(time % second, 6).substr(0, decimals);
 }
 
 std::int64_t floorDivide(std::int64_t a, std::int64_t b)
@@ -88,26 +118,29 @@ std::int64_t floorDivide(std::int64_t a, std::int64_t b)
 std::vector<Tick> timeTicks(const AxisRange& range, const Step& step)
 {
     std::vector<Tick> ticks;
-    const auto last = static_cast<std::int64_t>(std::floor(range.to * secondsADay + 1e-3));
-    auto at = static_cast<std::int64_t>(std::ceil(range.from * secondsADay / step.count - 1e-6)) * step.count;
-    for (; at <= last; at += step.count) {
-        const std::int64_t day = floorDivide(at, 86400);
-        const std::int64_t second = at - day * 86400;
-        const std::string date = dayLabel(calendarDayOf(day), true);
-        const std::string time = timeLabel(second, step.count < 60);
-        std::string firstLabel = date;
-        if (second != 0)
-            firstLabel.append(" ").append(time);
-        ticks.push_back({static_cast<double>(at) / secondsADay, ticks.empty() || second == 0 ? firstLabel : time});
+    constexpr double perDay = microsecondsADay;
+    const double count = static_cast<double>(step.count);
+    auto number = static_cast<std::int64_t>(std::ceil(range.from * perDay / count - 1e-6));
+    const auto last = static_cast<std::int64_t>(std::floor(range.to * perDay / count + 1e-6));
+    for (; number <= last; ++number) {
+        const std::int64_t at = number * step.count;
+        const std::int64_t day = floorDivide(at, microsecondsADay);
+        const std::int64_t time = at - day * microsecondsADay;
+        const std::string label = timeLabel(time, step.count);
+        std::string withDay = dayLabel(dateOf(day), true);
+        if (time != 0)
+            withDay.append(" ").append(label);
+        ticks.push_back({static_cast<double>(at) / perDay, ticks.empty() || time == 0 ? withDay : label});
     }
     return ticks;
 }
 
 // Days of the month 1, 11, 21 rather than every tenth day of an endless count; a rest of the month
 // too short for a whole step is left without a tick.
-bool isDayTick(const CalendarDay& date, int count)
+bool isDayTick(const date::year_month_day& date, std::int64_t count)
 {
-    return (date.day - 1) % count == 0 && (count == 1 || date.day - 1 <= 30 - count);
+    const std::int64_t before = static_cast<std::int64_t>(unsigned(date.day())) - 1;
+    return before % count == 0 && (count == 1 || before <= 30 - count);
 }
 
 std::vector<Tick> dayTicks(const AxisRange& range, const Step& step)
@@ -115,7 +148,7 @@ std::vector<Tick> dayTicks(const AxisRange& range, const Step& step)
     std::vector<Tick> ticks;
     const auto last = static_cast<std::int64_t>(std::floor(range.to));
     for (auto day = static_cast<std::int64_t>(std::ceil(range.from)); day <= last; ++day) {
-        const CalendarDay date = calendarDayOf(day);
+        const date::year_month_day date = dateOf(day);
         if (isDayTick(date, step.count))
             ticks.push_back({static_cast<double>(day), dayLabel(date, true)});
     }
@@ -125,50 +158,28 @@ std::vector<Tick> dayTicks(const AxisRange& range, const Step& step)
 std::vector<Tick> monthTicks(const AxisRange& range, const Step& step)
 {
     std::vector<Tick> ticks;
-    const CalendarDay start = calendarDayOf(static_cast<std::int64_t>(std::floor(range.from)));
-    const std::int64_t startMonth = start.year * 12 + start.month - 1;
+    const date::year_month_day start = dateOf(static_cast<std::int64_t>(std::floor(range.from)));
+    const std::int64_t startMonth = int(start.year()) * 12 + static_cast<int>(unsigned(start.month())) - 1;
     for (std::int64_t month = floorDivide(startMonth, step.count) * step.count;; month += step.count) {
-        const CalendarDay date{floorDivide(month, 12), static_cast<int>(month - floorDivide(month, 12) * 12) + 1, 1};
-        const auto value = static_cast<double>(daysOf(date));
+        const int year = static_cast<int>(floorDivide(month, 12));
+        const date::year_month_day date = date::year(year) / static_cast<int>(month - year * 12 + 1) / 1;
+        const auto value = static_cast<double>(date::sys_days(date).time_since_epoch().count());
         if (value > range.to)
             return ticks;
         if (value >= range.from)
-            ticks.push_back({value, step.count >= 12 ? std::to_string(date.year) : dayLabel(date, false)});
+            ticks.push_back({value, step.count >= 12 ? std::to_string(year) : dayLabel(date, false)});
     }
 }
 
 } // namespace
 
-// The year begins in March here, so that the leap day is the last one of a year.
-std::int64_t daysOf(const CalendarDay& date)
-{
-    const std::int64_t year = date.year - (date.month <= 2 ? 1 : 0);
-    const std::int64_t era = floorDivide(year, 400);
-    const std::int64_t yearOfEra = year - era * 400;
-    const std::int64_t dayOfYear = (153 * (date.month + (date.month > 2 ? -3 : 9)) + 2) / 5 + date.day - 1;
-    return era * 146097 + yearOfEra * 365 + yearOfEra / 4 - yearOfEra / 100 + dayOfYear - 719468;
-}
-
-CalendarDay calendarDayOf(std::int64_t days)
-{
-    const std::int64_t shifted = days + 719468;
-    const std::int64_t era = floorDivide(shifted, 146097);
-    const std::int64_t dayOfEra = shifted - era * 146097;
-    const std::int64_t yearOfEra = (dayOfEra - dayOfEra / 1460 + dayOfEra / 36524 - dayOfEra / 146096) / 365;
-    const std::int64_t dayOfYear = dayOfEra - (365 * yearOfEra + yearOfEra / 4 - yearOfEra / 100);
-    const std::int64_t shiftedMonth = (5 * dayOfYear + 2) / 153;
-    const int month = static_cast<int>(shiftedMonth < 10 ? shiftedMonth + 3 : shiftedMonth - 9);
-    const int day = static_cast<int>(dayOfYear - (153 * shiftedMonth + 2) / 5) + 1;
-    return {yearOfEra + era * 400 + (month <= 2 ? 1 : 0), month, day};
-}
-
 std::vector<Tick> dateTicks(const AxisRange& range, int most)
 {
     const bool areDates = std::fabs(range.from) < largestDate && std::fabs(range.to) < largestDate;
-    if (!areDates || !(range.span() * secondsADay >= 4))
+    if (!areDates || !(range.span() * microsecondsADay >= 4))
         return numberTicks(range, most);
     const Step step = stepFor(range, std::max(most, 1));
-    if (step.unit == Unit::Seconds)
+    if (step.unit == Unit::Microseconds)
         return timeTicks(range, step);
     return step.unit == Unit::Days ? dayTicks(range, step) : monthTicks(range, step);
 }

@@ -2,23 +2,10 @@
 
 #include "engine/plot/Ticks.h"
 
-#include <cstdint>
-
 namespace velmora::engine {
 
-/// A day of the Gregorian calendar, also before its introduction.
-struct CalendarDay {
-    std::int64_t year = 1970;
-    int month = 1; ///< 1 to 12
-    int day = 1;   ///< 1 to 31
-};
-
-/// Days since 1970-01-01.
-std::int64_t daysOf(const CalendarDay& date);
-CalendarDay calendarDayOf(std::int64_t days);
-
 /// Ticks of an axis of days since 1970-01-01, at whole years, months, days or times of day:
-/// "1970", "1970-03", "1970-03-05", "06:30". At most `most` + 1.
+/// "1970", "1970-03", "1970-03-05", "06:30", "06:30:00.125". The first one names the day as well. At most `most` + 1.
 std::vector<Tick> dateTicks(const AxisRange& range, int most);
 
 } // namespace velmora::engine

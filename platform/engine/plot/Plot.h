@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/data/DataReader.h"
+#include "engine/data/DataSet.h"
 
 #include <cstddef>
 #include <memory>

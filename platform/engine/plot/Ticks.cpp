@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <limits>
 
 namespace velmora::engine {
 
@@ -14,7 +15,7 @@ constexpr double largestPlain = 1e7;
 constexpr double smallestPlain = 1e-4;
 // Neighbouring values of a double are about this far apart, as a fraction.
 constexpr double resolution = 1e-14;
-constexpr double largestSpan = 1e300;
+constexpr double mostNumber = std::numeric_limits<double>::max();
 
 double magnitudeOf(const AxisRange& range)
 {
@@ -69,7 +70,7 @@ std::string powerNumber(double value, double step)
 
 bool isUsable(const AxisRange& range)
 {
-    return std::isfinite(range.from) && std::isfinite(range.to) && range.span() > 0 && std::isfinite(range.span());
+    return std::isfinite(range.from) && std::isfinite(range.to) && range.span() > 0;
 }
 
 } // namespace
@@ -81,15 +82,16 @@ AxisRange rangeAround(double smallest, double largest, double roomFraction)
     const double size = std::max(std::fabs(smallest), std::fabs(largest));
     if (largest - smallest <= size * 1e-12) {
         const double room = size > 0 ? size * 0.05 : 0.5;
-        return {smallest - room, largest + room};
+        return {std::max(smallest - room, -mostNumber), std::min(largest + room, mostNumber)};
     }
-    const double room = std::min(largest - smallest, largestSpan) * roomFraction;
-    return {std::max(smallest - room, -largestSpan), std::min(largest + room, largestSpan)};
+    const double room = largest * roomFraction - smallest * roomFraction;
+    return {std::max(smallest - room, -mostNumber), std::min(largest + room, mostNumber)};
 }
 
 double niceStep(const AxisRange& range, int most)
 {
-    const double rough = range.span() / std::max(most, 1);
+    const int parts = std::max(most, 1);
+    const double rough = range.to / parts - range.from / parts;
     const double power = std::pow(10.0, std::floor(std::log10(rough)));
     for (double factor : {1.0, 2.0, 5.0})
         if (factor * power >= rough * (1 - 1e-9))
@@ -103,13 +105,15 @@ std::vector<Tick> numberTicks(const AxisRange& range, int most)
     if (!isUsable(range))
         return ticks;
     const double step = niceStep(range, most);
-    if (!(step > magnitudeOf(range) * resolution))
+    if (!std::isfinite(step) && range.from <= 0 && range.to >= 0)
+        ticks.push_back({0, "0"});
+    if (!std::isfinite(step) || !(step > magnitudeOf(range) * resolution))
         return ticks;
-    const double tolerance = step * 1e-6;
-    const double first = std::ceil((range.from - tolerance) / step);
+    constexpr double tolerance = 1e-6; // of a step
+    const double first = std::ceil(range.from / step - tolerance);
     for (int i = 0; i <= most + 1; ++i) {
         const double value = (first + i) * step;
-        if (value > range.to + tolerance)
+        if (value / step > range.to / step + tolerance)
             break;
         ticks.push_back({value, formatNumber(value, step)});
     }

@@ -9,7 +9,10 @@ namespace velmora::engine {
 struct AxisRange {
     double from = 0;
     double to = 1;
-    double span() const { return to - from; }
+    double span() const { return to - from; } ///< infinite for a range of nearly all numbers
+    /// Where a value lies: 0 at `from`, 1 at `to`. By halves, whose difference is finite for every range.
+    double fractionOf(double value) const { return (value / 2 - from / 2) / (to / 2 - from / 2); }
+    double valueAt(double fraction) const { return from * (1 - fraction) + to * fraction; }
 };
 
 struct Tick {
@@ -17,7 +20,7 @@ struct Tick {
     std::string label;
 };
 
-/// The range for data from `smallest` to `largest` with some room at both ends. Data of one value,
+/// The range for finite data from `smallest` to `largest` with some room at both ends. Data of one value,
 /// or of none (not finite), get a range too.
 AxisRange rangeAround(double smallest, double largest, double roomFraction);
 

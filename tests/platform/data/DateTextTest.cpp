@@ -14,13 +14,13 @@ namespace {
 double daysOf(const std::string& text)
 {
     double days = -1e9;
-    return parseDate(text, days) ? days : -1e9;
+    return parseDate(text, days) != DateOrder::NoDate ? days : -1e9;
 }
 
 bool isDate(const std::string& text)
 {
     double days = 0;
-    return parseDate(text, days);
+    return parseDate(text, days) != DateOrder::NoDate;
 }
 
 } // namespace
@@ -46,11 +46,46 @@ TEST(DateText, TheTimeOfDayIsAFraction)
     EXPECT_EQ(daysOf("0000-01-01"), -719528);
 }
 
+TEST(DateText, ATimeWithAnOffsetIsMadeOneInUtc)
+{
+    for (const char* text : {"1970-01-01T12:00Z", "1970-01-01 12:00 UTC", "1970-01-01 14:00+02:00",
+                             "1970-01-01T08:30:00-0330", "1970-01-01 11:00:00,000 -01", "1970-01-02 01:00+13:00"}) {
+        EXPECT_EQ(daysOf(text), 0.5) << text;
+    }
+}
+
+TEST(DateText, TheOrderOfDayAndMonthIsToldWhereItCanBe)
+{
+    double days = 0;
+    EXPECT_EQ(parseDate("1970/01/02", days), DateOrder::Certain);
+    EXPECT_EQ(days, 1);
+    EXPECT_EQ(parseDate("1970-02", days), DateOrder::Certain);
+    EXPECT_EQ(days, 31);
+    EXPECT_EQ(parseDate("2.1.1970 12:00", days), DateOrder::Certain);
+    EXPECT_EQ(days, 1.5);
+    EXPECT_EQ(parseDate("02/01/1970", days), DateOrder::Either);
+    EXPECT_EQ(days, 1);
+    EXPECT_EQ(withDayAndMonthSwapped(1.25), 31.25);
+    EXPECT_EQ(parseDate("13/01/1970", days), DateOrder::DayFirst);
+    EXPECT_EQ(days, 12);
+    EXPECT_EQ(parseDate("01-13-1970", days), DateOrder::MonthFirst);
+    EXPECT_EQ(days, 12);
+}
+
+TEST(DateText, ADateIsWrittenAsShortAsItCanBe)
+{
+    EXPECT_EQ(dateText(-1), "1969-12-31");
+    EXPECT_EQ(dateText(-0.25), "1969-12-31 18:00:00");
+    EXPECT_EQ(dateText(19727 + 36000.123 / 86400), "2024-01-05 10:00:00.123");
+}
+
 TEST(DateText, WhatIsNoDateIsRefused)
 {
     for (const char* text : {"",
                              "1970",
-                             "1970-01",
+                             "1970-1",
+                             "1970/01",
+                             "1970-01T12:00",
                              "1970-1-1",
                              "70-01-01",
                              "1970-13-01",
@@ -59,7 +94,12 @@ TEST(DateText, WhatIsNoDateIsRefused)
                              "1900-02-29",
                              "2023-02-29",
                              "1970-01-00",
-                             "1970/01/01",
+                             "1970/01-01",
+                             "32.01.1970",
+                             "13/13/1970",
+                             "29/02/2023",
+                             "1/1/70",
+                             "1.1/1970",
                              "1970-01-01T",
                              "1970-01-01T24:00",
                              "1970-01-01T12",
@@ -71,7 +111,11 @@ TEST(DateText, WhatIsNoDateIsRefused)
                              "1970-01-01x",
                              "1970-01-0a",
                              "+970-01-01",
-                             "1970-01-01T12:00+01:00"}) {
+                             "1970-01-01T12:00+1",
+                             "1970-01-01T12:00+19:00",
+                             "1970-01-01T12:00+01:60",
+                             "1970-01-01T12:00 ",
+                             "1970-01-01T12:00 CET"}) {
         EXPECT_FALSE(isDate(text)) << text;
     }
     EXPECT_TRUE(isDate("2024-02-29"));

@@ -93,6 +93,26 @@ TEST(Grid, ValuesTooSmallForAFloatAreZero)
                 ElementsAre(0, 0, 3, 4));
 }
 
+TEST(Grid, MarksOfGapsAreGapsWithoutANote)
+{
+    for (const char* mark : {"nan", "NaN", "-inf", "NA", "--", "*", "null"}) {
+        const Grid grid = readGrid(twoByTwo + mark + std::string(" 2 3 4"));
+        EXPECT_EQ(grid.gaps, 1u) << mark;
+        EXPECT_TRUE(grid.notes.empty()) << mark;
+    }
+    EXPECT_EQ(readGrid(twoByTwo + "NODATA_value nan\n1 nan\n3 -9999\n").gaps, 1u);
+}
+
+TEST(Grid, OddWordsAreGapsWithANote)
+{
+    const Grid grid = readGrid(twoByTwo + "1 2\n3 x4\n");
+    EXPECT_EQ(grid.gaps, 1u);
+    EXPECT_THAT(grid.notes, ElementsAre("'x4' in line 7 is no number and shows as a gap."));
+    EXPECT_THAT(readGrid(twoByTwo + "1 1e39\n3 1e999\n").notes,
+                ElementsAre("2 values, the first '1e39' in line 6, are too large for a value of the grid and show as "
+                            "gaps."));
+}
+
 TEST(Grid, WordsAcrossTheBordersOfBlocksStayWhole)
 {
     constexpr int size = 150;
@@ -132,20 +152,13 @@ INSTANTIATE_TEST_SUITE_P(
         Malformed{"SizesThatDoNotMatch",
                   "ncols 3\nnrows 2\n" + corner + "11 12\n13 14\n",
                   {"after 4 numbers", "ncols 3 x nrows 2 = 6"}},
-        Malformed{"AWord", twoByTwo + "1 2\n3 x4\n", {"line 7: 'x4' stands where a number should be", "NODATA_value"}},
+        Malformed{"MoreWordsThanNumbers",
+                  twoByTwo + "1 2,5\n3,5 4,5\n",
+                  {"line 6: '2,5' stands where a number should be", "decimal point", "NODATA_value"}},
         Malformed{"AWordBehind", twoByTwo + "1 2\n3 4\nend\n", {"line 8: 'end' stands where a number should be"}},
         Malformed{"AWordBefore",
                   twoByTwo + "units m\n1 2\n3 4\n",
                   {"line 6: 'units' is neither a number nor a keyword", "Keywords are ncols"}},
-        Malformed{"ADecimalComma", twoByTwo + "1 2\n3 4,5\n", {"line 7: '4,5'", "decimal point"}},
-        Malformed{"NotANumber", twoByTwo + "1 2\n3 NaN\n", {"line 7: 'NaN'", "the NODATA_value for a gap"}},
-        Malformed{"NotANumberFirst", twoByTwo + "nan 2\n3 4\n", {"line 6: 'nan' is neither"}},
-        Malformed{"Infinite", twoByTwo + "1 2\n3 -inf\n", {"line 7: '-inf'"}},
-        Malformed{"BeyondAFloat", twoByTwo + "1 2\n3 1e39\n", {"line 7: '1e39' is too large", "say so with NODATA"}},
-        Malformed{"BeyondADouble", twoByTwo + "1 2\n3 1e999\n", {"line 7: '1e999' is too large"}},
-        Malformed{"GapValueNotANumber",
-                  twoByTwo + "NODATA_value nan\n1 2\n3 4\n",
-                  {"line 6: 'nan' stands where the number nodata_value", "finite"}},
         Malformed{"NoColumns", "ncols 0\nnrows 2\n" + corner, {"line 1: ncols is '0'", "from 1 to 2147483647"}},
         Malformed{"NegativeRows", "ncols 2\nnrows -2\n" + corner, {"line 2: nrows is '-2'", "from 1"}},
         Malformed{"HalfAColumn", "ncols 2.5\nnrows 2\n" + corner, {"line 1: '2.5'", "whole number ncols"}},

@@ -112,5 +112,25 @@ TEST_F(Load, TheNotesAreThoseOfTheLastSuccessfulLoad)
     EXPECT_EQ(std::string(VelUtilLastLoadNotes()).find("weather"), std::string::npos);
 }
 
+TEST_F(Load, TheNotesAndTheDetailsBelongToThePage)
+{
+    EXPECT_STREQ(VelUtilDataNotes(), "");
+    EXPECT_STREQ(VelUtilDataDetails(), "");
+    load(write("mixed.csv",
+               "date,speed,\"sky\nseen\"\n,m/s,\n2024-01-05,1.5,sun\n2024-01-06,wet,fog\n2024-01-07,-2,sun\n"));
+    EXPECT_STREQ(VelUtilDataNotes(), "The column \"speed\": 'wet' in line 5 is no number and shows as a gap.\n"
+                                     "The column \"sky seen\" holds text and is left out.");
+    EXPECT_STREQ(VelUtilDataDetails(), "Column\tUnit\tKind\tValues\tGaps\tSmallest\tLargest\tLeft out because\n"
+                                       "date\t\tdates\t3\t0\t2024-01-05\t2024-01-07\t\n"
+                                       "speed\tm/s\tnumbers\t2\t1\t-2\t1.5\t\n"
+                                       "sky seen\t\ttext\t0\t3\t\t\tit holds text");
+    EXPECT_EQ(VelUtilDataLoad("/nowhere.csv"), 0);
+    EXPECT_NE(std::string(VelUtilDataNotes()), "");
+    load(write("small.asc", "ncols 2 nrows 1 xllcorner 10 yllcorner 0 cellsize 0.5 NODATA_value -1 4.5 -1\n"));
+    EXPECT_STREQ(VelUtilDataNotes(), "");
+    EXPECT_STREQ(VelUtilDataDetails(), "Rows\t1\nColumns\t2\nExtent in x\t10 to 11\nExtent in y\t0 to 0.5\n"
+                                       "Spacing\t0.5\nSmallest\t4.5\nLargest\t4.5\nGaps\t1");
+}
+
 } // namespace
 } // namespace velmora::test

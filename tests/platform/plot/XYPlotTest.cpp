@@ -1,6 +1,5 @@
 #include "engine/plot/xy/XYPlot.h"
 #include "engine/gl/GLFunctions.h"
-#include "engine/plot/DateTicks.h"
 #include "engine/plot/Palette.h"
 #include "tests/platform/plot/Picture.h"
 #include "tests/platform/plot/SampleData.h"
@@ -149,11 +148,42 @@ TEST(XYPlot, ADateColumnGivesDates)
 {
     auto table = tableOf({{1, 2}});
     table->columns[0].isDate = true;
-    table->columns[0].values = {static_cast<double>(daysOf({2001, 1, 1})), static_cast<double>(daysOf({2006, 1, 1}))};
+    table->columns[0].values = {11323, 13149}; // 2001-01-01 and 2006-01-01
     const XYPlot plot(table, noCheckpoint());
     const XYLayout layout = layoutOf(plot, table);
     ASSERT_GE(layout.xTicks.size(), 3u);
     EXPECT_EQ(layout.xTicks[0].label.substr(0, 4), "2001");
+}
+
+TEST(XYPlot, TheLargestNumbersShow)
+{
+    const auto table = tableOf({{-1e308, 1e308, 5e307}});
+    XYPlot plot(table, noCheckpoint());
+    const XYLayout layout = layoutOf(plot, table);
+    EXPECT_GE(layout.yTicks.size(), 3u);
+    Picture picture(width, height);
+    ASSERT_TRUE(picture.draw(plot));
+    const Column& axis = table->columns[0];
+    EXPECT_TRUE(showsLineAt(picture, layout, {axis.values[0], -1e308}, 0));
+    EXPECT_TRUE(showsLineAt(picture, layout, {axis.values[2], 5e307}, 0));
+    plot.zoom(2, 0.5, 0.5);
+    EXPECT_NEAR(plot.yRange().to / 1e308, 0.55, 0.1);
+    plot.translate(0, 0.2);
+    EXPECT_LT(plot.yRange().to, 0.5e308);
+}
+
+TEST(XYPlot, TheUnitStandsBehindTheNameOfAnAxis)
+{
+    const auto table = tableOf({{1, 2}});
+    table->columns[0].unit = "s";
+    table->columns[1].name = "speed";
+    table->columns[1].unit = "m/s";
+    const XYPlot plot(table, noCheckpoint());
+    std::vector<std::string> texts;
+    for (const PlotText& text : layoutOf(plot, table).texts)
+        texts.push_back(text.item.text);
+    EXPECT_NE(std::find(texts.begin(), texts.end(), "speed (m/s)"), texts.end());
+    EXPECT_NE(std::find(texts.begin(), texts.end(), table->columns[0].name + " (s)"), texts.end());
 }
 
 TEST(XYPlot, LabelsDoNotLieUponEachOther)

@@ -18,7 +18,7 @@ class Choice {
 public:
     Choice(const SurfaceLevels& levels, int level, int column, int row, int columns, int rows)
         : m_column(column - margin), m_row(row - margin), m_columns(columns + 2 * margin), m_rows(rows + 2 * margin),
-          m_leastApart(leastApart * (levels.grid().maximum - levels.grid().minimum))
+          m_leastApart(leastApart * levels.grid().maximum - leastApart * levels.grid().minimum)
     {
         readRanges(levels, level);
         findExtremes();

@@ -17,8 +17,7 @@ struct AxisMap {
 
     Point operator()(Point value) const
     {
-        return {plot.x1 + (value.x - x.from) / x.span() * plot.width(),
-                plot.y1 + (value.y - y.from) / y.span() * plot.height()};
+        return {plot.x1 + x.fractionOf(value.x) * plot.width(), plot.y1 + y.fractionOf(value.y) * plot.height()};
     }
 };
 

@@ -61,6 +61,12 @@ private:
     XYLayout m_layout;
 };
 
+std::string titleOf(const Column& column)
+{
+    const std::string unit = column.unit.empty() ? "" : " (" + shortened(column.unit, longestName) + ")";
+    return shortened(column.name, longestName) + unit;
+}
+
 bool allDates(const std::vector<Series>& series)
 {
     return !series.empty() &&
@@ -83,8 +89,8 @@ void Builder::addTitle()
 bool Builder::placeEntry(std::size_t line, Point& at, std::size_t& row)
 {
     const double size = points(plotsize::label);
-    const std::string& name = m_content.series[line].y->name;
-    TextItem text{shortened(name, longestName), at, size, Align::Start, Align::Middle, false, false, palette::ink};
+    const std::string name = titleOf(*m_content.series[line].y);
+    TextItem text{name, at, size, Align::Start, Align::Middle, false, false, palette::ink};
     const double width = points(sampleLength + plotsize::gap) + measureText(FontFace::regular(), text.text, size).width;
     if (at.x + width > m_free.x2 && at.x > m_free.x1) {
         at = {m_free.x1, at.y - size * 1.6};
@@ -169,9 +175,10 @@ void Builder::addAxisTitles()
     const Rect& plot = m_layout.map.plot;
     const double size = points(plotsize::axisTitle);
     const bool single = m_content.series.size() == 1;
-    const std::string xName = m_content.series.empty() || !m_content.series[0].x ? "Row" : m_content.series[0].x->name;
-    const std::string yName = single ? m_content.series[0].y->name : "Value";
-    m_layout.texts.push_back({{shortened(xName, longestName),
+    const std::string xTitle =
+        m_content.series.empty() || !m_content.series[0].x ? "Row" : titleOf(*m_content.series[0].x);
+    const std::string yTitle = single ? titleOf(*m_content.series[0].y) : "Value";
+    m_layout.texts.push_back({{xTitle,
                                {(plot.x1 + plot.x2) / 2, points(plotsize::edge)},
                                size,
                                Align::Middle,
@@ -180,7 +187,7 @@ void Builder::addAxisTitles()
                                false,
                                palette::ink},
                               xyobject::xTitle});
-    m_layout.texts.push_back({{shortened(yName, longestName),
+    m_layout.texts.push_back({{yTitle,
                                {points(plotsize::edge), (plot.y1 + plot.y2) / 2},
                                size,
                                Align::Middle,

@@ -12,24 +12,32 @@ namespace {
 // Beyond these nothing is to be seen, and soon nothing to be computed.
 constexpr double nearest = 1e-9;
 constexpr double farthest = 1e3;
-constexpr double smallestStepOfDouble = 1e-13;
+// Of the larger number: a few thousand doubles are between them, more than a picture is wide.
+constexpr double closestTogether = 1e-12;
+
+bool isRange(const AxisRange& range)
+{
+    return std::isfinite(range.from) && std::isfinite(range.to) && range.span() > 0;
+}
 
 /// Scales the range about the value that lies at `fraction` of it.
 AxisRange zoomed(const AxisRange& range, const AxisRange& full, double factor, double fraction)
 {
-    const double pivot = range.from + fraction * range.span();
     const double size = std::max(std::fabs(range.from), std::fabs(range.to));
-    const double least = std::max(full.span() * nearest, size * smallestStepOfDouble * 100);
-    const double span = range.span() / factor;
-    if ((factor > 1 && span < least) || (factor < 1 && span > full.span() * farthest) || !std::isfinite(span))
+    const AxisRange result{range.valueAt(fraction - fraction / factor),
+                           range.valueAt(fraction + (1 - fraction) / factor)};
+    const double share = full.fractionOf(result.to) - full.fractionOf(result.from);
+    const bool isTooNear = share < nearest || result.span() < size * closestTogether;
+    if (!isRange(result) || (factor > 1 && isTooNear) || (factor < 1 && share > farthest))
         return range;
-    return {pivot - fraction * span, pivot + (1 - fraction) * span};
+    return result;
 }
 
+/// Moves by a fraction of the range.
 AxisRange moved(const AxisRange& range, double by)
 {
-    const AxisRange result{range.from + by, range.to + by};
-    return std::isfinite(result.from) && std::isfinite(result.to) && result.span() > 0 ? result : range;
+    const AxisRange result{range.valueAt(by), range.valueAt(1 + by)};
+    return isRange(result) ? result : range;
 }
 
 bool crosses(const Rect& rect, Point a, Point b)
@@ -81,8 +89,8 @@ void XYPlot::translate(double dx, double dy)
 {
     AxisMap& map = m_content.map;
     const Rect plot = layOut(m_content, frameSize()).map.plot;
-    map.x = moved(map.x, -dx * frameSize().width / plot.width() * map.x.span());
-    map.y = moved(map.y, -dy * frameSize().height / plot.height() * map.y.span());
+    map.x = moved(map.x, -dx * frameSize().width / plot.width());
+    map.y = moved(map.y, -dy * frameSize().height / plot.height());
 }
 
 void XYPlot::zoom(double factor, double x, double y)
