@@ -88,7 +88,7 @@ TEST_F(HeldBackEvents, MouseAndDropAreInput)
     setHeldBackEvents(HeldBackEvents_Input);
     beginInterruption();
     QMimeData data;
-    QDropEvent drop(QPointF(1, 1), Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QDropEvent drop(QPoint(1, 1), Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
     QMouseEvent press = mouseEvent(QEvent::MouseButtonPress, Qt::LeftButton);
     EXPECT_TRUE(Probe::filter(monitor).eventFilter(&widget, &press));
     EXPECT_TRUE(Probe::filter(monitor).eventFilter(&widget, &drop));
@@ -101,7 +101,7 @@ TEST_F(HeldBackEvents, AQueuedCallDuringAnInterruptionArrivesWhenOnlyInputIsHeld
         Slot slot;
         beginInterruption();
         QMetaObject::invokeMethod(&slot, "call", Qt::QueuedConnection);
-        QCoreApplication::sendPostedEvents(&slot);
+        QCoreApplication::sendPostedEvents(&slot, 0);
         unwind();
         EXPECT_EQ(slot.calls, choice == HeldBackEvents_Input ? 1 : 0);
     }
@@ -126,7 +126,7 @@ TEST_F(HeldBackEvents, ADropThatIsSwallowedIsAnsweredWithNoAction)
         setHeldBackEvents(choice);
         beginInterruption();
         QMimeData data;
-        QDropEvent drop(QPointF(1, 1), Qt::MoveAction | Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QDropEvent drop(QPoint(1, 1), Qt::MoveAction | Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
         drop.setDropAction(Qt::MoveAction);
         EXPECT_TRUE(Probe::filter(monitor).eventFilter(&widget, &drop));
         EXPECT_EQ(drop.dropAction(), Qt::IgnoreAction);

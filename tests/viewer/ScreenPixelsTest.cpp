@@ -22,7 +22,7 @@ using namespace velmora::test;
 
 namespace {
 
-constexpr QRgb RisingLine = qRgb(0, 92, 158);
+const QRgb RisingLine = qRgb(0, 92, 158);
 
 /// How many pixels of the rising line are near a place of the picture.
 int lineAround(const QImage& picture, const QPoint& place)
