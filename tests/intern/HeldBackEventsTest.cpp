@@ -1,5 +1,6 @@
 // What a host chooses: hold everything back while the engine unwinds, or only what a person does.
 #include "integration/HeldBackEvents.h"
+#include "tests/intern/CountingSlot.h"
 #include "tests/intern/InterruptedEventFixture.h"
 #include "tests/support/Wait.h"
 
@@ -52,16 +53,6 @@ bool isTakenForItsClass(int type)
            type == QEvent::MouseButtonDblClick;
 }
 
-class Slot : public QObject {
-    Q_OBJECT
-
-public:
-    int calls = 0;
-
-public Q_SLOTS:
-    void call() { ++calls; }
-};
-
 } // namespace
 
 TEST_F(HeldBackEvents, EverythingIsHeldBackUntilAHostChooses)
@@ -98,7 +89,7 @@ TEST_F(HeldBackEvents, AQueuedCallDuringAnInterruptionArrivesWhenOnlyInputIsHeld
 {
     for (const HeldBackEvents_e choice : {HeldBackEvents_Input, HeldBackEvents_All}) {
         setHeldBackEvents(choice);
-        Slot slot;
+        CountingSlot slot;
         beginInterruption();
         QMetaObject::invokeMethod(&slot, "call", Qt::QueuedConnection);
         QCoreApplication::sendPostedEvents(&slot, 0);
@@ -134,5 +125,3 @@ TEST_F(HeldBackEvents, ADropThatIsSwallowedIsAnsweredWithNoAction)
         sendTrigger(other);
     }
 }
-
-#include "HeldBackEventsTest.moc"

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAbstractEventDispatcher>
+#include <QPair>
 
 namespace velmora::test {
 
