@@ -11,6 +11,9 @@ namespace viewer {
 
 // What the toolkits that the viewer is built with do differently; the folders qt4/, qt5/ and qt6/ have the answers.
 
+/// Whether the toolkit runs elsewhere than on X11, as QT_QPA_PLATFORM tells it, one of them without a display.
+bool hasPlatforms();
+
 /// The size of all screens together, in the toolkit's pixels.
 QSize desktopSize();
 

@@ -1,6 +1,7 @@
 #include "tests/faults/FaultyRun.h"
 
 #include "tests/support/ProcessId.h"
+#include "tests/support/ToolkitFacts.h"
 
 #include <QElapsedTimer>
 #include <QFile>
@@ -82,7 +83,7 @@ bool FaultyRun::hasLoaded(const char* library) const
 
 bool FaultyRun::waitUntilAtWork(int milliseconds)
 {
-    if (!waitFor([this] { return hasLoaded("libqxcb.so"); }))
+    if (!waitFor([this] { return hasLoaded(libraryForX11()); }))
         return false;
     const long starting = processorMilliseconds();
     return waitFor([&] { return processorMilliseconds() >= starting + milliseconds; });

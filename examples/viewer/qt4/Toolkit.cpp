@@ -7,6 +7,11 @@
 
 namespace viewer {
 
+bool hasPlatforms()
+{
+    return false;
+}
+
 QSize desktopSize()
 {
     return QApplication::desktop()->size();

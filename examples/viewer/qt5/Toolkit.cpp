@@ -8,6 +8,11 @@
 
 namespace viewer {
 
+bool hasPlatforms()
+{
+    return true;
+}
+
 QSize desktopSize()
 {
     return QApplication::desktop()->size();

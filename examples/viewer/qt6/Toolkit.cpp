@@ -9,6 +9,11 @@
 
 namespace viewer {
 
+bool hasPlatforms()
+{
+    return true;
+}
+
 QSize desktopSize()
 {
     return QGuiApplication::primaryScreen()->virtualSize();
