@@ -221,7 +221,7 @@ TEST_F(InterruptedEvent, WhatTheToolkitPostsOnlyOnceIsPostedAgain)
     EXPECT_FALSE(doomed.isNull());
     unwind();
     Probe::Filter::engineNotBusyCallback(reinterpret_cast<long>(&Probe::filter(monitor)));
-    EXPECT_TRUE(waitUntil([&] { return doomed.isNull(); }));
+    EXPECT_TRUE(waitUntil([&] { return doomed.isNull() && counter.updates > 0 && counter.layouts > 0; }));
     EXPECT_EQ(counter.updates, 1);
     EXPECT_EQ(counter.layouts, 1);
 }
