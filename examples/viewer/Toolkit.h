@@ -3,6 +3,7 @@
 #include <QPointF>
 #include <QSize>
 
+class QPageSetupDialog;
 class QPainter;
 class QPrinter;
 class QWheelEvent;
@@ -19,6 +20,9 @@ QSize desktopSize();
 
 /// Whether the printer's paper is known by its size alone.
 bool hasCustomPaper(const QPrinter& printer);
+
+/// Has the dialog show the printer's custom paper as it lies, which it takes what is shown for.
+void showAsItLies(QPageSetupDialog& dialog, const QPrinter& printer);
 
 /// Has images painted as they are, where the toolkit would compress them as photographs are.
 void keepImagesExact(QPainter& painter);

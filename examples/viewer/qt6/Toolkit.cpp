@@ -25,6 +25,8 @@ bool hasCustomPaper(const QPrinter& printer)
 }
 
 // In a PDF file a photograph's way of compressing leaves shadows around lines and letters.
+void showAsItLies(QPageSetupDialog&, const QPrinter&) {}
+
 void keepImagesExact(QPainter& painter)
 {
     painter.setRenderHint(QPainter::LosslessImageRendering);
