@@ -1,5 +1,6 @@
 #include "Display.h"
 
+#include "Toolkit.h"
 #include "engine/VelEng.h"
 #include "exception/ExceptionBase.h"
 #include "integration/glarea/GLDrawArea.h"
@@ -23,6 +24,8 @@ int exitCodeWhenLost = NotWatching;
 
 bool isOnX11()
 {
+    if (!hasPlatforms())
+        return true;
     const QByteArray platform = qgetenv("QT_QPA_PLATFORM");
     return platform.isEmpty() ? qgetenv("WAYLAND_DISPLAY").isEmpty() : platform.startsWith("xcb");
 }
@@ -67,9 +70,10 @@ QString displayProblem()
         isDisplayNamed()
             ? QString::fromLatin1("The display \"%1\" cannot be opened.").arg(qgetenv("DISPLAY").constData())
             : QString::fromLatin1("There is no display: DISPLAY is not set.");
-    return problem +
-           QString::fromLatin1(" Set DISPLAY to an X server that lets you in, or run the viewer under xvfb-run. "
-                               "To --print and to --export none is needed: unset DISPLAY and QT_QPA_PLATFORM.");
+    const QLatin1String without(
+        hasPlatforms() ? " To --print and to --export none is needed: unset DISPLAY and QT_QPA_PLATFORM." : "");
+    return problem + QLatin1String(" Set DISPLAY to an X server that lets you in, or run the viewer under xvfb-run.") +
+           without;
 }
 
 // An X server that does the drawing itself may offer contexts that do not work.

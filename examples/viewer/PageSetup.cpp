@@ -45,8 +45,10 @@ void showCustomPaper(QPageSetupDialog& dialog, const QPrinter& printer)
 bool askForPage(QPrinter& printer, QWidget& parent)
 {
     QPageSetupDialog dialog(&printer, &parent);
-    if (hasCustomPaper(printer))
+    if (hasCustomPaper(printer)) {
         showCustomPaper(dialog, printer);
+        showAsItLies(dialog, printer);
+    }
     return dialog.exec() == QDialog::Accepted;
 }
 

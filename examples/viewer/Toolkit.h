@@ -3,6 +3,7 @@
 #include <QPointF>
 #include <QSize>
 
+class QPageSetupDialog;
 class QPainter;
 class QPrinter;
 class QWheelEvent;
@@ -11,11 +12,17 @@ namespace viewer {
 
 // What the toolkits that the viewer is built with do differently; the folders qt4/, qt5/ and qt6/ have the answers.
 
+/// Whether the toolkit runs elsewhere than on X11, as QT_QPA_PLATFORM tells it, one of them without a display.
+bool hasPlatforms();
+
 /// The size of all screens together, in the toolkit's pixels.
 QSize desktopSize();
 
 /// Whether the printer's paper is known by its size alone.
 bool hasCustomPaper(const QPrinter& printer);
+
+/// Has the dialog show the printer's custom paper as it lies, which it takes what is shown for.
+void showAsItLies(QPageSetupDialog& dialog, const QPrinter& printer);
 
 /// Has images painted as they are, where the toolkit would compress them as photographs are.
 void keepImagesExact(QPainter& painter);

@@ -7,7 +7,7 @@ written, so that a later overload or a later parameter is seen as well.
 import re
 
 import clang.cindex as clang
-from clang.cindex import CursorKind
+from clang.cindex import AccessSpecifier, CursorKind
 
 from api import CALLABLES, CLASSES, GLOBAL, MACROS, bare_name, headers_of, is_template, scope_of
 
@@ -25,7 +25,7 @@ IMPLICIT = {"operator="}
 BECAME_TEMPLATES = {("QString", "arg")}
 # Every source starts with these, so that they are read once for all. What it includes itself is checked all the same.
 COMMON_HEADERS = ["QtWidgets/QtWidgets", "QtOpenGL/QtOpenGL", "QtPrintSupport/QtPrintSupport", "QX11Info",
-                  "boost/signals2.hpp", "functional", "memory", "string", "vector"]
+                  "boost/signals2.hpp", "gmock/gmock.h", "functional", "memory", "string", "vector"]
 
 
 def from_qt(cursor):
@@ -52,8 +52,7 @@ def class_of(expression):
 
 def written_arguments(call):
     """The arguments in the text; those that are left to their defaults have no place of their own."""
-    return [each for each in call.get_arguments() if each is not None and each.extent.start.file is not None
-            and each.extent.end.offset > each.extent.start.offset]
+    return [each for each in call.get_arguments() if each is not None and each.extent.start.file is not None]
 
 
 def named_member(expression):
@@ -75,6 +74,9 @@ def place_in_file(cursor):
 class UseFinder:
     """Reports each use that Qt 4.8 does not know, as (file, line, what)."""
 
+    # What this process has checked already: a header says the same wherever it is included.
+    files_done = set()
+
     def __init__(self, api, is_ours):
         self.api, self.is_ours, self.found = api, is_ours, set()
         self.macro_places = set()
@@ -85,9 +87,14 @@ class UseFinder:
         self.found.add((cursor.location.file.name, cursor.location.line, what))
 
     def check(self, unit):
+        names = {}
         for cursor in unit.cursor.get_children():
             place = cursor.location.file
-            if place is None or not self.is_ours(place.name):
+            if place is None:
+                continue
+            if place.name not in names:
+                names[place.name] = place.name not in self.files_done and self.is_ours(place.name)
+            if not names[place.name]:
                 continue
             if cursor.kind == CursorKind.MACRO_INSTANTIATION:
                 self.check_macro(cursor)
@@ -95,6 +102,7 @@ class UseFinder:
                 self.check_inclusion(cursor)
             else:
                 self.walk(cursor, [])
+        self.files_done.update(names)
 
     def walk(self, cursor, around):
         if cursor.kind == CursorKind.CALL_EXPR:
@@ -109,8 +117,8 @@ class UseFinder:
 
     def check_macro(self, cursor):
         definition = cursor.referenced or cursor.get_definition()
-        if definition is None or not from_qt(definition):
-            return
+        if definition is None or not from_qt(definition) or cursor.spelling.startswith("GL_"):
+            return  # OpenGL's names come with its own headers too
         self.macro_places.add((cursor.location.file.name, cursor.location.offset))
         if not any(self.api.knows(scope, cursor.spelling) for scope in (MACROS, GLOBAL)):
             self.report(cursor, cursor.spelling)
@@ -161,6 +169,8 @@ class UseFinder:
 
     def require(self, cursor, target, around, count):
         """Qt 4.8 must have the target, where it is declared here or in the class it is called through."""
+        if target.access_specifier == AccessSpecifier.PRIVATE or target.spelling.startswith("qt_"):
+            return  # the list has neither: what a class keeps for its friends, and moc's
         name = bare_name(target)
         scopes = [scope_of(target)] + self.classes_written(cursor, around)
         if count is None:

@@ -1,5 +1,8 @@
 #include "tests/faults/FaultyRun.h"
 
+#include "tests/support/ProcessId.h"
+#include "tests/support/ToolkitFacts.h"
+
 #include <QElapsedTimer>
 #include <QFile>
 #include <functional>
@@ -63,7 +66,7 @@ void FaultyRun::start(const QStringList& arguments)
 /// 0 when there is no such process any more.
 long FaultyRun::processorMilliseconds() const
 {
-    QFile file(QString::fromLatin1("/proc/%1/stat").arg(m_process.processId()));
+    QFile file(QString::fromLatin1("/proc/%1/stat").arg(processIdOf(m_process)));
     if (!file.open(QIODevice::ReadOnly))
         return 0;
     const QByteArray text = file.readAll();
@@ -74,13 +77,13 @@ long FaultyRun::processorMilliseconds() const
 
 bool FaultyRun::hasLoaded(const char* library) const
 {
-    QFile file(QString::fromLatin1("/proc/%1/maps").arg(m_process.processId()));
+    QFile file(QString::fromLatin1("/proc/%1/maps").arg(processIdOf(m_process)));
     return file.open(QIODevice::ReadOnly) && file.readAll().contains(library);
 }
 
 bool FaultyRun::waitUntilAtWork(int milliseconds)
 {
-    if (!waitFor([this] { return hasLoaded("libqxcb.so"); }))
+    if (!waitFor([this] { return hasLoaded(libraryForX11()); }))
         return false;
     const long starting = processorMilliseconds();
     return waitFor([&] { return processorMilliseconds() >= starting + milliseconds; });

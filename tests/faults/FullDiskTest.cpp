@@ -46,7 +46,7 @@ protected:
         EXPECT_EQ(files().join(" ").toStdString(), name);
         QFile kept(file);
         EXPECT_TRUE(kept.open(QIODevice::ReadOnly));
-        EXPECT_EQ(kept.readAll().toStdString(), older);
+        EXPECT_EQ(kept.readAll().constData(), older);
         EXPECT_TRUE(kept.remove());
     }
 

@@ -36,7 +36,7 @@ protected:
         expectLost();
         QFile kept(old);
         EXPECT_TRUE(kept.open(QIODevice::ReadOnly));
-        EXPECT_EQ(kept.readAll().toStdString(), "an older file");
+        EXPECT_STREQ(kept.readAll().constData(), "an older file");
     }
 
     void expectLost()

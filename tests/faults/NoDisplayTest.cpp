@@ -2,6 +2,7 @@
 
 #include "tests/faults/FaultyRun.h"
 #include "tests/support/Pixels.h"
+#include "tests/support/ToolkitFacts.h"
 #include "tests/viewer/PictureColours.h"
 
 #include <QFile>
@@ -69,6 +70,8 @@ TEST_F(WithoutDisplay, ANameThatIsNoneIsToldByName)
 
 TEST_F(WithoutDisplay, ExportingAndPrintingNeedNone)
 {
+    if (!hasPlatforms())
+        GTEST_SKIP() << "Qt 4 needs an X server for everything";
     setVariable("DISPLAY", QString());
     for (const char* const osMesa : {"", "/there/is/none"}) {
         setVariable("VELMORA_OSMESA_LIBRARY", osMesa);
@@ -83,6 +86,8 @@ TEST_F(WithoutDisplay, ExportingAndPrintingNeedNone)
 
 TEST_F(WithoutDisplay, AnExportHasThePictureThatItHasOnADisplay)
 {
+    if (!hasPlatforms())
+        GTEST_SKIP() << "Qt 4 needs an X server for everything";
     // As the drawings of tests/offscreen agree with each other.
     constexpr int PerChannel = 2;
     constexpr double Share = 0.001;
@@ -96,6 +101,8 @@ TEST_F(WithoutDisplay, AnExportHasThePictureThatItHasOnADisplay)
 
 TEST_F(WithoutDisplay, WithNeitherEglNorOSMesaAnExportFailsWithAReasonAndPrintingToo)
 {
+    if (!hasPlatforms())
+        GTEST_SKIP() << "Qt 4 needs an X server for everything";
     setVariable("DISPLAY", QString());
     setVariable("VELMORA_OSMESA_LIBRARY", "/there/is/none");
     setVariable("VELMORA_EGL_LIBRARY", "/there/is/none");

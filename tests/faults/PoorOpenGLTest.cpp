@@ -1,6 +1,7 @@
 // The viewer on displays whose OpenGL is poor, or not there.
 
 #include "tests/faults/FaultyRun.h"
+#include "tests/support/ToolkitFacts.h"
 #include "tests/viewer/PictureColours.h"
 
 #include <QFile>
@@ -48,7 +49,7 @@ protected:
         expectRun(task("--export", old), Failed, QStringList() << "other strategy");
         QFile kept(old);
         EXPECT_TRUE(kept.open(QIODevice::ReadOnly));
-        EXPECT_EQ(kept.readAll().toStdString(), "an older file");
+        EXPECT_STREQ(kept.readAll().constData(), "an older file");
 
         const QString picture = folder.file("out.png");
         expectPicture(task("--export", picture) << "--strategy"
@@ -73,6 +74,8 @@ protected:
 
 TEST_F(PoorOpenGL, AServerWithoutTheExtensionServesThroughWhatElseThereIs)
 {
+    if (!hasPlatforms())
+        GTEST_SKIP() << "Qt 4 draws into windows with GLX alone";
     useServer(QStringList() << "-extension"
                             << "GLX");
     expectPictures();
@@ -109,6 +112,8 @@ TEST_F(PoorOpenGL, WithoutDoubleBufferingEverythingIsDrawn)
     useServer(QStringList());
     setVariable("LD_PRELOAD", SINGLE_BUFFERED_GLX);
     expectPictures();
+    // Qt 4 looks for no configurations of a window when it exports.
+    expectRun(task("--snapshot", folder.file("out.png")), 0);
     EXPECT_TRUE(told().contains("configurations hidden")) << told().toStdString();
 }
 

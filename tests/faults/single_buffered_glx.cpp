@@ -17,6 +17,11 @@ Function next(const char* name)
     return reinterpret_cast<Function>(dlsym(RTLD_NEXT, name));
 }
 
+void tellHidden(long count)
+{
+    std::fprintf(stderr, "single_buffered_glx: %ld configurations hidden\n", count);
+}
+
 bool isDoubleBuffered(Display* display, GLXFBConfig config)
 {
     int value = 0;
@@ -29,7 +34,7 @@ GLXFBConfig* withoutDoubleBuffered(Display* display, GLXFBConfig* configs, int* 
         return configs;
     GLXFBConfig* const end = std::remove_if(
         configs, configs + *count, [display](GLXFBConfig config) { return isDoubleBuffered(display, config); });
-    std::fprintf(stderr, "single_buffered_glx: %ld configurations hidden\n", configs + *count - end);
+    tellHidden(configs + *count - end);
     *count = static_cast<int>(end - configs);
     if (*count > 0)
         return configs;
@@ -68,6 +73,7 @@ EXPORTED XVisualInfo* glXChooseVisual(Display* display, int screen, int* attribu
     int doubleBuffered = 0;
     if (!visual || glXGetConfig(display, visual, GLX_DOUBLEBUFFER, &doubleBuffered) != Success || !doubleBuffered)
         return visual;
+    tellHidden(1);
     XFree(visual);
     return nullptr;
 }

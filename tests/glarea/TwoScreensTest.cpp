@@ -3,6 +3,7 @@
 #include "interfaces/MouseEventInterface.h"
 #include "interfaces/MouseEventListenerInterface.h"
 #include "tests/glarea/DrawAreaFixture.h"
+#include "tests/support/ToolkitFacts.h"
 #include "tests/support/ToolkitWindows.h"
 #include "tests/support/Wait.h"
 #include "tests/support/XInput.h"
@@ -26,6 +27,8 @@ protected:
     void SetUp() override
     {
         DrawArea::SetUp();
+        if (!hasPlatforms() && screenGeometries().size() == 1)
+            GTEST_SKIP() << "a Qt 4 that is built without Xinerama knows no second screen";
         ASSERT_EQ((std::vector<QRect>{Left, Right}), screenGeometries());
     }
 };

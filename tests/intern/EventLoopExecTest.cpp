@@ -29,7 +29,6 @@ public:
     bool unregisterTimer(int) override { return true; }
     bool unregisterTimers(QObject*) override { return true; }
     QList<TimerInfo> registeredTimers(QObject*) const override { return QList<TimerInfo>(); }
-    int remainingTime(int) override { return -1; }
     void wakeUp() override {}
     void interrupt() override {}
 };
@@ -48,7 +47,7 @@ TEST(ProcessWhileBusy, ProcessesEventsOnceWithTheFlagOfARunningLoop)
 int main(int argc, char** argv)
 {
     ::testing::InitGoogleTest(&argc, argv);
-    QCoreApplication::setEventDispatcher(new RecordingDispatcher); // the application object's from here on
+    velmora::test::makeApplicationUse(*new RecordingDispatcher); // the application object's from here on
     const QCoreApplication application(argc, argv);
     return RUN_ALL_TESTS();
 }

@@ -1,5 +1,6 @@
 // What a host chooses: hold everything back while the engine unwinds, or only what a person does.
 #include "integration/HeldBackEvents.h"
+#include "tests/intern/CountingSlot.h"
 #include "tests/intern/InterruptedEventFixture.h"
 #include "tests/support/Wait.h"
 
@@ -52,16 +53,6 @@ bool isTakenForItsClass(int type)
            type == QEvent::MouseButtonDblClick;
 }
 
-class Slot : public QObject {
-    Q_OBJECT
-
-public:
-    int calls = 0;
-
-public Q_SLOTS:
-    void call() { ++calls; }
-};
-
 } // namespace
 
 TEST_F(HeldBackEvents, EverythingIsHeldBackUntilAHostChooses)
@@ -88,7 +79,7 @@ TEST_F(HeldBackEvents, MouseAndDropAreInput)
     setHeldBackEvents(HeldBackEvents_Input);
     beginInterruption();
     QMimeData data;
-    QDropEvent drop(QPointF(1, 1), Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QDropEvent drop(QPoint(1, 1), Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
     QMouseEvent press = mouseEvent(QEvent::MouseButtonPress, Qt::LeftButton);
     EXPECT_TRUE(Probe::filter(monitor).eventFilter(&widget, &press));
     EXPECT_TRUE(Probe::filter(monitor).eventFilter(&widget, &drop));
@@ -98,10 +89,10 @@ TEST_F(HeldBackEvents, AQueuedCallDuringAnInterruptionArrivesWhenOnlyInputIsHeld
 {
     for (const HeldBackEvents_e choice : {HeldBackEvents_Input, HeldBackEvents_All}) {
         setHeldBackEvents(choice);
-        Slot slot;
+        CountingSlot slot;
         beginInterruption();
         QMetaObject::invokeMethod(&slot, "call", Qt::QueuedConnection);
-        QCoreApplication::sendPostedEvents(&slot);
+        QCoreApplication::sendPostedEvents(&slot, 0);
         unwind();
         EXPECT_EQ(slot.calls, choice == HeldBackEvents_Input ? 1 : 0);
     }
@@ -126,7 +117,7 @@ TEST_F(HeldBackEvents, ADropThatIsSwallowedIsAnsweredWithNoAction)
         setHeldBackEvents(choice);
         beginInterruption();
         QMimeData data;
-        QDropEvent drop(QPointF(1, 1), Qt::MoveAction | Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QDropEvent drop(QPoint(1, 1), Qt::MoveAction | Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
         drop.setDropAction(Qt::MoveAction);
         EXPECT_TRUE(Probe::filter(monitor).eventFilter(&widget, &drop));
         EXPECT_EQ(drop.dropAction(), Qt::IgnoreAction);
@@ -134,5 +125,3 @@ TEST_F(HeldBackEvents, ADropThatIsSwallowedIsAnsweredWithNoAction)
         sendTrigger(other);
     }
 }
-
-#include "HeldBackEventsTest.moc"

@@ -16,13 +16,14 @@ using ::testing::IsEmpty;
 
 TEST_F(InterruptedEvent, IsSentAgainBeforeTheEventThatTriggersIt)
 {
-    QKeyEvent key(QEvent::KeyPress, Qt::Key_A, Qt::NoModifier, QString("a"), true, 2);
+    // Of a press, Qt 4 would first ask whether it overrides a shortcut.
+    QKeyEvent key(QEvent::KeyRelease, Qt::Key_A, Qt::NoModifier, QString("a"), true, 2);
     QString text;
     bool isAutoRepeat = false;
     int count = 0;
     bool wasSpontaneous = true;
     widget.onEvent = [&](QEvent& event) {
-        if (event.type() != QEvent::KeyPress)
+        if (event.type() != QEvent::KeyRelease)
             return;
         wasSpontaneous = event.spontaneous();
         const QKeyEvent& seen = static_cast<QKeyEvent&>(event);
@@ -37,7 +38,7 @@ TEST_F(InterruptedEvent, IsSentAgainBeforeTheEventThatTriggersIt)
     sendTrigger(other);
     const Journal entries = received();
     ASSERT_GE(entries.size(), 2u);
-    EXPECT_EQ(entries[entries.size() - 2], "widget: KeyPress " + A);
+    EXPECT_EQ(entries[entries.size() - 2], "widget: KeyRelease " + A);
     EXPECT_EQ(entries.back(), "other: User");
     EXPECT_FALSE(wasSpontaneous);
     EXPECT_EQ(text, QString("a"));
@@ -220,7 +221,7 @@ TEST_F(InterruptedEvent, WhatTheToolkitPostsOnlyOnceIsPostedAgain)
     EXPECT_FALSE(doomed.isNull());
     unwind();
     Probe::Filter::engineNotBusyCallback(reinterpret_cast<long>(&Probe::filter(monitor)));
-    EXPECT_TRUE(waitUntil([&] { return doomed.isNull(); }));
+    EXPECT_TRUE(waitUntil([&] { return doomed.isNull() && counter.updates > 0 && counter.layouts > 0; }));
     EXPECT_EQ(counter.updates, 1);
     EXPECT_EQ(counter.layouts, 1);
 }

@@ -1,5 +1,7 @@
 #include "tests/intern/MonitorModel.h"
 
+#include "tests/support/ToolkitFacts.h"
+
 #include <algorithm>
 
 namespace velmora::test {
@@ -238,9 +240,26 @@ void MonitorModel::pump()
         event.spontaneous = false;
         send(parked.receiver, event);
     }
-    if (!m_hasInterrupted)
-        processPosted();
+    if (!m_hasInterrupted) {
+        m_turnIsToProcess = true;
+        processEvents();
+    }
     m_levelOfLoop = noLevel;
+    m_turnIsToProcess = false;
+}
+
+// What the toolkit's dispatcher does once; whether it would wait then.
+bool MonitorModel::processEvents()
+{
+    m_loopHasEnded = false;
+    if (deliversPostedEventsBeforeWaking()) {
+        processPosted();
+        if (m_loopHasEnded)
+            return false;
+    }
+    dispatcherIsAwake();
+    processPosted();
+    return !m_postedSince;
 }
 
 // One round of what was posted before it; a round inside it goes on where it is.
@@ -257,21 +276,23 @@ void MonitorModel::processPosted()
 // A loop waits when nothing is posted any more; what happens in it happens then.
 void MonitorModel::runLoop(int id)
 {
-    ++m_level;
-    do {
-        dispatcherIsAwake();
-        processPosted();
-    } while (m_postedSince);
+    const int level = m_level;
+    m_level += countsEventLoops() ? 1 : 0;
+    while (!processEvents()) {
+    }
     if (m_busy)
         noteLoop();
     react(id);
-    --m_level;
+    m_level = level;
+    m_loopHasEnded = true;
 }
 
 // A handler that processes events though a stop was asked for waits for something.
 void MonitorModel::dispatcherIsAwake()
 {
-    if (m_levelOfWork != noLevel && m_busy && shouldInterrupt())
+    if (m_turnIsToProcess)
+        m_turnIsToProcess = false;
+    else if (m_levelOfWork != noLevel && m_busy && shouldInterrupt())
         noteLoop();
 }
 

@@ -92,6 +92,7 @@ private:
     void startIdleTimer();
     bool isHeldBack(Who receiver, const Event& event);
     void pump();
+    bool processEvents();
     void processPosted();
     void runLoop(int id);
     void react(int id);
@@ -107,6 +108,8 @@ private:
     std::vector<Posted> m_posted;
     std::size_t m_nextPosted = 0;
     std::size_t m_endOfPosted = 0;
+    bool m_turnIsToProcess = false; ///< what the dispatcher tells next is of the turn itself
+    bool m_loopHasEnded = false;    ///< the dispatcher returns to the loop around at once
     bool m_alive[receiverCount] = {true, true, true, true, true};
     bool m_busy = false;
     bool m_interrupting = false;

@@ -2,9 +2,9 @@
 
 #include "integration/HeldBackEvents.h"
 #include "tests/intern/WatchedAllocations.h"
+#include "tests/intern/WhenWaiting.h"
 #include "tests/support/WheelEvents.h"
 
-#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDialog>
@@ -244,34 +244,7 @@ void RealWorld::fireIdleTimer()
     m_idleTimerEvent = outer;
 }
 
-namespace {
-
-/// Acts once, when the innermost loop is about to wait for the first time, if it is that of this object.
-class WhenWaiting : public QObject {
-    Q_OBJECT
-
-public:
-    explicit WhenWaiting(std::function<bool()> isInnermost, std::function<void()> act)
-        : m_isInnermost(std::move(isInnermost)), m_act(std::move(act))
-    {
-        connect(QAbstractEventDispatcher::instance(), SIGNAL(aboutToBlock()), this, SLOT(act()));
-    }
-
-private Q_SLOTS:
-    void act()
-    {
-        if (!m_act || !m_isInnermost())
-            return;
-        const std::function<void()> once = std::exchange(m_act, nullptr);
-        once();
-    }
-
-private:
-    const std::function<bool()> m_isInnermost;
-    std::function<void()> m_act;
-};
-
-} // namespace
+namespace {} // namespace
 
 void RealWorld::runLoop(int id, LoopKind kind)
 {
@@ -343,5 +316,3 @@ void RealWorld::run(const Step& step)
 }
 
 } // namespace velmora::test
-
-#include "RealWorld.moc"

@@ -8,6 +8,7 @@
 #include "interfaces/OffscreenImageInterface.h"
 #include "tests/offscreen/ImageKinds.h"
 #include "tests/offscreen/ImageSetting.h"
+#include "tests/offscreen/ToolkitLimits.h"
 #include "tests/support/Pixels.h"
 #include "tests/support/Wait.h"
 #include "tests/viewer/TempFolder.h"
@@ -131,7 +132,7 @@ TEST_P(Agreement, EveryKindOfImageIsTheReferencePicture)
         GTEST_SKIP() << referenceFile().toStdString() << " is renewed. Look at it.";
     }
     const QImage wanted = reference();
-    for (const ImageKind kind : everyKind())
+    for (const ImageKind kind : drawnKinds())
         expectLike(inImage(kind), wanted, LikeReference, nameOf(kind).c_str());
 }
 
@@ -155,8 +156,8 @@ TEST_P(Agreement, TheScreenShowsTheReferencePictureWithSmootherEdges)
 
 TEST_P(Agreement, EveryKindOfImageHasTheSamePixels)
 {
-    const QImage first = inImage(everyKind().front());
-    for (const ImageKind kind : everyKind())
+    const QImage first = inImage(drawnKinds().front());
+    for (const ImageKind kind : drawnKinds())
         expectLike(inImage(kind), first, Alike, nameOf(kind).c_str());
 }
 
@@ -164,8 +165,11 @@ TEST_P(Agreement, AnImageWithTheScreensSamplesHasTheScreensPixels)
 {
     const QImage screen = onScreen();
     const ImageSetting samples("MaxMultiSamples", 4);
-    for (const ImageKind kind : {ImageKind::PixelBuffer, ImageKind::Egl})
-        expectLike(inImage(kind), screen, Alike, (nameOf(kind) + "-with-samples").c_str());
+    for (const ImageKind kind : {ImageKind::PixelBuffer, ImageKind::Egl}) {
+        // The window system draws upside down, so that its samples lie mirrored.
+        const bool isMirrored = kind == ImageKind::PixelBuffer && pixelBuffersAreOfTheWindowSystem();
+        expectLike(inImage(kind), screen, isMirrored ? ButForEdges : Alike, (nameOf(kind) + "-with-samples").c_str());
+    }
 }
 
 } // namespace

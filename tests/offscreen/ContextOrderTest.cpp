@@ -54,7 +54,7 @@ protected:
 
     void expectTurn(int who, int variant)
     {
-        const std::vector<ImageKind> kinds = everyKind();
+        const std::vector<ImageKind> kinds = drawnKinds();
         if (who == static_cast<int>(kinds.size()))
             expectOnScreen(variant);
         else
@@ -67,7 +67,7 @@ protected:
 
 TEST_F(ContextOrder, TheScreenAndEveryKindOfImageDrawRightAfterEachOther)
 {
-    const int count = static_cast<int>(everyKind().size()) + 1;
+    const int count = static_cast<int>(drawnKinds().size()) + 1;
     int variant = 0;
     for (int before = 0; before < count && !HasFailure(); ++before)
         for (int after = 0; after < count; ++after) {
@@ -79,8 +79,8 @@ TEST_F(ContextOrder, TheScreenAndEveryKindOfImageDrawRightAfterEachOther)
 
 TEST_F(ContextOrder, TheScreenPixelBufferPixmapAndSoftwareDrawRightInEveryOrder)
 {
-    const int screen = static_cast<int>(everyKind().size());
-    int order[] = {0, 1, screen - 2, screen};
+    const int screen = static_cast<int>(drawnKinds().size());
+    int order[] = {0, 1, std::max(2, screen - 2), screen};
     std::sort(order, order + 4);
     int variant = 0;
     do
@@ -214,7 +214,7 @@ TEST_P(ForeignContext, IsReadAndDestroyedWithoutTakingTheHostsOwnContextAway)
 
 TEST_F(ContextOrder, AnApplicationThatPaintsAtTheEndOfADrawingSpoilsNoKindOfImage)
 {
-    for (const ImageKind kind : everyKind()) {
+    for (const ImageKind kind : drawnKinds()) {
         auto image = createImage(kind, Width, Height);
         renderImage(kind, *image, [&](const GLTable& gl, int w, int h) {
             drawTiles(gl, w, h, 4);

@@ -3,6 +3,7 @@
 
 #include "integration/toolkit/PixelBuffer.h"
 #include "tests/offscreen/RefusedContexts.h"
+#include "tests/offscreen/ToolkitLimits.h"
 
 #include <gtest/gtest.h>
 
@@ -13,6 +14,8 @@ using namespace sdk::integration;
 
 TEST(TheFirstQueryOfTheLimits, IsAskedAgainWhenItFailed)
 {
+    if (const char* const reason = whyLimitsNeedNoContext())
+        GTEST_SKIP() << reason;
     {
         const RefusedContexts refusal;
         EXPECT_FALSE(toolkit::hasPixelBuffers());

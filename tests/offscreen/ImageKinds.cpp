@@ -7,7 +7,9 @@
 #include "integration/offscreen/OffscreenImagePixmap.h"
 #include "integration/services/OffscreenImageService.h"
 #include "interfaces/OffscreenImageInterface.h"
+#include "tests/offscreen/ToolkitLimits.h"
 
+#include <algorithm>
 #include <stdexcept>
 
 namespace velmora::test {
@@ -73,6 +75,14 @@ std::vector<ImageKind> everyKind()
 {
     std::vector<ImageKind> kinds = kindsWithoutDisplay();
     kinds.insert(kinds.begin(), {ImageKind::PixelBuffer, ImageKind::Pixmap});
+    return kinds;
+}
+
+std::vector<ImageKind> drawnKinds()
+{
+    std::vector<ImageKind> kinds = everyKind();
+    if (whyNoPixmapsAreDrawn())
+        kinds.erase(std::remove(kinds.begin(), kinds.end(), ImageKind::Pixmap), kinds.end());
     return kinds;
 }
 

@@ -28,6 +28,8 @@ std::string nameOf(ImageKind kind);
 bool isOfEgl(ImageKind kind);
 /// The kinds of a process with a display: all, but for OSMesa where that is not installed.
 std::vector<ImageKind> everyKind();
+/// Those of them that the toolkit can draw into.
+std::vector<ImageKind> drawnKinds();
 /// Those that need neither display nor toolkit.
 std::vector<ImageKind> kindsWithoutDisplay();
 /// The strategy that the kind is of.

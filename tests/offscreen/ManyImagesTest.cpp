@@ -5,6 +5,7 @@
 #include "tests/offscreen/EngineStandIn.h"
 #include "tests/offscreen/ImageKinds.h"
 #include "tests/offscreen/TestPicture.h"
+#include "tests/offscreen/ToolkitLimits.h"
 
 #include <QDir>
 #include <fstream>
@@ -26,6 +27,13 @@ constexpr bool IsSanitized = false;
 
 class ManyImages : public ::testing::TestWithParam<ImageKind> {
 protected:
+    void SetUp() override
+    {
+        const char* const reason = GetParam() == ImageKind::Pixmap ? whyNoPixmapsAreDrawn() : nullptr;
+        if (reason)
+            GTEST_SKIP() << reason;
+    }
+
     void makeDrawAndRead(int count)
     {
         services::OffscreenImageService service;

@@ -148,7 +148,7 @@ TEST(OffscreenImageEgl, ThePictureIsOpaqueWhateverAlphaWasDrawn)
         gl.clearColor(0.2f, 0.4f, 0.6f, 0.0f);
         gl.clear(GL_COLOR_BUFFER_BIT);
     });
-    EXPECT_EQ(image.toImage().pixel(2, 2), qRgb(51, 102, 153));
+    EXPECT_EQ(image.toImage().convertToFormat(QImage::Format_ARGB32).pixel(2, 2), qRgb(51, 102, 153));
 }
 
 TEST(OffscreenImageEgl, TheDrawingCoversTheWholeImageWithoutSettingAViewport)

@@ -6,6 +6,7 @@
 #include "tests/offscreen/EngineStandIn.h"
 #include "tests/offscreen/ImageKinds.h"
 #include "tests/offscreen/TestPicture.h"
+#include "tests/offscreen/ToolkitLimits.h"
 #include "tests/support/Pixels.h"
 
 #include <QApplication>
@@ -30,6 +31,8 @@ TEST(OffscreenImagePixmap, ThereIsNoPictureBeforeItIsRendered)
 
 TEST(OffscreenImagePixmap, TheEnginesAnswerDoesNotMatter)
 {
+    if (const char* const reason = whyNoPixmapsAreDrawn())
+        GTEST_SKIP() << reason;
     for (const int answer : {0, 1, 2, -1}) {
         OffscreenImagePixmap image(8, 8);
         const EngineDraws drawing([&](ExportRegion_e, OffscreenImageInterface&) { return answer; });
@@ -55,6 +58,8 @@ TEST(OffscreenImagePixmap, ASizeThatCannotBeRenderedFailsLeavesNoPictureAndDraws
 
 TEST(OffscreenImagePixmap, TheWidgetsContextIsCurrentWhileTheEngineDraws)
 {
+    if (const char* const reason = whyNoPixmapsAreDrawn())
+        GTEST_SKIP() << reason;
     OffscreenImagePixmap image(8, 8);
     bool current = false;
     const EngineDraws drawing([&](ExportRegion_e, OffscreenImageInterface& target) {
@@ -81,6 +86,8 @@ TEST(OffscreenImagePixmap, NoWidgetIsLeftAndNoneIsShown)
 
 TEST(OffscreenImagePixmap, ADrawingThatThrowsLeavesThePictureOfBefore)
 {
+    if (const char* const reason = whyNoPixmapsAreDrawn())
+        GTEST_SKIP() << reason;
     OffscreenImagePixmap image(20, 10);
     renderImage(ImageKind::Pixmap, image, [](const GLTable& gl, int w, int h) { drawTiles(gl, w, h); });
     try {

@@ -9,6 +9,7 @@
 #include "tests/offscreen/ImageKinds.h"
 #include "tests/offscreen/ImageSetting.h"
 #include "tests/offscreen/TestPicture.h"
+#include "tests/offscreen/ToolkitLimits.h"
 
 #include <gtest/gtest.h>
 #include <vector>
@@ -20,6 +21,13 @@ using namespace sdk::integration;
 
 class OffscreenImages : public ::testing::TestWithParam<ImageKind> {
 protected:
+    void SetUp() override
+    {
+        const char* const reason = GetParam() == ImageKind::Pixmap ? whyNoPixmapsAreDrawn() : nullptr;
+        if (reason)
+            GTEST_SKIP() << reason;
+    }
+
     ImageKind kind() const { return GetParam(); }
 
     /// An image that holds the tiles; to be given back to the service.

@@ -10,7 +10,6 @@
 #include "tests/support/Wait.h"
 #include "tests/viewer/TempFolder.h"
 
-#include <QTimer>
 #include <gtest/gtest.h>
 
 namespace velmora::test {
@@ -20,20 +19,22 @@ using namespace sdk::integration;
 
 constexpr int Side = 90;
 
-/// Draws and shows another picture each time that it is told to.
+/// Draws and shows another picture each time that a timer of its own tells.
 class Painter : public toolkit::GLWidget {
 public:
-    void paintNext()
-    {
-        makeCurrent();
-        drawTiles(screenGL(), Side, Side, ++m_pictures);
-        swapBuffers();
-    }
     int pictures() const { return m_pictures; }
     bool showsTheLast() const
     {
         return waitUntil(
             [this] { return differingFraction(grabFromScreen(*this), tiles(Side, Side, m_pictures), 0) == 0.0; });
+    }
+
+protected:
+    void timerEvent(QTimerEvent*) override
+    {
+        makeCurrent();
+        drawTiles(screenGL(), Side, Side, ++m_pictures);
+        swapBuffers();
     }
 
 private:
@@ -80,11 +81,9 @@ TEST_P(PaintingMeanwhile, SpoilsNeitherTheExportNorWhatIsPainted)
 {
     const ImageSetting preference("PreferEGL", GetParam().second);
     const QImage undisturbed = exported();
-    QTimer timer;
-    QObject::connect(&timer, &QTimer::timeout, [this] { m_painter.paintNext(); });
-    timer.start(0);
+    const int timer = m_painter.startTimer(0);
     const QImage disturbed = exported();
-    timer.stop();
+    m_painter.killTimer(timer);
     EXPECT_GT(m_painter.pictures(), 0);
     EXPECT_TRUE(m_painter.showsTheLast());
     EXPECT_EQ(disturbed, undisturbed);

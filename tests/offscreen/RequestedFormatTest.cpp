@@ -35,14 +35,17 @@ TEST(OffscreenImagePBuffer, TheToolkitIsAskedForAPlainBufferWithoutDirectRenderi
 TEST(OffscreenImagePBuffer, TheToolkitIsAskedForWhatIsConfigured)
 {
     const ImageSetting depth("DepthBufferSize", 16);
-    const ImageSetting samples("MaxMultiSamples", 4);
-    const ImageSetting accumulation("MaxAccumBufferSize", 8);
-    const QGLFormat format = requestedFormat();
-    EXPECT_EQ(format.depthBufferSize(), 16);
-    EXPECT_EQ(format.samples(), 4);
-    EXPECT_EQ(format.accumBufferSize(), 8);
-    EXPECT_FALSE(format.doubleBuffer());
-    EXPECT_FALSE(format.directRendering());
+    // One after the other: X servers rarely have a pixel buffer with both.
+    for (const bool accumulates : {false, true}) {
+        const ImageSetting samples("MaxMultiSamples", accumulates ? 0 : 4);
+        const ImageSetting accumulation("MaxAccumBufferSize", accumulates ? 8 : 0);
+        const QGLFormat format = requestedFormat();
+        EXPECT_EQ(format.depthBufferSize(), 16);
+        EXPECT_EQ(format.samples(), accumulates ? QGLFormat().samples() : 4);
+        EXPECT_EQ(format.accumBufferSize(), accumulates ? 8 : QGLFormat().accumBufferSize());
+        EXPECT_FALSE(format.doubleBuffer());
+        EXPECT_FALSE(format.directRendering());
+    }
 }
 
 } // namespace

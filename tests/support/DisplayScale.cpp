@@ -28,7 +28,7 @@ QPoint placeOnScreen(const QWidget& widget, const QPoint& position)
     const QWidget* const native = widget.internalWinId() ? &widget : widget.nativeParentWidget();
     if (!native)
         return inScreenPixels(widget, widget.mapToGlobal(position));
-    const QPoint inWindow = inScreenPixels(widget, widget.mapTo(native, position));
+    const QPoint inWindow = inScreenPixels(widget, widget.mapTo(const_cast<QWidget*>(native), position));
     Display* const display = toolkitDisplay();
     int x = 0;
     int y = 0;

@@ -57,6 +57,9 @@ bool showAndWait(QWidget& widget)
     widget.show();
     widget.activateWindow();
     const bool shown = waitUntil([&] { return watcher.painted && widget.isVisible(); });
+    // Qt 4 activates no window before the server has mapped it.
+    if (!widget.isActiveWindow())
+        widget.activateWindow();
     qApp->removeEventFilter(&watcher);
     return shown;
 }

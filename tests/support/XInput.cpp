@@ -112,6 +112,9 @@ void closeByWindowManager(const QWidget& window)
 
 void focusWindow(const QWidget& window)
 {
+    // The server must have been asked to map it before, which the toolkit may still keep for itself.
+    if (toolkitDisplay())
+        XSync(toolkitDisplay(), False);
     XSetInputFocus(inputDisplay(), window.window()->winId(), RevertToParent, CurrentTime);
     deliver();
 }

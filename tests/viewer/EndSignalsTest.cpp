@@ -24,7 +24,7 @@ const char* const Older = "an older file";
 std::string contentOf(const QString& name)
 {
     QFile file(name);
-    return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : "";
+    return file.open(QIODevice::ReadOnly) ? file.readAll().constData() : "";
 }
 
 // Not a QProcess, which does not tell what signal has ended it.

@@ -22,7 +22,7 @@ using namespace velmora::test;
 
 namespace {
 
-constexpr QRgb RisingLine = qRgb(0, 92, 158);
+const QRgb RisingLine = qRgb(0, 92, 158);
 
 /// How many pixels of the rising line are near a place of the picture.
 int lineAround(const QImage& picture, const QPoint& place)
@@ -37,10 +37,12 @@ protected:
     {
         open(folder.writeTable());
         first = picture();
-        // In the right half the two lines are apart at most places; the first column from there will do.
-        for (int y = 0; y < first.height() && place.isNull(); ++y)
-            if (first.pixel(first.width() * 7 / 10, y) == RisingLine)
-                place = QPoint(first.width() * 7 / 10, y);
+        // In the right half the two lines are apart at most places; the first column from there that has a pixel
+        // without any of the ground in it will do.
+        for (int x = first.width() * 7 / 10; x < first.width() && place.isNull(); ++x)
+            for (int y = 0; y < first.height() && place.isNull(); ++y)
+                if (first.pixel(x, y) == RisingLine)
+                    place = QPoint(x, y);
     }
 
     /// The place as a position of the area.

@@ -8,6 +8,11 @@
 
 namespace viewer {
 
+bool hasPlatforms()
+{
+    return true;
+}
+
 QSize desktopSize()
 {
     return QApplication::desktop()->size();
@@ -19,6 +24,8 @@ bool hasCustomPaper(const QPrinter& printer)
 }
 
 // In a PDF file a photograph's way of compressing leaves shadows around lines and letters.
+void showAsItLies(QPageSetupDialog&, const QPrinter&) {}
+
 void keepImagesExact(QPainter& painter)
 {
     painter.setRenderHint(QPainter::LosslessImageRendering);

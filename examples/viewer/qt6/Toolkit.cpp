@@ -9,6 +9,11 @@
 
 namespace viewer {
 
+bool hasPlatforms()
+{
+    return true;
+}
+
 QSize desktopSize()
 {
     return QGuiApplication::primaryScreen()->virtualSize();
@@ -20,6 +25,8 @@ bool hasCustomPaper(const QPrinter& printer)
 }
 
 // In a PDF file a photograph's way of compressing leaves shadows around lines and letters.
+void showAsItLies(QPageSetupDialog&, const QPrinter&) {}
+
 void keepImagesExact(QPainter& painter)
 {
     painter.setRenderHint(QPainter::LosslessImageRendering);

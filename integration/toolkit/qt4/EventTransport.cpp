@@ -1,6 +1,8 @@
 #include "integration/toolkit/EventTransport.h"
 
-#include <QEvent>
+#include <QCursor>
+#include <QHoverEvent>
+#include <QWidget>
 
 namespace velmora::sdk::integration::toolkit {
 

@@ -1,8 +1,9 @@
 #include "integration/toolkit/PixelBuffer.h"
 
-#include "integration/opengl/PlainReading.h"
+#include "integration/opengl/FramebufferReader.h"
 #include "integration/toolkit/CurrentContext.h"
 #include "integration/toolkit/GuiClient.h"
+#include "integration/toolkit/LargeImage.h"
 
 #include <QGLContext>
 #include <QGLPixelBuffer>
@@ -10,6 +11,9 @@
 namespace velmora::sdk::integration::toolkit {
 
 namespace {
+
+/// The name of the buffer that the window system gave.
+constexpr unsigned WindowSystemFramebuffer = 0;
 
 QGLFormat formatFor(const FormatRequest& request)
 {
@@ -40,11 +44,11 @@ bool hasPixelBuffers()
 
 struct PixelBuffer::Impl {
     QGLPixelBuffer buffer;
-    bool isUsable;
+    bool isUsable = false;
+    LargeImage picture = {};
 };
 
-PixelBuffer::PixelBuffer(const QSize& size, const FormatRequest& request)
-    : m_impl(new Impl{{size, formatFor(request)}, false})
+PixelBuffer::PixelBuffer(const QSize& size, const FormatRequest& request) : m_impl(new Impl{{size, formatFor(request)}})
 {
     // A buffer that the server refused shows only when it is used.
     const CurrentContextKeeper keeper;
@@ -69,7 +73,11 @@ bool PixelBuffer::makeCurrent()
     if (!m_impl->buffer.makeCurrent())
         return false;
     const QGLContext* const context = QGLContext::currentContext();
-    return context && context->device() == &m_impl->buffer;
+    if (!context || context->device() != &m_impl->buffer)
+        return false;
+    // The toolkit leaves a framebuffer object of the drawing's own bound.
+    intern::bindFramebuffer(intern::ReadingGL(entryPoint), WindowSystemFramebuffer);
+    return true;
 }
 
 void PixelBuffer::doneCurrent()
@@ -86,13 +94,12 @@ QImage PixelBuffer::readBack()
 {
     if (!isUsable() || !makeCurrent())
         return QImage();
+    // The toolkit's own way asks for no errors, and some drivers give it one sample of each pixel.
     const intern::ReadingGL gl(entryPoint);
-    gl.forgetErrors();
-    if (!gl.answers())
-        return QImage();
-    const intern::PlainReading plain(gl);
-    const QImage image = m_impl->buffer.toImage();
-    return gl.succeeded() ? image : QImage();
+    const bool isMultisampled = gl.hasFramebufferObjects() && gl.integer(GL_SAMPLES) > 0;
+    const intern::ImageFramebuffer source{WindowSystemFramebuffer, size().width(), size().height(), isMultisampled};
+    std::uint32_t* const pixels = m_impl->picture.pixelsFor(source.width, source.height);
+    return pixels && intern::readFramebuffer(gl, source, pixels) ? m_impl->picture.image() : QImage();
 }
 
 } // namespace velmora::sdk::integration::toolkit

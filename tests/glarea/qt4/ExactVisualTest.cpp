@@ -3,6 +3,7 @@
 #include "integration/glarea/VisualList.h"
 #include "tests/glarea/DrawAreaFixture.h"
 #include "tests/support/ToolkitWindows.h"
+#include "tests/support/Wait.h"
 #include "toolbox/StyleValue.h"
 
 // After Qt, whose enumerators some of Xlib's macros would replace.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAbstractEventDispatcher>
+#include <QCoreApplication>
 
 namespace velmora::test {
 
@@ -10,6 +11,13 @@ public:
     bool hasPendingEvents() override { return false; }
     void registerTimer(int, int, Qt::TimerType, QObject*) override {}
     void flush() override {}
+    int remainingTime(int) override { return -1; }
 };
+
+/// Before there is an application object, whose the dispatcher becomes.
+inline void makeApplicationUse(QAbstractEventDispatcher& dispatcher)
+{
+    QCoreApplication::setEventDispatcher(&dispatcher);
+}
 
 } // namespace velmora::test

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAbstractEventDispatcher>
+#include <QCoreApplication>
 
 namespace velmora::test {
 
@@ -8,6 +9,13 @@ namespace velmora::test {
 class ToolkitDispatcher : public QAbstractEventDispatcher {
 public:
     void registerTimer(int, qint64, Qt::TimerType, QObject*) override {}
+    int remainingTime(int) override { return -1; }
 };
+
+/// Before there is an application object, whose the dispatcher becomes.
+inline void makeApplicationUse(QAbstractEventDispatcher& dispatcher)
+{
+    QCoreApplication::setEventDispatcher(&dispatcher);
+}
 
 } // namespace velmora::test

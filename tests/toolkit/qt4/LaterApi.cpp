@@ -64,6 +64,8 @@ void macros() {
     default:
         Q_ASSERT(text.isNull());
         Q_ASSERT(text.isUpper()); // not in Qt 4: QString::isUpper
+        Q_ASSERT(text.contains("a word"));
+        Q_ASSERT(QFileInfo::exists("name")); // not in Qt 4: QFileInfo::exists with 1 argument
     }
     qDebug("a function in Qt 4, a macro in Qt 5");
 }

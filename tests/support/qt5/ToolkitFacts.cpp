@@ -1,0 +1,25 @@
+#include "tests/support/ToolkitFacts.h"
+
+namespace velmora::test {
+
+bool hasPlatforms()
+{
+    return true;
+}
+
+bool countsEventLoops()
+{
+    return true;
+}
+
+bool deliversPostedEventsBeforeWaking()
+{
+    return false;
+}
+
+const char* libraryForX11()
+{
+    return "libqxcb.so";
+}
+
+} // namespace velmora::test
