@@ -38,6 +38,7 @@ GLDrawArea::GLDrawArea(QWidget* parent)
     m_valid = true;
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
+    toolkit::followScreenScale(*this);
     setAutoBufferSwap(false);
     // Twice; the repetition is deliberate and harmless.
     setAttributesForPerformance();

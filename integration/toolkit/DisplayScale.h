@@ -17,4 +17,8 @@ double screenPixelsPerPixel(const QWidget& widget);
 /// The widget's size in pixels of the screen, rounded as the toolkit rounds that of its window.
 QSize screenSize(const QWidget& widget);
 
+/// For as long as the widget lives: when the window that it is in goes to a screen that is scaled differently, the
+/// widget's own native window takes its place and size there. The toolkit leaves it as large as it was.
+void followScreenScale(QWidget& widget);
+
 } // namespace velmora::sdk::integration::toolkit

@@ -87,11 +87,14 @@ TEST_F(ScreenOfOtherScale, AnAreaInAWindowThatGoesThereFillsItsPlaceThereToo)
     area.setGeometry(20, 10, 150, 100);
     ASSERT_TRUE(showAndWait(window));
     ASSERT_TRUE(comesToShow(area, Green));
-    window.move(right);
-    const QSize size = area.size() * 2;
-    ASSERT_TRUE(waitUntil([&] { return sizeTold(area) == size; })) << sizeTold(area).width();
-    EXPECT_TRUE(waitUntil([&] { return countColor(grabFromScreen(window), Green) == size.width() * size.height(); }));
-    EXPECT_TRUE(comesToShow(area, Green));
+    const std::pair<QPoint, QSize> goals[] = {{right, area.size() * 2}, {left, area.size()}};
+    for (const auto& [place, size] : goals) {
+        window.move(place);
+        ASSERT_TRUE(waitUntil([&, size = size] { return sizeTold(area) == size; })) << sizeTold(area).width();
+        EXPECT_TRUE(waitUntil(
+            [&, size = size] { return countColor(grabFromScreen(window), Green) == size.width() * size.height(); }));
+        EXPECT_TRUE(comesToShow(area, Green));
+    }
 }
 
 TEST_F(ScreenOfOtherScale, PositionsArePixelsOfTheScreenThatTheAreaIsOn)

@@ -14,4 +14,6 @@ QSize screenSize(const QWidget& widget)
     return widget.size();
 }
 
+void followScreenScale(QWidget&) {}
+
 } // namespace velmora::sdk::integration::toolkit
