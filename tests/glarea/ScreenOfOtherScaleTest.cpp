@@ -71,7 +71,9 @@ TEST_F(ScreenOfOtherScale, AnAreaThatGoesThereIsDrawnAnewInThePixelsOfThatScreen
     ASSERT_TRUE(comesToShow(area, Green));
     EXPECT_EQ(Size, sizeTold(area));
     const std::pair<QPoint, QSize> goals[] = {{right, Size * 2}, {left, Size}};
-    for (const auto& [place, size] : goals) {
+    for (const auto& goal : goals) {
+        const QPoint place = goal.first;
+        const QSize size = goal.second;
         area.move(place);
         ASSERT_TRUE(waitUntil([&] { return sizeTold(area) == size; })) << sizeTold(area).width();
         EXPECT_TRUE(waitUntil([&] { return countColor(grabFromScreen(area), Green) == size.width() * size.height(); }));
@@ -88,11 +90,13 @@ TEST_F(ScreenOfOtherScale, AnAreaInAWindowThatGoesThereFillsItsPlaceThereToo)
     ASSERT_TRUE(showAndWait(window));
     ASSERT_TRUE(comesToShow(area, Green));
     const std::pair<QPoint, QSize> goals[] = {{right, area.size() * 2}, {left, area.size()}};
-    for (const auto& [place, size] : goals) {
+    for (const auto& goal : goals) {
+        const QPoint place = goal.first;
+        const QSize size = goal.second;
         window.move(place);
-        ASSERT_TRUE(waitUntil([&, size = size] { return sizeTold(area) == size; })) << sizeTold(area).width();
-        EXPECT_TRUE(waitUntil(
-            [&, size = size] { return countColor(grabFromScreen(window), Green) == size.width() * size.height(); }));
+        ASSERT_TRUE(waitUntil([&] { return sizeTold(area) == size; })) << sizeTold(area).width();
+        EXPECT_TRUE(
+            waitUntil([&] { return countColor(grabFromScreen(window), Green) == size.width() * size.height(); }));
         EXPECT_TRUE(comesToShow(area, Green));
     }
 }
