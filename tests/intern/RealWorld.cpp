@@ -244,8 +244,6 @@ void RealWorld::fireIdleTimer()
     m_idleTimerEvent = outer;
 }
 
-namespace {} // namespace
-
 void RealWorld::runLoop(int id, LoopKind kind)
 {
     loopsInWork += m_monitor.busy;
