@@ -13,14 +13,6 @@ namespace velmora::test {
 
 using sdk::integration::GLDrawArea;
 
-inline QSize toldSize(const GLDrawArea& area)
-{
-    int width = 0;
-    int height = 0;
-    area.getSize(&width, &height);
-    return QSize(width, height);
-}
-
 /// An area at an odd place of a window that is on the screen.
 class DisplayScale : public DrawArea {
 protected:

@@ -61,6 +61,14 @@ void Painter::drawAreaDestroyed(GLDrawAreaInterface& area)
     m_area = nullptr;
 }
 
+QSize toldSize(const sdk::integration::GLDrawArea& area)
+{
+    int width = 0;
+    int height = 0;
+    area.getSize(&width, &height);
+    return QSize(width, height);
+}
+
 bool comesToShow(const QWidget& widget, QRgb color)
 {
     return waitUntil([&] { return showsOnly(widget, color); });

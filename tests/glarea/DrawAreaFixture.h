@@ -4,6 +4,7 @@
 #include "interfaces/GLDrawAreaListenerInterface.h"
 
 #include <QColor>
+#include <QSize>
 #include <gtest/gtest.h>
 #include <vector>
 
@@ -52,6 +53,9 @@ protected:
     void paintGL() override { ++paints; }
     void resizeGL(int, int) override { ++resizes; }
 };
+
+/// The size that the engine is told, in pixels of the screen.
+QSize toldSize(const sdk::integration::GLDrawArea& area);
 
 /// Whether the screen comes to show the whole widget in the colour.
 bool comesToShow(const QWidget& widget, QRgb color);

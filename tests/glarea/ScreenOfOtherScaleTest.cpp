@@ -1,9 +1,8 @@
 // Two screens side by side, of which the toolkit scales the right one by two: what a window on a notebook meets
 // when it is dragged to the display beside it.
 #include "integration/toolkit/DisplayScale.h"
-#include "interfaces/MouseEventInterface.h"
-#include "interfaces/MouseEventListenerInterface.h"
 #include "tests/glarea/DrawAreaFixture.h"
+#include "tests/glarea/Presses.h"
 #include "tests/support/Pixels.h"
 #include "tests/support/ToolkitWindows.h"
 #include "tests/support/Wait.h"
@@ -36,30 +35,6 @@ protected:
     QPoint right;
 };
 
-/// Where the last press was.
-class Presses : public MouseEventListenerInterface {
-public:
-    void mouseMoved(MouseEventInterface&, MouseEventObservableInterface&) override {}
-    void buttonPressed(MouseEventInterface& event, MouseEventObservableInterface&) override
-    {
-        last = QPoint(event.x(), event.y());
-        ++count;
-    }
-    void buttonReleased(MouseEventInterface&, MouseEventObservableInterface&) override {}
-    void buttonDoublePressed(MouseEventInterface&, MouseEventObservableInterface&) override {}
-
-    QPoint last;
-    int count = 0;
-};
-
-QSize sizeTold(const GLDrawArea& area)
-{
-    int width = 0;
-    int height = 0;
-    area.getSize(&width, &height);
-    return QSize(width, height);
-}
-
 } // namespace
 
 TEST_F(ScreenOfOtherScale, AnAreaThatGoesThereIsDrawnAnewInThePixelsOfThatScreenAndBackAgain)
@@ -69,13 +44,13 @@ TEST_F(ScreenOfOtherScale, AnAreaThatGoesThereIsDrawnAnewInThePixelsOfThatScreen
     area.setGeometry(QRect(left, Size));
     ASSERT_TRUE(showAndWait(area));
     ASSERT_TRUE(comesToShow(area, Green));
-    EXPECT_EQ(Size, sizeTold(area));
+    EXPECT_EQ(Size, toldSize(area));
     const std::pair<QPoint, QSize> goals[] = {{right, Size * 2}, {left, Size}};
     for (const auto& goal : goals) {
         const QPoint place = goal.first;
         const QSize size = goal.second;
         area.move(place);
-        ASSERT_TRUE(waitUntil([&] { return sizeTold(area) == size; })) << sizeTold(area).width();
+        ASSERT_TRUE(waitUntil([&] { return toldSize(area) == size; })) << toldSize(area).width();
         EXPECT_TRUE(waitUntil([&] { return countColor(grabFromScreen(area), Green) == size.width() * size.height(); }));
     }
 }
@@ -94,7 +69,7 @@ TEST_F(ScreenOfOtherScale, AnAreaInAWindowThatGoesThereFillsItsPlaceThereToo)
         const QPoint place = goal.first;
         const QSize size = goal.second;
         window.move(place);
-        ASSERT_TRUE(waitUntil([&] { return sizeTold(area) == size; })) << sizeTold(area).width();
+        ASSERT_TRUE(waitUntil([&] { return toldSize(area) == size; })) << toldSize(area).width();
         EXPECT_TRUE(
             waitUntil([&] { return countColor(grabFromScreen(window), Green) == size.width() * size.height(); }));
         EXPECT_TRUE(comesToShow(area, Green));
@@ -110,7 +85,7 @@ TEST_F(ScreenOfOtherScale, PositionsArePixelsOfTheScreenThatTheAreaIsOn)
     area.setGeometry(QRect(left, Size));
     ASSERT_TRUE(showAndWait(area));
     area.move(right);
-    ASSERT_TRUE(waitUntil([&] { return sizeTold(area) == Size * 2; }));
+    ASSERT_TRUE(waitUntil([&] { return toldSize(area) == Size * 2; }));
     ASSERT_TRUE(comesToShow(area, Blue));
     click(area, QPoint(60, 70));
     EXPECT_TRUE(waitUntil([&] { return presses.count == 1; }));

@@ -1,8 +1,7 @@
 // Two screens of different sizes side by side, which are one desktop.
 #include "integration/services/ManagerMiscService.h"
-#include "interfaces/MouseEventInterface.h"
-#include "interfaces/MouseEventListenerInterface.h"
 #include "tests/glarea/DrawAreaFixture.h"
+#include "tests/glarea/Presses.h"
 #include "tests/support/ToolkitFacts.h"
 #include "tests/support/ToolkitWindows.h"
 #include "tests/support/Wait.h"
@@ -33,30 +32,6 @@ protected:
     }
 };
 
-/// Where the last press was.
-class Presses : public MouseEventListenerInterface {
-public:
-    void mouseMoved(MouseEventInterface&, MouseEventObservableInterface&) override {}
-    void buttonPressed(MouseEventInterface& event, MouseEventObservableInterface&) override
-    {
-        last = QPoint(event.x(), event.y());
-        ++count;
-    }
-    void buttonReleased(MouseEventInterface&, MouseEventObservableInterface&) override {}
-    void buttonDoublePressed(MouseEventInterface&, MouseEventObservableInterface&) override {}
-
-    QPoint last;
-    int count = 0;
-};
-
-QSize sizeTold(const GLDrawArea& area)
-{
-    int width = 0;
-    int height = 0;
-    area.getSize(&width, &height);
-    return QSize(width, height);
-}
-
 } // namespace
 
 TEST_F(TwoScreens, TheScreenSizeIsThatOfBothTogether)
@@ -77,7 +52,7 @@ TEST_F(TwoScreens, AnAreaOnTheRightOneIsDrawnWholeAndTellsItsOwnPositions)
     area.setGeometry(Right.x() + 40, 50, 300, 200);
     ASSERT_TRUE(showAndWait(area));
     EXPECT_TRUE(comesToShow(area, Green));
-    EXPECT_EQ(QSize(300, 200), sizeTold(area));
+    EXPECT_EQ(QSize(300, 200), toldSize(area));
     click(area, QPoint(7, 11));
     EXPECT_TRUE(waitUntil([&] { return presses.count == 1; }));
     EXPECT_EQ(QPoint(7, 11), presses.last);
@@ -116,7 +91,7 @@ TEST_F(TwoScreens, AnAreaThatGoesToTheOtherScreenKeepsItsPictureAndItsSize)
         area.move(place);
         ASSERT_TRUE(waitUntil([&] { return area.geometry().topLeft() == place; }));
         EXPECT_TRUE(comesToShow(area, Green));
-        EXPECT_EQ(QSize(200, 150), sizeTold(area));
+        EXPECT_EQ(QSize(200, 150), toldSize(area));
     }
 }
 
