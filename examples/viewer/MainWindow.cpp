@@ -6,6 +6,7 @@
 #include "ScreenPixels.h"
 #include "ShownPage.h"
 #include "ToolTip.h"
+#include "ValueLabel.h"
 #include "ViewTools.h"
 #include "WaitCursor.h"
 #include "WorkIndicator.h"
@@ -160,6 +161,7 @@ void MainWindow::createStatusBar()
     m_description->setTextFormat(Qt::PlainText); // it names the file
     m_selection = new QLabel;
     statusBar()->addWidget(m_description, 1);
+    statusBar()->addPermanentWidget(new ValueLabel(*m_area));
     statusBar()->addPermanentWidget(m_selection);
     WorkIndicator* const work = new WorkIndicator(this);
     statusBar()->addPermanentWidget(work);

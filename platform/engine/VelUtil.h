@@ -77,6 +77,17 @@ VELMORA_PLATFORM_EXPORT void VelUtilViewZoom(double factor, double x, double y);
 /// Shows all data and, for a surface, from the direction it was first shown from.
 VELMORA_PLATFORM_EXPORT void VelUtilViewFit();
 
+/// The value that the picture shows at x, y or near it, on one line: "speed = 12.5, day = 2026-03-01" for the value
+/// of a line that stands nearest, "x = 120, y = 340, z = 55.2" for the cell of a grid. "" where there is none, and
+/// while the engine is busy. `xShown` and `yShown` get where it is shown; both may be null. It takes no longer for
+/// large data than a person notices. Valid until the next call.
+VELMORA_PLATFORM_EXPORT const char* VelUtilViewValueAt(double x, double y, double* xShown, double* yShown);
+/// Marks a place of the drawing area over the picture, which is not drawn anew for that. The mark goes with the next
+/// change of what the page shows. Nothing while the engine is busy, and without framebuffer objects.
+VELMORA_PLATFORM_EXPORT void VelUtilViewMark(double x, double y);
+/// Takes the mark away.
+VELMORA_PLATFORM_EXPORT void VelUtilViewUnmark();
+
 // ---- frames and paper
 
 /// Scales and moves all frames of the active page together until they fill the paper inside its

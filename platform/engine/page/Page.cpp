@@ -79,6 +79,7 @@ bool Page::canShow() const
 
 void Page::changed()
 {
+    m_mark.reset();
     ++m_generation;
     wait();
 }

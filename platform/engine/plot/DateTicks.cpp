@@ -9,8 +9,6 @@ namespace velmora::engine {
 
 namespace {
 
-// Some two thousand years each way are dates; what lies beyond is shown as a number of days.
-constexpr double largestDate = 4e6;
 constexpr double secondsADay = 86400;
 
 enum class Unit { Seconds, Days, Months };
@@ -66,17 +64,6 @@ std::string padded(std::int64_t number, std::size_t length)
     const std::string digits = std::to_string(std::abs(number));
     const std::size_t noughts = length - std::min(length, digits.size() + (number < 0 ? 1 : 0));
     return (number < 0 ? "-" : "") + std::string(noughts, '0') + digits;
-}
-
-std::string dayLabel(const CalendarDay& date, bool withDay)
-{
-    return padded(date.year, 4) + '-' + padded(date.month, 2) + (withDay ? '-' + padded(date.day, 2) : "");
-}
-
-std::string timeLabel(std::int64_t second, bool withSeconds)
-{
-    const std::string minutes = padded(second / 3600, 2) + ':' + padded(second / 60 % 60, 2);
-    return withSeconds ? minutes + ':' + padded(second % 60, 2) : minutes;
 }
 
 std::int64_t floorDivide(std::int64_t a, std::int64_t b)
@@ -138,6 +125,17 @@ std::vector<Tick> monthTicks(const AxisRange& range, const Step& step)
 }
 
 } // namespace
+
+std::string dayLabel(const CalendarDay& date, bool withDay)
+{
+    return padded(date.year, 4) + '-' + padded(date.month, 2) + (withDay ? '-' + padded(date.day, 2) : "");
+}
+
+std::string timeLabel(std::int64_t second, bool withSeconds)
+{
+    const std::string minutes = padded(second / 3600, 2) + ':' + padded(second / 60 % 60, 2);
+    return withSeconds ? minutes + ':' + padded(second % 60, 2) : minutes;
+}
 
 // The year begins in March here, so that the leap day is the last one of a year.
 std::int64_t daysOf(const CalendarDay& date)

@@ -43,6 +43,13 @@ struct PickFilter {
     bool considerStyle = true; ///< leave out what is not shown
 };
 
+/// A value that a picture shows, and where: fractions of the frame.
+struct ShownValue {
+    double x = 0;
+    double y = 0;
+    std::string text; ///< for a person
+};
+
 /// What a frame shows, and from where. Fractions are of the frame, from its lower left corner.
 class Plot {
 public:
@@ -62,6 +69,9 @@ public:
     virtual int pick(double x1, double y1, double x2, double y2, const PickFilter& filter) = 0;
     virtual void deselectAll() = 0;
     virtual int selectedCount() const = 0;
+
+    /// The value that the picture shows at a place, or near it; false without one.
+    virtual bool valueAt(double x, double y, ShownValue& found) const = 0;
 
     /// One line for a person: what is shown.
     virtual std::string description() const = 0;

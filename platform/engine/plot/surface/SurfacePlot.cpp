@@ -1,6 +1,9 @@
 #include "engine/plot/surface/SurfacePlot.h"
 
 #include "engine/gl/GLStateGuard.h"
+#include "engine/plot/ValueText.h"
+#include "engine/plot/surface/CellAtPlace.h"
+#include "engine/plot/surface/SurfaceArea.h"
 
 #include <cmath>
 
@@ -87,6 +90,22 @@ void SurfacePlot::zoom(double factor, double x, double y)
 void SurfacePlot::fit()
 {
     m_content.view = SurfaceView();
+}
+
+bool SurfacePlot::valueAt(double x, double y, ShownValue& found) const
+{
+    const SurfaceData& data = *m_content.data;
+    const Grid& grid = data.grid();
+    const Camera camera = cameraFor(m_content.view, data.shape, frameSize());
+    CellAtPlace cell;
+    if (!findCellAt(data.levels, data.shape, camera, {x * frameSize().width, y * frameSize().height}, cell))
+        return false;
+    const double east = grid.xCenter + cell.column * grid.cellSize;
+    const double north = grid.yCenter + (grid.rows - 1 - cell.row) * grid.cellSize;
+    found = {cell.at.x / frameSize().width, cell.at.y / frameSize().height,
+             "x = " + valueText(east) + ", y = " + valueText(north) +
+                 ", z = " + valueText(grid.at(cell.column, cell.row))};
+    return true;
 }
 
 std::string SurfacePlot::description() const

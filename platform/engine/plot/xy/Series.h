@@ -27,7 +27,7 @@ struct Series {
 /// The lines of a table. They point into it. Asks `checkpoint` to go on; throws ReadInterrupted when it says no.
 std::vector<Series> seriesOf(const Table& table, Checkpoint& checkpoint);
 
-/// What the lines cover; rows with a gap count on neither axis. Asks `checkpoint` as well.
-void findRanges(const std::vector<Series>& series, AxisRange& x, AxisRange& y, Checkpoint& checkpoint);
+/// What the lines cover; rows with a gap count on neither axis.
+void findRanges(const std::vector<Series>& series, AxisRange& x, AxisRange& y);
 
 } // namespace velmora::engine

@@ -15,7 +15,6 @@ constexpr double sampleLength = 20;
 constexpr double entryGap = 16;
 
 constexpr std::size_t mostLegendRows = 3;
-constexpr std::size_t longestName = 40; ///< characters
 
 /// Lays out one plot from the outside inwards: each part takes its room from `free`.
 class Builder {

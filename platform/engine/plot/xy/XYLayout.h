@@ -16,6 +16,8 @@ constexpr int xAxis = 0, yAxis = 1, legend = 2;                    ///< geometri
 
 } // namespace xyobject
 
+constexpr std::size_t longestName = 40; ///< of a line or an axis, in characters
+
 /// What a plot of lines shows, for as long as one drawing of it lasts.
 struct XYContent {
     std::shared_ptr<const Table> table;

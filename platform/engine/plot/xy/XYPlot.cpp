@@ -1,7 +1,10 @@
 #include "engine/plot/xy/XYPlot.h"
 
 #include "engine/gl/GLStateGuard.h"
+#include "engine/plot/ValueText.h"
+#include "engine/plot/xy/NearestValue.h"
 #include "engine/plot/xy/XYPainter.h"
+#include "engine/text/PlainText.h"
 
 #include <cmath>
 
@@ -13,6 +16,8 @@ namespace {
 constexpr double nearest = 1e-9;
 constexpr double farthest = 1e3;
 constexpr double smallestStepOfDouble = 1e-13;
+
+constexpr double reachOfValue = 12; // points
 
 /// Scales the range about the value that lies at `fraction` of it.
 AxisRange zoomed(const AxisRange& range, const AxisRange& full, double factor, double fraction)
@@ -58,13 +63,18 @@ Rect common(const Rect& a, const Rect& b)
     return {std::max(a.x1, b.x1), std::max(a.y1, b.y1), std::min(a.x2, b.x2), std::min(a.y2, b.y2)};
 }
 
+std::string textOf(const Column& column, double value)
+{
+    return column.isDate ? dateText(value) : valueText(value);
+}
+
 } // namespace
 
 XYPlot::XYPlot(std::shared_ptr<const Table> table, Checkpoint& checkpoint)
 {
     m_content.table = std::move(table);
     m_content.series = seriesOf(*m_content.table, checkpoint);
-    findRanges(m_content.series, m_fullX, m_fullY, checkpoint);
+    findRanges(m_content.series, m_fullX, m_fullY);
     XYPlot::fit();
 }
 
@@ -109,6 +119,23 @@ std::string XYPlot::description() const
     const std::size_t rows = lines ? m_content.series.front().size() : 0;
     return std::to_string(lines) + (lines == 1 ? " line, " : " lines, ") + std::to_string(rows) +
            (rows == 1 ? " row" : " rows");
+}
+
+bool XYPlot::valueAt(double x, double y, ShownValue& found) const
+{
+    const AxisMap map = layOut(m_content, frameSize()).map;
+    const Point place{x * frameSize().width, y * frameSize().height};
+    NearestValue nearest;
+    if (!map.plot.contains(place) ||
+        !findNearestValue(m_content.series, map, place, frameSize().points(reachOfValue), nearest))
+        return false;
+    const Series& line = m_content.series[nearest.line];
+    const Point value = line.at(nearest.row);
+    const std::string xName = line.x ? shortened(line.x->name, longestName) : "row";
+    const std::string xText = line.x ? textOf(*line.x, value.x) : valueText(value.x);
+    found = {nearest.at.x / frameSize().width, nearest.at.y / frameSize().height,
+             shortened(line.y->name, longestName) + " = " + textOf(*line.y, value.y) + ", " + xName + " = " + xText};
+    return true;
 }
 
 void XYPlot::collect(const Rect& rect, const PickFilter& filter, Selection& found) const

@@ -19,6 +19,7 @@ public:
     void translate(double dx, double dy) override;
     void zoom(double factor, double x, double y) override;
     void fit() override;
+    bool valueAt(double x, double y, ShownValue& found) const override;
     std::string description() const override;
 
     const AxisRange& xRange() const { return m_content.map.x; }
