@@ -106,6 +106,9 @@ VELMORA_PLATFORM_EXPORT void VelUtilPickDeselectAll();
 VELMORA_PLATFORM_EXPORT int VelUtilPickAddAllInRectX(VelArgList* arguments);
 /// How many objects are selected. Reference platform only.
 VELMORA_PLATFORM_EXPORT int VelUtilPickGetCount();
+/// What is selected, on one line ("line speed, horizontal axis"; of many the first few and how many more), or "".
+/// Valid until the next call. Reference platform only.
+VELMORA_PLATFORM_EXPORT const char* VelUtilPickDescription();
 /// Turns a position in pixels of the active page's drawing area into paper inches from the lower
 /// left corner of the paper. Reference platform only.
 VELMORA_PLATFORM_EXPORT void VelUtilPickPositionToPaper(double xPixel, double yPixel, double* xPaper, double* yPaper);

@@ -69,6 +69,8 @@ public:
     virtual int pick(double x1, double y1, double x2, double y2, const PickFilter& filter) = 0;
     virtual void deselectAll() = 0;
     virtual int selectedCount() const = 0;
+    /// The names of what is selected, on one line; of many the first few and a number.
+    virtual std::string selectionDescription() const = 0;
 
     /// The value that the picture shows at a place, or near it; false without one.
     virtual bool valueAt(double x, double y, ShownValue& found) const = 0;

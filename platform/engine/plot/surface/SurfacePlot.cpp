@@ -92,6 +92,16 @@ void SurfacePlot::fit()
     m_content.view = SurfaceView();
 }
 
+std::string SurfacePlot::nameOf(const ObjectId& object) const
+{
+    static const char* const geometries[] = {"x axis", "y axis", "z axis", "colour bar"};
+    static const char* const texts[] = {"title", "title of the x axis", "title of the y axis", "title of the z axis",
+                                        "title of the colour bar"};
+    if (object.first == ObjectKind::Zone)
+        return "surface";
+    return (object.first == ObjectKind::Geometry ? geometries : texts)[object.second];
+}
+
 bool SurfacePlot::valueAt(double x, double y, ShownValue& found) const
 {
     const SurfaceData& data = *m_content.data;

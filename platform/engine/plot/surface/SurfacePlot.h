@@ -26,6 +26,7 @@ public:
     const SurfaceView& view() const { return m_content.view; }
 
 protected:
+    std::string nameOf(const ObjectId& object) const override;
     void collect(const Rect& rect, const PickFilter& filter, Selection& found) const override;
 
 private:

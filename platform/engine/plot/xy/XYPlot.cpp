@@ -121,6 +121,23 @@ std::string XYPlot::description() const
            (rows == 1 ? " row" : " rows");
 }
 
+std::string XYPlot::nameOf(const ObjectId& object) const
+{
+    const auto [kind, number] = object;
+    const auto lineName = [this](int line) {
+        return shortened(m_content.series[static_cast<std::size_t>(line)].y->name, longestName);
+    };
+    if (kind == ObjectKind::Zone)
+        return "line " + lineName(number);
+    if (kind == ObjectKind::Geometry)
+        return number == xyobject::xAxis ? "horizontal axis" : number == xyobject::yAxis ? "vertical axis" : "legend";
+    if (number >= xyobject::legendText)
+        return "legend entry " + lineName(number - xyobject::legendText);
+    return number == xyobject::title    ? "title"
+           : number == xyobject::xTitle ? "title of the horizontal axis"
+                                        : "title of the vertical axis";
+}
+
 bool XYPlot::valueAt(double x, double y, ShownValue& found) const
 {
     const AxisMap map = layOut(m_content, frameSize()).map;

@@ -26,6 +26,7 @@ public:
     const AxisRange& yRange() const { return m_content.map.y; }
 
 protected:
+    std::string nameOf(const ObjectId& object) const override;
     void collect(const Rect& rect, const PickFilter& filter, Selection& found) const override;
 
 private:
