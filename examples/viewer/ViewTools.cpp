@@ -74,18 +74,35 @@ void ViewTools::mouseMoved(MouseEventInterface& event, MouseEventObservableInter
 
 void ViewTools::buttonReleased(MouseEventInterface& event, MouseEventObservableInterface&)
 {
+    const bool wasClick = m_isDragging && m_tool != Select && QPoint(event.x(), event.y()) == m_pressed;
     m_isDragging = false;
+    if (wasClick && event.button() == MouseEventInterface::MouseButton_Left && clickLegend(m_pressed))
+        Q_EMIT selectionChanged(); // what is hidden is not selected
     if (!m_selector.isActive())
         return;
     m_selector.finish(QPoint(event.x(), event.y()), event.isShiftDown());
     Q_EMIT selectionChanged();
 }
 
-void ViewTools::buttonDoublePressed(MouseEventInterface&, MouseEventObservableInterface&)
+void ViewTools::buttonDoublePressed(MouseEventInterface& event, MouseEventObservableInterface&)
 {
     m_isDragging = false;
-    if (m_tool != Select)
+    if (m_tool == Select)
+        return;
+    const QPoint position(event.x(), event.y());
+    // Its first press was a click already, which is undone.
+    if (clickLegend(position)) {
+        VelUtilLineShowAlone(VelUtilLegendLineAt(position.x(), position.y()));
+        Q_EMIT selectionChanged();
+    } else {
         VelUtilViewFit();
+    }
+}
+
+bool ViewTools::clickLegend(const QPoint& position)
+{
+    const int line = VelUtilLegendLineAt(position.x(), position.y());
+    return line > 0 && VelUtilLineShow(line, VelUtilLineIsShown(line) ? 0 : 1) != 0;
 }
 
 void ViewTools::drag(const QPoint& from, const QPoint& to)

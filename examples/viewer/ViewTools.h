@@ -17,7 +17,8 @@ class GLDrawArea;
 namespace viewer {
 
 /// What dragging the mouse over the drawing area does. The wheel always zooms; the middle button
-/// always moves and the right button always zooms, whatever the tool.
+/// always moves and the right button always zooms, whatever the tool. A click on an entry of the legend hides its line
+/// or shows it again, and a double click shows it alone, or all again; only with the tool to select it selects.
 class ViewTools : public QObject, public velmora::sdk::integration::MouseEventListenerInterface {
     Q_OBJECT
 
@@ -52,6 +53,7 @@ protected:
 
 private:
     void drag(const QPoint& from, const QPoint& to);
+    bool clickLegend(const QPoint& position);
 
     velmora::sdk::integration::GLDrawArea& m_area;
     RegionSelector m_selector;

@@ -88,6 +88,18 @@ VELMORA_PLATFORM_EXPORT void VelUtilViewMark(double x, double y);
 /// Takes the mark away.
 VELMORA_PLATFORM_EXPORT void VelUtilViewUnmark();
 
+// ---- the lines of the active page, by their numbers from 1. Reference platform only
+
+/// The line whose entry in the legend is at x, y, in pixels of the drawing area; 0 where there is none.
+VELMORA_PLATFORM_EXPORT int VelUtilLegendLineAt(double x, double y);
+/// 1 when the line is shown, 0 when it is hidden or there is no such line.
+VELMORA_PLATFORM_EXPORT int VelUtilLineIsShown(int line);
+/// Shows (1) or hides (0) a line. A hidden one is pale in the legend, cannot be selected and does not count for
+/// VelUtilViewFit(). 0 for a line that the page does not have.
+VELMORA_PLATFORM_EXPORT int VelUtilLineShow(int line, int shown);
+/// Shows this line and no other; when that is so already, all lines. 0 for a line that the page does not have.
+VELMORA_PLATFORM_EXPORT int VelUtilLineShowAlone(int line);
+
 // ---- frames and paper
 
 /// Scales and moves all frames of the active page together until they fill the paper inside its

@@ -50,6 +50,7 @@ protected:
     const FrameSize& frameSize() const { return m_frameSize; }
     void rememberFrameSize(const Drawing& drawing) { m_frameSize = frameSizeOf(drawing); }
     const Selection& selection() const { return m_selection; }
+    void deselect(const ObjectId& object) { m_selection.erase(object); }
 
 private:
     FrameSize m_frameSize;

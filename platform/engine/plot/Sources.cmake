@@ -38,6 +38,7 @@ set(VELMORA_PLOT_SOURCES
   "${CMAKE_CURRENT_LIST_DIR}/surface/SurfaceShape.cpp"
   "${CMAKE_CURRENT_LIST_DIR}/surface/TerrainPainter.cpp"
   "${CMAKE_CURRENT_LIST_DIR}/surface/VisiblePieces.cpp"
+  "${CMAKE_CURRENT_LIST_DIR}/xy/Dashes.cpp"
   "${CMAKE_CURRENT_LIST_DIR}/xy/NearestValue.cpp"
   "${CMAKE_CURRENT_LIST_DIR}/xy/Series.cpp"
   "${CMAKE_CURRENT_LIST_DIR}/xy/SeriesBlocks.cpp"

@@ -76,7 +76,8 @@ bool findNearestValue(const std::vector<Series>& series, const AxisMap& map, Poi
     Search search(map, place, reach);
     bool hasFound = false;
     for (std::size_t line = 0; line < series.size(); ++line)
-        hasFound = search.look(series[line], line) || hasFound;
+        if (series[line].isShown)
+            hasFound = search.look(series[line], line) || hasFound;
     found = search.found();
     return hasFound;
 }

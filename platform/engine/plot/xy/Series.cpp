@@ -22,8 +22,11 @@ std::vector<Series> seriesOf(const Table& table, Checkpoint& checkpoint)
         series.push_back({nullptr, &columns.front(), lineColor(0), nullptr});
     for (std::size_t i = 1; i < columns.size(); ++i)
         series.push_back({&columns.front(), &columns[i], lineColor(i - 1), nullptr});
-    for (Series& line : series)
+    for (std::size_t i = 0; i < series.size(); ++i) {
+        Series& line = series[i];
         line.blocks = std::make_shared<SeriesBlocks>(line.x, *line.y, checkpoint);
+        line.dashes = lineDashes(i);
+    }
     return series;
 }
 
@@ -32,7 +35,7 @@ void findRanges(const std::vector<Series>& series, AxisRange& x, AxisRange& y)
     constexpr double most = std::numeric_limits<double>::infinity();
     Rect covered{most, most, -most, -most};
     for (const Series& line : series)
-        for (std::size_t row = 0; row < line.size(); row += SeriesBlocks::rowsABlock) {
+        for (std::size_t row = 0; line.isShown && row < line.size(); row += SeriesBlocks::rowsABlock) {
             const Rect& block = line.blocks->blockOf(row).covered;
             if (block.x1 > block.x2)
                 continue;

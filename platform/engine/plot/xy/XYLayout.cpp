@@ -83,7 +83,14 @@ bool Builder::placeEntry(std::size_t line, Point& at, std::size_t& row)
 {
     const double size = points(plotsize::label);
     const std::string& name = m_content.series[line].y->name;
-    TextItem text{shortened(name, longestName), at, size, Align::Start, Align::Middle, false, false, palette::ink};
+    TextItem text{shortened(name, longestName),
+                  at,
+                  size,
+                  Align::Start,
+                  Align::Middle,
+                  false,
+                  false,
+                  m_content.series[line].isShown ? palette::ink : palette::hidden};
     const double width = points(sampleLength + plotsize::gap) + measureText(FontFace::regular(), text.text, size).width;
     if (at.x + width > m_free.x2 && at.x > m_free.x1) {
         at = {m_free.x1, at.y - size * 1.6};
@@ -100,7 +107,8 @@ bool Builder::placeEntry(std::size_t line, Point& at, std::size_t& row)
             return false;
         }
     }
-    m_layout.samples.push_back({at, {at.x + points(sampleLength), at.y}, line});
+    const Rect entry{at.x, at.y - size * 0.8, at.x + width, at.y + size * 0.8};
+    m_layout.samples.push_back({at, {at.x + points(sampleLength), at.y}, entry, line});
     text.anchor = {at.x + points(sampleLength + plotsize::gap), at.y};
     m_layout.texts.push_back({text, xyobject::legendText + static_cast<int>(line)});
     at.x += width + points(entryGap);

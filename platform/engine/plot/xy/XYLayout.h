@@ -25,9 +25,11 @@ struct XYContent {
     AxisMap map; ///< `plot` is set by the layout
 };
 
+/// An entry of the legend: a piece of the line, and with its name the place of both.
 struct LegendSample {
     Point from;
     Point to;
+    Rect entry;
     std::size_t line;
 };
 

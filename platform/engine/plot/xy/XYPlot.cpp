@@ -113,6 +113,44 @@ void XYPlot::fit()
     m_content.map.y = m_fullY;
 }
 
+void XYPlot::showLine(std::size_t line, bool shown)
+{
+    m_content.series[line].isShown = shown;
+    linesChanged();
+}
+
+void XYPlot::showLineAlone(std::size_t line)
+{
+    std::vector<Series>& series = m_content.series;
+    const auto isAsWanted = [&](const Series& other) { return other.isShown == (&other == &series[line]); };
+    const bool isAlone = std::all_of(series.begin(), series.end(), isAsWanted);
+    for (Series& other : series)
+        other.isShown = isAlone || &other == &series[line];
+    linesChanged();
+}
+
+// With nothing to show the ranges stay what they were.
+void XYPlot::linesChanged()
+{
+    const std::vector<Series>& series = m_content.series;
+    if (std::any_of(series.begin(), series.end(), [](const Series& line) { return line.isShown; }))
+        findRanges(series, m_fullX, m_fullY);
+    for (std::size_t i = 0; i < series.size(); ++i)
+        if (!series[i].isShown)
+            deselect({ObjectKind::Zone, static_cast<int>(i)});
+}
+
+bool XYPlot::legendLineAt(double x, double y, std::size_t& line) const
+{
+    const Point place{x * frameSize().width, y * frameSize().height};
+    for (const LegendSample& sample : layOut(m_content, frameSize()).samples)
+        if (sample.entry.contains(place)) {
+            line = sample.line;
+            return true;
+        }
+    return false;
+}
+
 std::string XYPlot::description() const
 {
     const std::size_t lines = m_content.series.size();
@@ -173,7 +211,7 @@ void XYPlot::collectLines(const XYLayout& layout, const Rect& rect, bool shownOn
     if (where.x1 > where.x2 || where.y1 > where.y2)
         return;
     for (std::size_t i = 0; i < m_content.series.size(); ++i)
-        if (meets(m_content.series[i], layout.map, where))
+        if (m_content.series[i].isShown && meets(m_content.series[i], layout.map, where))
             found.insert({ObjectKind::Zone, static_cast<int>(i)});
 }
 
