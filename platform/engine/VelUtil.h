@@ -74,6 +74,10 @@ VELMORA_PLATFORM_EXPORT void VelUtilViewRotate(double aboutVertical, double tilt
 VELMORA_PLATFORM_EXPORT void VelUtilViewTranslate(double dx, double dy);
 /// Zooms by a factor (above 1: nearer) about the point x, y.
 VELMORA_PLATFORM_EXPORT void VelUtilViewZoom(double factor, double x, double y);
+/// Shows what lies between the two corners as large as the drawing area; lines fill it in both directions.
+VELMORA_PLATFORM_EXPORT void VelUtilViewZoomTo(double x1, double y1, double x2, double y2);
+/// Zooms the axis of a plot of lines that is at x, y alone, about that point. 0 where there is none.
+VELMORA_PLATFORM_EXPORT int VelUtilViewZoomAxis(double factor, double x, double y);
 /// Shows all data and, for a surface, from the direction it was first shown from.
 VELMORA_PLATFORM_EXPORT void VelUtilViewFit();
 

@@ -28,16 +28,6 @@ protected:
         return waitUntil([&] { return text().contains(part); }, 5000);
     }
 
-    /// Where the value of a line of the table is: by asking the engine around.
-    QPoint placeOf(const QString& wanted)
-    {
-        const double times = scale();
-        for (int y = 0; y < area().height(); y += 4)
-            for (int x = 0; x < area().width(); x += 4)
-                if (wanted == VelUtilViewValueAt(x * times, y * times, nullptr, nullptr))
-                    return QPoint(x, y);
-        return QPoint();
-    }
     double scale() { return viewer::screenPixelsPerPixel(window->drawArea()); }
 };
 

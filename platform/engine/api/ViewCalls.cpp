@@ -8,6 +8,8 @@
 #include "engine/plot/Plot.h"
 #include "engine/style/StyleTree.h"
 
+#include <algorithm>
+
 using namespace velmora::engine;
 
 namespace {
@@ -64,6 +66,31 @@ void VelUtilViewZoom(double factor, double x, double y)
         plot.zoom(factor, frame.fractionX(x), frame.fractionY(y));
         return true;
     });
+}
+
+void VelUtilViewZoomTo(double x1, double y1, double x2, double y2)
+{
+    traceCall("VelUtilViewZoomTo");
+    changeView([&](Plot& plot, const Page& page) {
+        FrameInArea frame;
+        if (x1 == x2 || y1 == y2 || !findFrame(page, frame))
+            return false;
+        plot.zoomTo(frame.fractionX(std::min(x1, x2)), frame.fractionY(std::max(y1, y2)),
+                    frame.fractionX(std::max(x1, x2)), frame.fractionY(std::min(y1, y2)));
+        return true;
+    });
+}
+
+int VelUtilViewZoomAxis(double factor, double x, double y)
+{
+    traceCall("VelUtilViewZoomAxis");
+    bool isAxis = false;
+    changeView([&](Plot& plot, const Page& page) {
+        FrameInArea frame;
+        isAxis = factor > 0 && findFrame(page, frame) && plot.zoomAxis(factor, frame.fractionX(x), frame.fractionY(y));
+        return isAxis;
+    });
+    return isAxis ? 1 : 0;
 }
 
 void VelUtilViewFit()

@@ -62,6 +62,10 @@ public:
     virtual void rotate(double aboutVertical, double tilt) = 0; ///< degrees
     virtual void translate(double dx, double dy) = 0;           ///< fractions of the frame
     virtual void zoom(double factor, double x, double y) = 0;   ///< about a point in fractions
+    /// Shows what lies in a rectangle (fractions, x1 < x2, y1 < y2) as large as the frame.
+    virtual void zoomTo(double x1, double y1, double x2, double y2) = 0;
+    /// Zooms the axis that is at a point alone; false where there is none that can be.
+    virtual bool zoomAxis(double factor, double x, double y) = 0;
     virtual void fit() = 0;
 
     /// Adds what lies in the rectangle (fractions, x1 <= x2, y1 <= y2) to the selection; how many

@@ -87,6 +87,15 @@ void SurfacePlot::zoom(double factor, double x, double y)
     view.zoom = zoomed;
 }
 
+// The shape that is seen stays: the rectangle fits into the frame.
+void SurfacePlot::zoomTo(double x1, double y1, double x2, double y2)
+{
+    const double x = (x1 + x2) / 2;
+    const double y = (y1 + y2) / 2;
+    zoom(1 / std::max(x2 - x1, y2 - y1), x, y);
+    translate(0.5 - x, 0.5 - y);
+}
+
 void SurfacePlot::fit()
 {
     m_content.view = SurfaceView();

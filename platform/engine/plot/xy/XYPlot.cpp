@@ -31,6 +31,16 @@ AxisRange zoomed(const AxisRange& range, const AxisRange& full, double factor, d
     return {pivot - fraction * span, pivot + (1 - fraction) * span};
 }
 
+/// The part of a range that lies between two fractions of it, but no more of it than there is.
+AxisRange cutOut(const AxisRange& range, const AxisRange& full, AxisRange fractions)
+{
+    fractions = {std::max(fractions.from, 0.0), std::min(fractions.to, 1.0)};
+    const double span = fractions.span();
+    if (!(span > 0))
+        return range;
+    return span < 1 ? zoomed(range, full, 1 / span, fractions.from / (1 - span)) : range;
+}
+
 AxisRange moved(const AxisRange& range, double by)
 {
     const AxisRange result{range.from + by, range.to + by};
@@ -105,6 +115,33 @@ void XYPlot::zoom(double factor, double x, double y)
     const double alongY = (y * frameSize().height - plot.y1) / plot.height();
     map.x = zoomed(map.x, m_fullX, factor, alongX);
     map.y = zoomed(map.y, m_fullY, factor, alongY);
+}
+
+void XYPlot::zoomTo(double x1, double y1, double x2, double y2)
+{
+    AxisMap& map = m_content.map;
+    const Rect plot = layOut(m_content, frameSize()).map.plot;
+    const AxisRange alongX{(x1 * frameSize().width - plot.x1) / plot.width(),
+                           (x2 * frameSize().width - plot.x1) / plot.width()};
+    const AxisRange alongY{(y1 * frameSize().height - plot.y1) / plot.height(),
+                           (y2 * frameSize().height - plot.y1) / plot.height()};
+    map.x = cutOut(map.x, m_fullX, alongX);
+    map.y = cutOut(map.y, m_fullY, alongY);
+}
+
+bool XYPlot::zoomAxis(double factor, double x, double y)
+{
+    const XYLayout layout = layOut(m_content, frameSize());
+    const Rect& plot = layout.map.plot;
+    const Point place{x * frameSize().width, y * frameSize().height};
+    AxisMap& map = m_content.map;
+    if (layout.xAxis.contains(place))
+        map.x = zoomed(map.x, m_fullX, factor, (place.x - plot.x1) / plot.width());
+    else if (layout.yAxis.contains(place))
+        map.y = zoomed(map.y, m_fullY, factor, (place.y - plot.y1) / plot.height());
+    else
+        return false;
+    return true;
 }
 
 void XYPlot::fit()

@@ -18,6 +18,8 @@ public:
     void rotate(double aboutVertical, double tilt) override; ///< lines cannot be turned: nothing
     void translate(double dx, double dy) override;
     void zoom(double factor, double x, double y) override;
+    void zoomTo(double x1, double y1, double x2, double y2) override;
+    bool zoomAxis(double factor, double x, double y) override;
     void fit() override;
     bool valueAt(double x, double y, ShownValue& found) const override;
     std::string description() const override;
