@@ -6,6 +6,7 @@
 #include "ScreenPixels.h"
 #include "ShownPage.h"
 #include "ToolTip.h"
+#include "ValueLabel.h"
 #include "ViewTools.h"
 #include "WaitCursor.h"
 #include "WorkIndicator.h"
@@ -159,7 +160,10 @@ void MainWindow::createStatusBar()
     m_description = new QLabel;
     m_description->setTextFormat(Qt::PlainText); // it names the file
     m_selection = new QLabel;
+    m_selection->setTextFormat(Qt::PlainText); // it names columns
+    m_selection->setMinimumWidth(1);           // a long name does not widen the window
     statusBar()->addWidget(m_description, 1);
+    statusBar()->addPermanentWidget(new ValueLabel(*m_area));
     statusBar()->addPermanentWidget(m_selection);
     WorkIndicator* const work = new WorkIndicator(this);
     statusBar()->addPermanentWidget(work);
@@ -260,7 +264,9 @@ void MainWindow::deselect()
 void MainWindow::showSelection()
 {
     const int count = VelUtilPickGetCount();
-    m_selection->setText(count > 0 ? tr("%1 selected").arg(count) : QString());
+    const QString names = QString::fromUtf8(VelUtilPickDescription());
+    m_selection->setText(count > 0 ? tr("%1 selected: %2").arg(count).arg(names) : QString());
+    m_selection->setToolTip(m_selection->text()); // there may be little room
 }
 
 void MainWindow::fitView()

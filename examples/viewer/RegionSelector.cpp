@@ -80,6 +80,15 @@ void RegionSelector::finish(const QPoint& position, bool add)
     VelEngSelectRegion(left, bottom, right, top, add ? 1 : 0);
 }
 
+void RegionSelector::zoom(const QPoint& position)
+{
+    m_sheet->hide();
+    const QRect rect = rectTo(position);
+    const double reach = ReachOfClick * screenPixelsPerPixel(m_area);
+    if (rect.width() > reach && rect.height() > reach)
+        VelUtilViewZoomTo(rect.left(), rect.top(), rect.right(), rect.bottom());
+}
+
 void RegionSelector::cancel()
 {
     m_sheet->hide();

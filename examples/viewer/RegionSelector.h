@@ -21,7 +21,7 @@ public:
                   QStyleHintReturn* result) const override;
 };
 
-/// Selects what a rubber band encloses, or what is at the place of a mere click.
+/// Selects what a rubber band encloses, or what is at the place of a mere click; or zooms to what it encloses.
 class RegionSelector {
 public:
     explicit RegionSelector(velmora::sdk::integration::GLDrawArea& area);
@@ -31,6 +31,8 @@ public:
     void extend(const QPoint& position);
     /// Selects; with `add` what was selected before stays so.
     void finish(const QPoint& position, bool add);
+    /// Zooms; a mere click does nothing.
+    void zoom(const QPoint& position);
     void cancel();
     bool isActive() const { return m_sheet->isVisible(); }
 

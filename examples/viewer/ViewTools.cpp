@@ -17,7 +17,8 @@ using namespace velmora::sdk::integration;
 namespace {
 
 // By Tool.
-constexpr CursorStyle_e Cursors[] = {CursorStyle_Rotate, CursorStyle_Translate, CursorStyle_Zoom, CursorStyle_Cross};
+constexpr CursorStyle_e Cursors[] = {CursorStyle_Rotate, CursorStyle_Translate, CursorStyle_Zoom, CursorStyle_Cross,
+                                     CursorStyle_Cross};
 
 // Of the area's pixels, so that the same way of the hand does the same whatever their size.
 constexpr double DegreesPerPixel = 0.4;
@@ -59,7 +60,9 @@ void ViewTools::buttonPressed(MouseEventInterface& event, MouseEventObservableIn
     m_dragging = moves ? Move : zooms ? Zoom : m_tool;
     m_isDragging = event.button() != MouseEventInterface::MouseButton_None;
     m_pressed = m_last = QPoint(event.x(), event.y());
-    if (m_isDragging && m_dragging == Select)
+    if (event.button() == MouseEventInterface::MouseButton_Left && event.isShiftDown() && m_tool != Select)
+        m_dragging = ZoomToBox;
+    if (m_isDragging && (m_dragging == Select || m_dragging == ZoomToBox))
         m_selector.begin(m_pressed);
 }
 
@@ -74,18 +77,39 @@ void ViewTools::mouseMoved(MouseEventInterface& event, MouseEventObservableInter
 
 void ViewTools::buttonReleased(MouseEventInterface& event, MouseEventObservableInterface&)
 {
+    const bool wasClick = m_isDragging && m_tool != Select && QPoint(event.x(), event.y()) == m_pressed;
     m_isDragging = false;
+    if (wasClick && event.button() == MouseEventInterface::MouseButton_Left && clickLegend(m_pressed))
+        Q_EMIT selectionChanged(); // what is hidden is not selected
     if (!m_selector.isActive())
         return;
+    if (m_dragging == ZoomToBox) {
+        m_selector.zoom(QPoint(event.x(), event.y()));
+        return;
+    }
     m_selector.finish(QPoint(event.x(), event.y()), event.isShiftDown());
     Q_EMIT selectionChanged();
 }
 
-void ViewTools::buttonDoublePressed(MouseEventInterface&, MouseEventObservableInterface&)
+void ViewTools::buttonDoublePressed(MouseEventInterface& event, MouseEventObservableInterface&)
 {
     m_isDragging = false;
-    if (m_tool != Select)
+    if (m_tool == Select)
+        return;
+    const QPoint position(event.x(), event.y());
+    // Its first press was a click already, which is undone.
+    if (clickLegend(position)) {
+        VelUtilLineShowAlone(VelUtilLegendLineAt(position.x(), position.y()));
+        Q_EMIT selectionChanged();
+    } else {
         VelUtilViewFit();
+    }
+}
+
+bool ViewTools::clickLegend(const QPoint& position)
+{
+    const int line = VelUtilLegendLineAt(position.x(), position.y());
+    return line > 0 && VelUtilLineShow(line, VelUtilLineIsShown(line) ? 0 : 1) != 0;
 }
 
 void ViewTools::drag(const QPoint& from, const QPoint& to)
@@ -103,6 +127,7 @@ void ViewTools::drag(const QPoint& from, const QPoint& to)
         VelUtilViewZoom(std::pow(ZoomPerPixel, -wayOfHand.y()), m_pressed.x(), m_pressed.y());
         break;
     case Select:
+    case ZoomToBox:
         m_selector.extend(to);
         break;
     }
@@ -115,7 +140,9 @@ bool ViewTools::eventFilter(QObject* watched, QEvent* event)
         return false;
     const WheelTurn turn = turnOf(static_cast<const QWheelEvent&>(*event));
     const QPointF position = turn.position * screenPixelsPerPixel(m_area);
-    VelUtilViewZoom(std::pow(ZoomPerWheelUnit, turn.delta), position.x(), position.y());
+    const double factor = std::pow(ZoomPerWheelUnit, turn.delta);
+    if (!VelUtilViewZoomAxis(factor, position.x(), position.y()))
+        VelUtilViewZoom(factor, position.x(), position.y());
     return true;
 }
 

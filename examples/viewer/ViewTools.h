@@ -16,13 +16,15 @@ class GLDrawArea;
 
 namespace viewer {
 
-/// What dragging the mouse over the drawing area does. The wheel always zooms; the middle button
-/// always moves and the right button always zooms, whatever the tool.
+/// What dragging the mouse over the drawing area does. The wheel always zooms, over an axis of lines that axis alone;
+/// with Shift, and any tool but the one to select, dragging zooms to what the rubber band encloses; the middle button
+/// always moves and the right button always zooms, whatever the tool. A click on an entry of the legend hides its line
+/// or shows it again, and a double click shows it alone, or all again; only with the tool to select it selects.
 class ViewTools : public QObject, public velmora::sdk::integration::MouseEventListenerInterface {
     Q_OBJECT
 
 public:
-    enum Tool { Rotate, Move, Zoom, Select };
+    enum Tool { Rotate, Move, Zoom, Select, ZoomToBox };
 
     explicit ViewTools(velmora::sdk::integration::GLDrawArea& area);
     ~ViewTools() override;
@@ -52,6 +54,7 @@ protected:
 
 private:
     void drag(const QPoint& from, const QPoint& to);
+    bool clickLegend(const QPoint& position);
 
     velmora::sdk::integration::GLDrawArea& m_area;
     RegionSelector m_selector;

@@ -84,8 +84,35 @@ VELMORA_PLATFORM_EXPORT void VelUtilViewRotate(double aboutVertical, double tilt
 VELMORA_PLATFORM_EXPORT void VelUtilViewTranslate(double dx, double dy);
 /// Zooms by a factor (above 1: nearer) about the point x, y.
 VELMORA_PLATFORM_EXPORT void VelUtilViewZoom(double factor, double x, double y);
+/// Shows what lies between the two corners as large as the drawing area; lines fill it in both directions.
+VELMORA_PLATFORM_EXPORT void VelUtilViewZoomTo(double x1, double y1, double x2, double y2);
+/// Zooms the axis of a plot of lines that is at x, y alone, about that point. 0 where there is none.
+VELMORA_PLATFORM_EXPORT int VelUtilViewZoomAxis(double factor, double x, double y);
 /// Shows all data and, for a surface, from the direction it was first shown from.
 VELMORA_PLATFORM_EXPORT void VelUtilViewFit();
+
+/// The value that the picture shows at x, y or near it, on one line: "speed = 12.5, day = 2026-03-01" for the value
+/// of a line that stands nearest, "x = 120, y = 340, z = 55.2" for the cell of a grid. "" where there is none, and
+/// while the engine is busy. `xShown` and `yShown` get where it is shown; both may be null. It takes no longer for
+/// large data than a person notices. Valid until the next call.
+VELMORA_PLATFORM_EXPORT const char* VelUtilViewValueAt(double x, double y, double* xShown, double* yShown);
+/// Marks a place of the drawing area over the picture, which is not drawn anew for that. The mark goes with the next
+/// change of what the page shows. Nothing while the engine is busy, and without framebuffer objects.
+VELMORA_PLATFORM_EXPORT void VelUtilViewMark(double x, double y);
+/// Takes the mark away.
+VELMORA_PLATFORM_EXPORT void VelUtilViewUnmark();
+
+// ---- the lines of the active page, by their numbers from 1. Reference platform only
+
+/// The line whose entry in the legend is at x, y, in pixels of the drawing area; 0 where there is none.
+VELMORA_PLATFORM_EXPORT int VelUtilLegendLineAt(double x, double y);
+/// 1 when the line is shown, 0 when it is hidden or there is no such line.
+VELMORA_PLATFORM_EXPORT int VelUtilLineIsShown(int line);
+/// Shows (1) or hides (0) a line. A hidden one is pale in the legend, cannot be selected and does not count for
+/// VelUtilViewFit(). 0 for a line that the page does not have.
+VELMORA_PLATFORM_EXPORT int VelUtilLineShow(int line, int shown);
+/// Shows this line and no other; when that is so already, all lines. 0 for a line that the page does not have.
+VELMORA_PLATFORM_EXPORT int VelUtilLineShowAlone(int line);
 
 // ---- frames and paper
 
@@ -105,6 +132,9 @@ VELMORA_PLATFORM_EXPORT void VelUtilPickDeselectAll();
 VELMORA_PLATFORM_EXPORT int VelUtilPickAddAllInRectX(VelArgList* arguments);
 /// How many objects are selected. Reference platform only.
 VELMORA_PLATFORM_EXPORT int VelUtilPickGetCount();
+/// What is selected, on one line ("line speed, horizontal axis"; of many the first few and how many more), or "".
+/// Valid until the next call. Reference platform only.
+VELMORA_PLATFORM_EXPORT const char* VelUtilPickDescription();
 /// Turns a position in pixels of the active page's drawing area into paper inches from the lower
 /// left corner of the paper. Reference platform only.
 VELMORA_PLATFORM_EXPORT void VelUtilPickPositionToPaper(double xPixel, double yPixel, double* xPaper, double* yPaper);

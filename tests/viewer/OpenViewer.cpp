@@ -1,5 +1,6 @@
 #include "tests/viewer/OpenViewer.h"
 
+#include "ScreenPixels.h"
 #include "engine/VelUtil.h"
 #include "testing/EngineProbe.h"
 #include "tests/support/DisplayScale.h"
@@ -83,6 +84,18 @@ QImage OpenViewer::picture()
 QImage OpenViewer::part(const QImage& picture, const QRect& rect)
 {
     return picture.copy(inScreenPixels(area(), rect));
+}
+
+QPoint OpenViewer::placeOf(const QString& value)
+{
+    const double scale = viewer::screenPixelsPerPixel(window->drawArea());
+    double xShown = 0.0;
+    double yShown = 0.0;
+    for (int y = 0; y < area().height(); y += 4)
+        for (int x = 0; x < area().width(); x += 4)
+            if (value == VelUtilViewValueAt(x * scale, y * scale, &xShown, &yShown))
+                return QPointF(xShown / scale, yShown / scale).toPoint();
+    return QPoint();
 }
 
 void OpenViewer::press(const QPoint& position, int button)

@@ -35,6 +35,8 @@ protected:
     QImage part(const QImage& picture, const QRect& rect);
 
     QWidget& area() { return window->drawArea(); }
+    /// Where the picture shows a value that VelUtilViewValueAt() tells; null where it shows none such.
+    QPoint placeOf(const QString& value);
     QPoint centre() { return area().rect().center(); }
 
     // What a person does with the pointer over the area, and with the keys; each returns once the

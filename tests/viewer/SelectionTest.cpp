@@ -11,6 +11,7 @@
 #include <QLabel>
 #include <QRubberBand>
 #include <QStatusBar>
+#include <algorithm>
 
 // After Qt, whose enumerators some of Xlib's macros would replace.
 #define XK_MISCELLANY
@@ -52,7 +53,13 @@ protected:
     void bandAroundAll() { band(QPoint(2, 2), area().rect().bottomRight() - QPoint(2, 2)); }
 
     QPoint emptyCorner() { return QPoint(3, area().height() - 4); }
-    bool statusBarTells(int count) { return statusBarSays(QString("%1 selected").arg(count)); }
+    bool statusBarTells(int count)
+    {
+        const QList<QLabel*> labels = window->statusBar()->findChildren<QLabel*>();
+        return std::any_of(labels.begin(), labels.end(), [count](const QLabel* label) {
+            return label->text().startsWith(QString("%1 selected: ").arg(count));
+        });
+    }
 
     QImage first;
 };
@@ -102,6 +109,22 @@ TEST_F(Selecting, AClickBesideEverythingDeselects)
     EXPECT_EQ(VelUtilPickGetCount(), 0);
     EXPECT_FALSE(statusBarTells(0)) << "nothing is nothing to tell";
     EXPECT_FALSE(differ(first, picture()));
+}
+
+TEST_F(Selecting, WhatIsSelectedIsNamed)
+{
+    // Left of the axes' numbers there is a title only, and below the plot another.
+    const QRect left(QPoint(4, area().height() / 3), QSize(22, area().height() / 3));
+    band(left.topLeft(), left.bottomRight());
+    EXPECT_TRUE(statusBarSays("1 selected: title of the vertical axis")) << VelUtilPickDescription();
+    const QRect middle(QPoint(area().width() / 2 - 40, area().height() / 4), QSize(20, area().height() / 2));
+    band(middle.topLeft(), middle.bottomRight());
+    EXPECT_TRUE(statusBarSays("2 selected: line rising, line waving")) << VelUtilPickDescription();
+    bandAroundAll();
+    EXPECT_TRUE(QString(VelUtilPickDescription()).startsWith("line rising, line waving, horizontal axis and "));
+    open(folder.writeGrid());
+    band(centre() - QPoint(5, 5), centre() + QPoint(5, 5));
+    EXPECT_TRUE(statusBarSays("1 selected: surface")) << VelUtilPickDescription();
 }
 
 TEST_F(Selecting, EscapeDeselects)

@@ -125,6 +125,18 @@ int VelUtilPickGetCount()
     return count;
 }
 
+const char* VelUtilPickDescription()
+{
+    static std::string description;
+    description.clear();
+    if (const std::shared_ptr<Page> page = pages().active())
+        for (const Frame& frame : page->frames()) {
+            const std::string names = frame.plot->selectionDescription();
+            description += (description.empty() || names.empty() ? "" : ", ") + names;
+        }
+    return description.c_str();
+}
+
 void VelUtilPickPositionToPaper(double xPixel, double yPixel, double* xPaper, double* yPaper)
 {
     const std::shared_ptr<Page> page = pages().active();

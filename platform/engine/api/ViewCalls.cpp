@@ -1,35 +1,18 @@
 // The view of the active page, and its frames on the paper.
 
 #include "engine/VelUtil.h"
+#include "engine/api/FrameInArea.h"
 #include "engine/core/Engine.h"
 #include "engine/core/Trace.h"
-#include "engine/page/Layout.h"
 #include "engine/page/Pages.h"
 #include "engine/plot/Plot.h"
 #include "engine/style/StyleTree.h"
-#include "interfaces/GLDrawAreaInterface.h"
+
+#include <algorithm>
 
 using namespace velmora::engine;
 
 namespace {
-
-/// Where the current frame is in the page's drawing area.
-struct FrameInArea {
-    int areaHeight = 0;
-    PixelRect rect;
-};
-
-bool findFrame(const Page& page, FrameInArea& found)
-{
-    if (!page.area())
-        return false;
-    int width = 0;
-    page.area()->getSize(&width, &found.areaHeight);
-    if (width < 1 || found.areaHeight < 1)
-        return false;
-    found.rect = workAreaView(page, width, found.areaHeight).toPixels(page.currentFrameRect());
-    return true;
-}
 
 /// Applies a change to the active page's plot, if it has one.
 template <typename Change>
@@ -80,10 +63,34 @@ void VelUtilViewZoom(double factor, double x, double y)
         FrameInArea frame;
         if (!(factor > 0) || !findFrame(page, frame))
             return false;
-        plot.zoom(factor, (x - frame.rect.x) / frame.rect.width,
-                  (frame.areaHeight - y - frame.rect.y) / frame.rect.height);
+        plot.zoom(factor, frame.fractionX(x), frame.fractionY(y));
         return true;
     });
+}
+
+void VelUtilViewZoomTo(double x1, double y1, double x2, double y2)
+{
+    traceCall("VelUtilViewZoomTo");
+    changeView([&](Plot& plot, const Page& page) {
+        FrameInArea frame;
+        if (x1 == x2 || y1 == y2 || !findFrame(page, frame))
+            return false;
+        plot.zoomTo(frame.fractionX(std::min(x1, x2)), frame.fractionY(std::max(y1, y2)),
+                    frame.fractionX(std::max(x1, x2)), frame.fractionY(std::min(y1, y2)));
+        return true;
+    });
+}
+
+int VelUtilViewZoomAxis(double factor, double x, double y)
+{
+    traceCall("VelUtilViewZoomAxis");
+    bool isAxis = false;
+    changeView([&](Plot& plot, const Page& page) {
+        FrameInArea frame;
+        isAxis = factor > 0 && findFrame(page, frame) && plot.zoomAxis(factor, frame.fractionX(x), frame.fractionY(y));
+        return isAxis;
+    });
+    return isAxis ? 1 : 0;
 }
 
 void VelUtilViewFit()

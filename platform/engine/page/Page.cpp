@@ -84,6 +84,7 @@ bool Page::canShow() const
 
 void Page::changed()
 {
+    m_mark.reset();
     ++m_generation;
     wait();
 }

@@ -3,9 +3,11 @@
 #include "engine/gl/KeptGeometry.h"
 #include "engine/page/CoarseBudget.h"
 #include "engine/page/Frame.h"
+#include "engine/page/Mark.h"
 #include "engine/page/PageCanvas.h"
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace velmora::sdk::integration {
@@ -57,6 +59,10 @@ public:
     void releaseObsoleteGeometry(const GLFunctions& gl);
     CoarseBudget& coarseBudget() { return m_coarseBudget; }
 
+    /// A place that is marked over the picture, until what the page shows changes.
+    const std::optional<Mark>& mark() const { return m_mark; }
+    void setMark(const std::optional<Mark>& mark) { m_mark = mark; }
+
     // ---- the state of its picture
 
     PictureState pictureState() const { return m_state; }
@@ -90,6 +96,7 @@ private:
     KeptGeometry m_keptGeometry;
     bool m_framesReplaced = false; ///< since the last drawing
     CoarseBudget m_coarseBudget;
+    std::optional<Mark> m_mark;
     PictureState m_state = PictureState::Waiting;
     unsigned long m_generation = 1;
     unsigned long m_shownGeneration = 0;

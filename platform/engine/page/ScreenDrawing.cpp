@@ -44,6 +44,13 @@ GLFunctions makeCurrent(GLDrawAreaInterface& area)
     return gl;
 }
 
+void showCanvas(Page& page, const GLFunctions& gl, const Size& size)
+{
+    page.canvas().show(gl);
+    if (page.mark())
+        paintMark(*page.mark(), gl, size.width, size.height, screenPixelsPerPoint());
+}
+
 // Without framebuffer objects the back buffer is all there is, and nobody keeps it: an exposure has
 // to draw the whole picture. While the engine works it must not draw a plot, so the ground must do.
 void drawDirectly(Page& page, const GLFunctions& gl, const Size& size)
@@ -73,7 +80,7 @@ void expose(Page& page)
         if (page.canvas().isDirect())
             drawDirectly(page, gl, size);
         else
-            page.canvas().show(gl);
+            showCanvas(page, gl, size);
         // While the area's own framebuffer is bound: swapping takes what was drawn into that.
         area.getGLContext().swapBuffers();
     }
@@ -200,7 +207,7 @@ void showCoarse(Page& page)
     NoCheckpoint checkpoint;
     paintPicture(picture, gl, size.width, size.height, checkpoint);
     page.coarseBudget().took(Clock::now() - begun);
-    page.canvas().show(gl);
+    showCanvas(page, gl, size);
     area.getGLContext().swapBuffers();
     page.pictureShown();
 }
@@ -211,7 +218,7 @@ void showFull(Page& page)
     const GLFunctions gl = makeCurrent(area);
     const GLStateScope keep(gl);
     page.canvas().completeFull(gl);
-    page.canvas().show(gl);
+    showCanvas(page, gl, sizeOf(area));
     area.getGLContext().swapBuffers();
     page.pictureShown();
 }
@@ -234,6 +241,12 @@ void exposePage(const std::shared_ptr<Page>& page) noexcept
     } catch (...) {
         setLastErrorFromException("The page could not be shown");
     }
+}
+
+void showMark(const std::shared_ptr<Page>& page) noexcept
+{
+    if (!page->canvas().isDirect())
+        exposePage(page);
 }
 
 DrawingResult showCoarsePicture(const std::shared_ptr<Page>& page) noexcept

@@ -10,6 +10,10 @@ class Page;
 /// processed, and longer work is left waiting. Nothing is thrown.
 void exposePage(const std::shared_ptr<Page>& page) noexcept;
 
+/// Shows the picture anew with the page's mark, without drawing it. Nothing where the picture is not kept.
+/// Nothing is thrown.
+void showMark(const std::shared_ptr<Page>& page) noexcept;
+
 enum class DrawingResult {
     Done,
     Obsolete, ///< the page changed meanwhile and waits again, or its area is gone

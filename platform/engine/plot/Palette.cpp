@@ -30,6 +30,12 @@ Color lineColor(std::size_t line)
     return lineColors[line % std::size(lineColors)];
 }
 
+std::size_t lineDashes(std::size_t line)
+{
+    constexpr std::size_t patterns = 4;
+    return line / std::size(lineColors) % patterns;
+}
+
 Color heightColor(double fraction)
 {
     const double place = std::clamp(fraction, 0.0, 1.0) * (std::size(heightColors) - 1);

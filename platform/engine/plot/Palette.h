@@ -9,6 +9,7 @@ namespace velmora::engine {
 namespace palette {
 
 constexpr Color ink{38, 43, 51, 255};        ///< titles and axis titles
+constexpr Color hidden{176, 182, 190, 255};  ///< entries of the legend whose lines are not shown
 constexpr Color label{78, 86, 98, 255};      ///< tick labels
 constexpr Color axis{96, 104, 116, 255};     ///< axes and frames
 constexpr Color grid{223, 227, 232, 255};    ///< light lines behind the data
@@ -24,6 +25,9 @@ constexpr Color selectedGround{255, 226, 190, 255};
 
 /// The colour of the n-th line. Neighbours differ also for the colour-blind.
 Color lineColor(std::size_t line);
+
+/// Lines of the same colour have different dashes (see Dashes): the pattern of the n-th line.
+std::size_t lineDashes(std::size_t line);
 
 /// The colour of heights from the lowest (0) to the highest (1): brighter is higher.
 Color heightColor(double fraction);

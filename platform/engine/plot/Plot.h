@@ -43,6 +43,13 @@ struct PickFilter {
     bool considerStyle = true; ///< leave out what is not shown
 };
 
+/// A value that a picture shows, and where: fractions of the frame.
+struct ShownValue {
+    double x = 0;
+    double y = 0;
+    std::string text; ///< for a person
+};
+
 /// What a frame shows, and from where. Fractions are of the frame, from its lower left corner.
 class Plot {
 public:
@@ -55,6 +62,10 @@ public:
     virtual void rotate(double aboutVertical, double tilt) = 0; ///< degrees
     virtual void translate(double dx, double dy) = 0;           ///< fractions of the frame
     virtual void zoom(double factor, double x, double y) = 0;   ///< about a point in fractions
+    /// Shows what lies in a rectangle (fractions, x1 < x2, y1 < y2) as large as the frame.
+    virtual void zoomTo(double x1, double y1, double x2, double y2) = 0;
+    /// Zooms the axis that is at a point alone; false where there is none that can be.
+    virtual bool zoomAxis(double factor, double x, double y) = 0;
     virtual void fit() = 0;
 
     /// Adds what lies in the rectangle (fractions, x1 <= x2, y1 <= y2) to the selection; how many
@@ -62,6 +73,11 @@ public:
     virtual int pick(double x1, double y1, double x2, double y2, const PickFilter& filter) = 0;
     virtual void deselectAll() = 0;
     virtual int selectedCount() const = 0;
+    /// The names of what is selected, on one line; of many the first few and a number.
+    virtual std::string selectionDescription() const = 0;
+
+    /// The value that the picture shows at a place, or near it; false without one.
+    virtual bool valueAt(double x, double y, ShownValue& found) const = 0;
 
     /// One line for a person: what is shown.
     virtual std::string description() const = 0;

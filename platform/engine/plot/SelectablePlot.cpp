@@ -7,6 +7,8 @@ namespace {
 // In points: a frame with less than this on its shorter side shrinks what is in it.
 constexpr double comfortableSide = 380;
 
+constexpr std::size_t mostNames = 3;
+
 } // namespace
 
 double FrameSize::points(double length) const
@@ -27,6 +29,18 @@ int SelectablePlot::pick(double x1, double y1, double x2, double y2, const PickF
     collect(rect, filter, found);
     m_selection.insert(found.begin(), found.end());
     return static_cast<int>(found.size());
+}
+
+std::string SelectablePlot::selectionDescription() const
+{
+    std::string text;
+    std::size_t named = 0;
+    for (const ObjectId& object : m_selection) {
+        if (named == mostNames && m_selection.size() > mostNames)
+            return text + " and " + std::to_string(m_selection.size() - named) + " more";
+        text += (named++ == 0 ? "" : ", ") + nameOf(object);
+    }
+    return text;
 }
 
 } // namespace velmora::engine

@@ -39,14 +39,18 @@ public:
     int pick(double x1, double y1, double x2, double y2, const PickFilter& filter) override;
     void deselectAll() override { m_selection.clear(); }
     int selectedCount() const override { return static_cast<int>(m_selection.size()); }
+    std::string selectionDescription() const override;
 
 protected:
+    /// What a person calls the object.
+    virtual std::string nameOf(const ObjectId& object) const = 0;
     /// Adds the objects that lie in the rectangle, in pixels of `frameSize()`.
     virtual void collect(const Rect& rect, const PickFilter& filter, Selection& found) const = 0;
 
     const FrameSize& frameSize() const { return m_frameSize; }
     void rememberFrameSize(const Drawing& drawing) { m_frameSize = frameSizeOf(drawing); }
     const Selection& selection() const { return m_selection; }
+    void deselect(const ObjectId& object) { m_selection.erase(object); }
 
 private:
     FrameSize m_frameSize;

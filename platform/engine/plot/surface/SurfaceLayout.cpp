@@ -1,6 +1,7 @@
 #include "engine/plot/surface/SurfaceLayout.h"
 
 #include "engine/plot/Palette.h"
+#include "engine/plot/surface/SurfaceArea.h"
 
 #include <algorithm>
 #include <cmath>
@@ -11,9 +12,6 @@ namespace {
 
 // Points.
 constexpr double barWidth = 14;
-constexpr double barRoom = 76;
-constexpr double labelRoom = 40;
-constexpr double roomBesideBar = 40; ///< for labels between it and the surface
 constexpr double labelDistance = 2;
 constexpr double shortestScale = 40; ///< an axis that is shorter in the picture has none
 constexpr int mostTicks = 12;
@@ -21,14 +19,6 @@ constexpr int mostLines = 4; ///< of labels beside an axis where there is little
 constexpr double lineHeight = 1.3;
 
 constexpr double barShare = 0.62; ///< of the frame's height
-
-Rect surfaceArea(const FrameSize& frame)
-{
-    Rect area = frame.rect().grown(-frame.points(plotsize::edge + labelRoom));
-    area.y2 += frame.points(labelRoom - plotsize::title - plotsize::gap);
-    area.x2 -= frame.points(barRoom - labelRoom + roomBesideBar);
-    return {area.x1, area.y1, std::max(area.x2, area.x1 + 1), std::max(area.y2, area.y1 + 1)};
-}
 
 /// Text beside a line: on which side of the anchor it stands the direction away from the box says.
 Align alignFor(double direction)
@@ -68,8 +58,7 @@ struct Outwards {
 class Builder {
 public:
     Builder(const Grid& grid, const SurfaceShape& shape, const SurfaceView& view, const FrameSize& frame)
-        : m_grid(grid), m_shape(shape),
-          m_frame(frame), m_layout{Camera(view, shape, frame.rect(), surfaceArea(frame)), {}, {}, {}, {}, {}, {}}
+        : m_grid(grid), m_shape(shape), m_frame(frame), m_layout{cameraFor(view, shape, frame), {}, {}, {}, {}, {}, {}}
     {}
 
     SurfaceLayout build()
@@ -385,12 +374,6 @@ void Builder::takePlaces()
 }
 
 } // namespace
-
-Point surfaceCenter(const FrameSize& frame)
-{
-    const Rect area = surfaceArea(frame);
-    return {(area.x1 + area.x2) / 2 / frame.width, (area.y1 + area.y2) / 2 / frame.height};
-}
 
 SurfaceLayout layOut(const Grid& grid, const SurfaceShape& shape, const SurfaceView& view, const FrameSize& frame)
 {

@@ -42,9 +42,6 @@ struct SurfaceLayout {
     Rect bar;
 };
 
-/// The middle of the part of the frame that the surface fits into, as fractions of the frame.
-Point surfaceCenter(const FrameSize& frame);
-
 SurfaceLayout layOut(const Grid& grid, const SurfaceShape& shape, const SurfaceView& view, const FrameSize& frame);
 
 } // namespace velmora::engine

@@ -1,6 +1,9 @@
 #include "engine/plot/surface/SurfacePlot.h"
 
 #include "engine/gl/GLStateGuard.h"
+#include "engine/plot/ValueText.h"
+#include "engine/plot/surface/CellAtPlace.h"
+#include "engine/plot/surface/SurfaceArea.h"
 
 #include <cmath>
 
@@ -84,9 +87,44 @@ void SurfacePlot::zoom(double factor, double x, double y)
     view.zoom = zoomed;
 }
 
+// The shape that is seen stays: the rectangle fits into the frame.
+void SurfacePlot::zoomTo(double x1, double y1, double x2, double y2)
+{
+    const double x = (x1 + x2) / 2;
+    const double y = (y1 + y2) / 2;
+    zoom(1 / std::max(x2 - x1, y2 - y1), x, y);
+    translate(0.5 - x, 0.5 - y);
+}
+
 void SurfacePlot::fit()
 {
     m_content.view = SurfaceView();
+}
+
+std::string SurfacePlot::nameOf(const ObjectId& object) const
+{
+    static const char* const geometries[] = {"x axis", "y axis", "z axis", "colour bar"};
+    static const char* const texts[] = {"title", "title of the x axis", "title of the y axis", "title of the z axis",
+                                        "title of the colour bar"};
+    if (object.first == ObjectKind::Zone)
+        return "surface";
+    return (object.first == ObjectKind::Geometry ? geometries : texts)[object.second];
+}
+
+bool SurfacePlot::valueAt(double x, double y, ShownValue& found) const
+{
+    const SurfaceData& data = *m_content.data;
+    const Grid& grid = data.grid();
+    const Camera camera = cameraFor(m_content.view, data.shape, frameSize());
+    CellAtPlace cell;
+    if (!findCellAt(data.levels, data.shape, camera, {x * frameSize().width, y * frameSize().height}, cell))
+        return false;
+    const double east = grid.xCenter + cell.column * grid.cellSize;
+    const double north = grid.yCenter + (grid.rows - 1 - cell.row) * grid.cellSize;
+    found = {cell.at.x / frameSize().width, cell.at.y / frameSize().height,
+             "x = " + valueText(east) + ", y = " + valueText(north) +
+                 ", z = " + valueText(grid.at(cell.column, cell.row))};
+    return true;
 }
 
 std::string SurfacePlot::description() const

@@ -19,12 +19,16 @@ public:
     void rotate(double aboutVertical, double tilt) override;
     void translate(double dx, double dy) override;
     void zoom(double factor, double x, double y) override;
+    void zoomTo(double x1, double y1, double x2, double y2) override;
+    bool zoomAxis(double, double, double) override { return false; } ///< a surface is zoomed as a whole
     void fit() override;
+    bool valueAt(double x, double y, ShownValue& found) const override;
     std::string description() const override;
 
     const SurfaceView& view() const { return m_content.view; }
 
 protected:
+    std::string nameOf(const ObjectId& object) const override;
     void collect(const Rect& rect, const PickFilter& filter, Selection& found) const override;
 
 private:

@@ -1,10 +1,8 @@
 #include "engine/plot/xy/Series.h"
 
 #include "engine/core/Checkpoint.h"
-#include "engine/data/DataReader.h"
 #include "engine/plot/Palette.h"
 
-#include <cmath>
 #include <limits>
 
 namespace velmora::engine {
@@ -13,7 +11,6 @@ namespace {
 
 constexpr double roomBeside = 0.015;
 constexpr double roomAbove = 0.05;
-constexpr std::size_t rowsAPortion = 65536;
 
 } // namespace
 
@@ -25,22 +22,25 @@ std::vector<Series> seriesOf(const Table& table, Checkpoint& checkpoint)
         series.push_back({nullptr, &columns.front(), lineColor(0), nullptr});
     for (std::size_t i = 1; i < columns.size(); ++i)
         series.push_back({&columns.front(), &columns[i], lineColor(i - 1), nullptr});
-    for (Series& line : series)
+    for (std::size_t i = 0; i < series.size(); ++i) {
+        Series& line = series[i];
         line.blocks = std::make_shared<SeriesBlocks>(line.x, *line.y, checkpoint);
+        line.dashes = lineDashes(i);
+    }
     return series;
 }
 
-void findRanges(const std::vector<Series>& series, AxisRange& x, AxisRange& y, Checkpoint& checkpoint)
+void findRanges(const std::vector<Series>& series, AxisRange& x, AxisRange& y)
 {
     constexpr double most = std::numeric_limits<double>::infinity();
     Rect covered{most, most, -most, -most};
     for (const Series& line : series)
-        for (std::size_t row = 0; row < line.size(); ++row) {
-            if (row % rowsAPortion == 0 && !checkpoint.goOn(1))
-                throw ReadInterrupted();
-            const Point point = line.at(row);
-            if (std::isfinite(point.x) && std::isfinite(point.y))
-                covered.take(point);
+        for (std::size_t row = 0; line.isShown && row < line.size(); row += SeriesBlocks::rowsABlock) {
+            const Rect& block = line.blocks->blockOf(row).covered;
+            if (block.x1 > block.x2)
+                continue;
+            covered.take({block.x1, block.y1});
+            covered.take({block.x2, block.y2});
         }
     x = rangeAround(covered.x1, covered.x2, roomBeside);
     y = rangeAround(covered.y1, covered.y2, roomAbove);

@@ -19,6 +19,8 @@ struct Series {
     const Column* y = nullptr;
     Color color;
     std::shared_ptr<const SeriesBlocks> blocks;
+    std::size_t dashes = 0; ///< pattern, see Dashes
+    bool isShown = true;
 
     std::size_t size() const { return x ? std::min(x->values.size(), y->values.size()) : y->values.size(); }
     Point at(std::size_t row) const { return {x ? x->values[row] : static_cast<double>(row) + 1, y->values[row]}; }
@@ -27,7 +29,7 @@ struct Series {
 /// The lines of a table. They point into it. Asks `checkpoint` to go on; throws ReadInterrupted when it says no.
 std::vector<Series> seriesOf(const Table& table, Checkpoint& checkpoint);
 
-/// What the lines cover; rows with a gap count on neither axis. Asks `checkpoint` as well.
-void findRanges(const std::vector<Series>& series, AxisRange& x, AxisRange& y, Checkpoint& checkpoint);
+/// What the lines that are shown cover; rows with a gap count on neither axis.
+void findRanges(const std::vector<Series>& series, AxisRange& x, AxisRange& y);
 
 } // namespace velmora::engine

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace velmora::engine {
 
@@ -38,19 +39,33 @@ SeriesBlocks::Block blockOfValues(const double* values)
     return block;
 }
 
+Rect coveredBy(const double* x, const double* y, std::size_t firstRow, std::size_t count)
+{
+    constexpr double most = std::numeric_limits<double>::infinity();
+    Rect covered{most, most, -most, -most};
+    for (std::size_t i = 0; i < count; ++i) {
+        const Point point{x ? x[i] : static_cast<double>(firstRow + i) + 1, y[i]};
+        if (std::isfinite(point.x) && std::isfinite(point.y))
+            covered.take(point);
+    }
+    return covered;
+}
+
 } // namespace
 
 SeriesBlocks::SeriesBlocks(const Column* x, const Column& y, Checkpoint& checkpoint)
 {
     const std::size_t rows = x ? std::min(x->values.size(), y.values.size()) : y.values.size();
     m_blocks.reserve(rows / rowsABlock + 1);
-    for (std::size_t row = 0; row + rowsABlock <= rows; row += rowsABlock) {
+    for (std::size_t row = 0; row < rows; row += rowsABlock) {
         if (m_blocks.size() % blocksAPortion == 0 && !checkpoint.goOn(1))
             throw ReadInterrupted();
-        m_blocks.push_back(blockOfValues(&y.values[row]));
-        m_blocks.back().isPlain = m_blocks.back().isPlain && (!x || growsWithoutGap(&x->values[row], rowsABlock));
+        const std::size_t count = std::min(rowsABlock, rows - row);
+        const double* const across = x ? &x->values[row] : nullptr;
+        m_blocks.push_back(count == rowsABlock ? blockOfValues(&y.values[row]) : Block());
+        m_blocks.back().isPlain = m_blocks.back().isPlain && (!x || growsWithoutGap(across, rowsABlock));
+        m_blocks.back().covered = coveredBy(across, &y.values[row], row, count);
     }
-    m_blocks.push_back({}); // for the rest
 }
 
 } // namespace velmora::engine

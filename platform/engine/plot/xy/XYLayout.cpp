@@ -15,7 +15,6 @@ constexpr double sampleLength = 20;
 constexpr double entryGap = 16;
 
 constexpr std::size_t mostLegendRows = 3;
-constexpr std::size_t longestName = 40; ///< characters
 
 /// Lays out one plot from the outside inwards: each part takes its room from `free`.
 class Builder {
@@ -89,8 +88,9 @@ void Builder::addTitle()
 bool Builder::placeEntry(std::size_t line, Point& at, std::size_t& row)
 {
     const double size = points(plotsize::label);
-    const std::string name = titleOf(*m_content.series[line].y);
-    TextItem text{name, at, size, Align::Start, Align::Middle, false, false, palette::ink};
+    const Series& series = m_content.series[line];
+    const auto& colour = series.isShown ? palette::ink : palette::hidden;
+    TextItem text{titleOf(*series.y), at, size, Align::Start, Align::Middle, false, false, colour};
     const double width = points(sampleLength + plotsize::gap) + measureText(FontFace::regular(), text.text, size).width;
     if (at.x + width > m_free.x2 && at.x > m_free.x1) {
         at = {m_free.x1, at.y - size * 1.6};
@@ -107,7 +107,8 @@ bool Builder::placeEntry(std::size_t line, Point& at, std::size_t& row)
             return false;
         }
     }
-    m_layout.samples.push_back({at, {at.x + points(sampleLength), at.y}, line});
+    const Rect entry{at.x, at.y - size * 0.8, at.x + width, at.y + size * 0.8};
+    m_layout.samples.push_back({at, {at.x + points(sampleLength), at.y}, entry, line});
     text.anchor = {at.x + points(sampleLength + plotsize::gap), at.y};
     m_layout.texts.push_back({text, xyobject::legendText + static_cast<int>(line)});
     at.x += width + points(entryGap);

@@ -16,6 +16,8 @@ constexpr int xAxis = 0, yAxis = 1, legend = 2;                    ///< geometri
 
 } // namespace xyobject
 
+constexpr std::size_t longestName = 40; ///< of a line or an axis, in characters
+
 /// What a plot of lines shows, for as long as one drawing of it lasts.
 struct XYContent {
     std::shared_ptr<const Table> table;
@@ -23,9 +25,11 @@ struct XYContent {
     AxisMap map; ///< `plot` is set by the layout
 };
 
+/// An entry of the legend: a piece of the line, and with its name the place of both.
 struct LegendSample {
     Point from;
     Point to;
+    Rect entry;
     std::size_t line;
 };
 

@@ -1,6 +1,7 @@
 #include "engine/plot/xy/XYPainter.h"
 
 #include "engine/plot/Palette.h"
+#include "engine/plot/xy/Dashes.h"
 
 #include <cmath>
 
@@ -21,6 +22,7 @@ constexpr double selectedAxisWidth = 2;
 
 // So many rows are read while a triangle is set up.
 constexpr double rowsATriangle = 16;
+constexpr std::size_t verticesAtOnce = 4000; ///< a line of many dashes is drawn in parts
 
 constexpr Color halo{255, 178, 80, 150};
 
@@ -65,6 +67,11 @@ bool XYPainter::isLineSelected(std::size_t line) const
     return isSelected(m_selection, ObjectKind::Zone, static_cast<int>(line));
 }
 
+bool XYPainter::isDrawn(std::size_t line, bool selected) const
+{
+    return m_content.series[line].isShown && isLineSelected(line) == selected;
+}
+
 std::size_t XYPainter::lineSteps() const
 {
     std::size_t steps = 0;
@@ -80,10 +87,10 @@ void XYPainter::paintLines()
     m_canvas.clip(m_layout.map.plot);
     const std::vector<Series>& series = m_content.series;
     for (std::size_t i = 0; i < series.size(); ++i)
-        if (!isLineSelected(i))
+        if (isDrawn(i, false))
             paintLine(i, points(lineWidth), series[i].color, true);
     for (std::size_t i = 0; i < series.size(); ++i)
-        if (isLineSelected(i)) {
+        if (isDrawn(i, true)) {
             paintLine(i, points(haloWidth), halo, false);
             paintLine(i, points(selectedWidth), series[i].color, false);
             paintMarkers(i);
@@ -95,11 +102,15 @@ void XYPainter::paintLine(std::size_t line, double width, Color color, bool with
 {
     SeriesPath path(m_content.series[line], m_layout.map, width, m_canvas.drawing().detail);
     SeriesPath::Portion portion;
+    Dashes dashes(m_content.series[line].dashes, points(lineWidth));
     Stroke stroke(width, color);
     while (!m_canvas.stopped() && path.next(portion)) {
         stroke.clear();
-        for (const auto& points : portion.lines)
-            stroke.addLine(points.data(), points.size());
+        for (const auto& whole : portion.lines)
+            for (const auto& dash : dashes.cut(whole)) {
+                stroke.addLine(dash.data(), dash.size());
+                drawWhenLong(stroke);
+            }
         for (const Rect& bar : portion.bars)
             stroke.addBar(bar);
         for (const StrokePoint& dot : portion.dots)
@@ -109,6 +120,15 @@ void XYPainter::paintLine(std::size_t line, double width, Color color, bool with
         m_canvas.charge(static_cast<double>(portion.rows) / rowsATriangle);
         m_canvas.step();
     }
+}
+
+void XYPainter::drawWhenLong(Stroke& stroke)
+{
+    if (stroke.vertices().size() < verticesAtOnce)
+        return;
+    m_canvas.stroke(stroke);
+    stroke.clear();
+    m_canvas.stepWithin();
 }
 
 // Markers stand on values, with some room between them.
@@ -164,9 +184,17 @@ void XYPainter::paintLegend()
     if (isSelected(m_selection, ObjectKind::Geometry, xyobject::legend))
         m_canvas.outline(m_layout.legend.grown(points(2)), points(1.2), palette::selected);
     for (const LegendSample& sample : m_layout.samples)
-        m_canvas.line(sample.from, sample.to, points(isLineSelected(sample.line) ? 3 : 2),
-                      m_content.series[sample.line].color);
+        paintSample(sample);
     m_canvas.step();
+}
+
+void XYPainter::paintSample(const LegendSample& sample)
+{
+    const Series& line = m_content.series[sample.line];
+    Dashes dashes(line.dashes, points(lineWidth));
+    for (const Dashes::Line& dash : dashes.cut({{sample.from.x, sample.from.y, 0}, {sample.to.x, sample.to.y, 0}}))
+        m_canvas.line({dash.front().x, dash.front().y}, {dash.back().x, dash.back().y},
+                      points(isLineSelected(sample.line) ? 3 : 2), line.isShown ? line.color : palette::hidden);
 }
 
 void XYPainter::paintTexts()

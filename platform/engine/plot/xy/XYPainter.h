@@ -17,10 +17,13 @@ private:
     void paintGrid();
     void paintLines();
     void paintLine(std::size_t line, double width, Color color, bool withDots);
+    bool isDrawn(std::size_t line, bool selected) const;
     void paintMarkers(std::size_t line);
     void paintAxes();
     void paintTicks(double length, double width);
+    void drawWhenLong(Stroke& stroke);
     void paintLegend();
+    void paintSample(const LegendSample& sample);
     void paintTexts();
     std::size_t lineSteps() const;
     bool isLineSelected(std::size_t line) const;

@@ -1,7 +1,11 @@
 #include "engine/plot/xy/XYPlot.h"
 
+#include "engine/data/DateText.h"
 #include "engine/gl/GLStateGuard.h"
+#include "engine/plot/ValueText.h"
+#include "engine/plot/xy/NearestValue.h"
 #include "engine/plot/xy/XYPainter.h"
+#include "engine/text/PlainText.h"
 
 #include <cmath>
 
@@ -20,6 +24,8 @@ bool isRange(const AxisRange& range)
     return std::isfinite(range.from) && std::isfinite(range.to) && range.span() > 0;
 }
 
+constexpr double reachOfValue = 12; // points
+
 /// Scales the range about the value that lies at `fraction` of it.
 AxisRange zoomed(const AxisRange& range, const AxisRange& full, double factor, double fraction)
 {
@@ -31,6 +37,16 @@ AxisRange zoomed(const AxisRange& range, const AxisRange& full, double factor, d
     if (!isRange(result) || (factor > 1 && isTooNear) || (factor < 1 && share > farthest))
         return range;
     return result;
+}
+
+/// The part of a range that lies between two fractions of it, but no more of it than there is.
+AxisRange cutOut(const AxisRange& range, const AxisRange& full, AxisRange fractions)
+{
+    fractions = {std::max(fractions.from, 0.0), std::min(fractions.to, 1.0)};
+    const double span = fractions.span();
+    if (!(span > 0))
+        return range;
+    return span < 1 ? zoomed(range, full, 1 / span, fractions.from / (1 - span)) : range;
 }
 
 /// Moves by a fraction of the range.
@@ -66,13 +82,18 @@ Rect common(const Rect& a, const Rect& b)
     return {std::max(a.x1, b.x1), std::max(a.y1, b.y1), std::min(a.x2, b.x2), std::min(a.y2, b.y2)};
 }
 
+std::string textOf(const Column& column, double value)
+{
+    return column.isDate ? dateText(value) : valueText(value);
+}
+
 } // namespace
 
 XYPlot::XYPlot(std::shared_ptr<const Table> table, Checkpoint& checkpoint)
 {
     m_content.table = std::move(table);
     m_content.series = seriesOf(*m_content.table, checkpoint);
-    findRanges(m_content.series, m_fullX, m_fullY, checkpoint);
+    findRanges(m_content.series, m_fullX, m_fullY);
     XYPlot::fit();
 }
 
@@ -105,10 +126,75 @@ void XYPlot::zoom(double factor, double x, double y)
     map.y = zoomed(map.y, m_fullY, factor, alongY);
 }
 
+void XYPlot::zoomTo(double x1, double y1, double x2, double y2)
+{
+    AxisMap& map = m_content.map;
+    const Rect plot = layOut(m_content, frameSize()).map.plot;
+    const AxisRange alongX{(x1 * frameSize().width - plot.x1) / plot.width(),
+                           (x2 * frameSize().width - plot.x1) / plot.width()};
+    const AxisRange alongY{(y1 * frameSize().height - plot.y1) / plot.height(),
+                           (y2 * frameSize().height - plot.y1) / plot.height()};
+    map.x = cutOut(map.x, m_fullX, alongX);
+    map.y = cutOut(map.y, m_fullY, alongY);
+}
+
+bool XYPlot::zoomAxis(double factor, double x, double y)
+{
+    const XYLayout layout = layOut(m_content, frameSize());
+    const Rect& plot = layout.map.plot;
+    const Point place{x * frameSize().width, y * frameSize().height};
+    AxisMap& map = m_content.map;
+    if (layout.xAxis.contains(place))
+        map.x = zoomed(map.x, m_fullX, factor, (place.x - plot.x1) / plot.width());
+    else if (layout.yAxis.contains(place))
+        map.y = zoomed(map.y, m_fullY, factor, (place.y - plot.y1) / plot.height());
+    else
+        return false;
+    return true;
+}
+
 void XYPlot::fit()
 {
     m_content.map.x = m_fullX;
     m_content.map.y = m_fullY;
+}
+
+void XYPlot::showLine(std::size_t line, bool shown)
+{
+    m_content.series[line].isShown = shown;
+    linesChanged();
+}
+
+void XYPlot::showLineAlone(std::size_t line)
+{
+    std::vector<Series>& series = m_content.series;
+    const auto isAsWanted = [&](const Series& other) { return other.isShown == (&other == &series[line]); };
+    const bool isAlone = std::all_of(series.begin(), series.end(), isAsWanted);
+    for (Series& other : series)
+        other.isShown = isAlone || &other == &series[line];
+    linesChanged();
+}
+
+// With nothing to show the ranges stay what they were.
+void XYPlot::linesChanged()
+{
+    const std::vector<Series>& series = m_content.series;
+    if (std::any_of(series.begin(), series.end(), [](const Series& line) { return line.isShown; }))
+        findRanges(series, m_fullX, m_fullY);
+    for (std::size_t i = 0; i < series.size(); ++i)
+        if (!series[i].isShown)
+            deselect({ObjectKind::Zone, static_cast<int>(i)});
+}
+
+bool XYPlot::legendLineAt(double x, double y, std::size_t& line) const
+{
+    const Point place{x * frameSize().width, y * frameSize().height};
+    for (const LegendSample& sample : layOut(m_content, frameSize()).samples)
+        if (sample.entry.contains(place)) {
+            line = sample.line;
+            return true;
+        }
+    return false;
 }
 
 std::string XYPlot::description() const
@@ -117,6 +203,40 @@ std::string XYPlot::description() const
     const std::size_t rows = lines ? m_content.series.front().size() : 0;
     return std::to_string(lines) + (lines == 1 ? " line, " : " lines, ") + std::to_string(rows) +
            (rows == 1 ? " row" : " rows");
+}
+
+std::string XYPlot::nameOf(const ObjectId& object) const
+{
+    const auto [kind, number] = object;
+    const auto lineName = [this](int line) {
+        return shortened(m_content.series[static_cast<std::size_t>(line)].y->name, longestName);
+    };
+    if (kind == ObjectKind::Zone)
+        return "line " + lineName(number);
+    if (kind == ObjectKind::Geometry)
+        return number == xyobject::xAxis ? "horizontal axis" : number == xyobject::yAxis ? "vertical axis" : "legend";
+    if (number >= xyobject::legendText)
+        return "legend entry " + lineName(number - xyobject::legendText);
+    return number == xyobject::title    ? "title"
+           : number == xyobject::xTitle ? "title of the horizontal axis"
+                                        : "title of the vertical axis";
+}
+
+bool XYPlot::valueAt(double x, double y, ShownValue& found) const
+{
+    const AxisMap map = layOut(m_content, frameSize()).map;
+    const Point place{x * frameSize().width, y * frameSize().height};
+    NearestValue nearest;
+    if (!map.plot.contains(place) ||
+        !findNearestValue(m_content.series, map, place, frameSize().points(reachOfValue), nearest))
+        return false;
+    const Series& line = m_content.series[nearest.line];
+    const Point value = line.at(nearest.row);
+    const std::string xName = line.x ? shortened(line.x->name, longestName) : "row";
+    const std::string xText = line.x ? textOf(*line.x, value.x) : valueText(value.x);
+    found = {nearest.at.x / frameSize().width, nearest.at.y / frameSize().height,
+             shortened(line.y->name, longestName) + " = " + textOf(*line.y, value.y) + ", " + xName + " = " + xText};
+    return true;
 }
 
 void XYPlot::collect(const Rect& rect, const PickFilter& filter, Selection& found) const
@@ -137,7 +257,7 @@ void XYPlot::collectLines(const XYLayout& layout, const Rect& rect, bool shownOn
     if (where.x1 > where.x2 || where.y1 > where.y2)
         return;
     for (std::size_t i = 0; i < m_content.series.size(); ++i)
-        if (meets(m_content.series[i], layout.map, where))
+        if (m_content.series[i].isShown && meets(m_content.series[i], layout.map, where))
             found.insert({ObjectKind::Zone, static_cast<int>(i)});
 }
 

@@ -18,16 +18,31 @@ public:
     void rotate(double aboutVertical, double tilt) override; ///< lines cannot be turned: nothing
     void translate(double dx, double dy) override;
     void zoom(double factor, double x, double y) override;
+    void zoomTo(double x1, double y1, double x2, double y2) override;
+    bool zoomAxis(double factor, double x, double y) override;
     void fit() override;
+    bool valueAt(double x, double y, ShownValue& found) const override;
     std::string description() const override;
+
+    std::size_t lineCount() const { return m_content.series.size(); }
+    bool isLineShown(std::size_t line) const { return m_content.series[line].isShown; }
+    /// Shows or hides a line. A hidden one cannot be selected and does not count when all is to be shown; its entry
+    /// in the legend is pale.
+    void showLine(std::size_t line, bool shown);
+    /// Hides all other lines; when that is so already, shows all.
+    void showLineAlone(std::size_t line);
+    /// The line whose entry in the legend is at a place; false where there is none.
+    bool legendLineAt(double x, double y, std::size_t& line) const;
 
     const AxisRange& xRange() const { return m_content.map.x; }
     const AxisRange& yRange() const { return m_content.map.y; }
 
 protected:
+    std::string nameOf(const ObjectId& object) const override;
     void collect(const Rect& rect, const PickFilter& filter, Selection& found) const override;
 
 private:
+    void linesChanged();
     void collectLines(const XYLayout& layout, const Rect& rect, bool shownOnly, Selection& found) const;
     static void collectGeometries(const XYLayout& layout, const Rect& rect, Selection& found);
 
