@@ -67,16 +67,16 @@ public:
 };
 
 using Delivery = std::function<void()>;
-constexpr int eventsARound = 20000;
-constexpr int rounds = 41;
+constexpr int EventsARound = 20000;
+constexpr int Rounds = 41;
 
 double nanosecondsOfOne(const Delivery& deliver)
 {
     return 1e6 * millisecondsOf([&] {
-               for (int i = 0; i < eventsARound; ++i)
+               for (int i = 0; i < EventsARound; ++i)
                    deliver();
            }) /
-           eventsARound;
+           EventsARound;
 }
 
 struct Costs {
@@ -92,7 +92,7 @@ Costs measure(const Delivery& deliver, ApplicationEventMonitorAbstract& monitor)
     NoOpFilter noOp;
     std::vector<double> none, withNoOp, withMonitor;
     long allocations = 0;
-    for (int round = 0; round < rounds; ++round) {
+    for (int round = 0; round < Rounds; ++round) {
         none.push_back(nanosecondsOfOne(deliver));
         qApp->installEventFilter(&noOp);
         const long toolkitsBefore = g_allocations;
@@ -108,7 +108,7 @@ Costs measure(const Delivery& deliver, ApplicationEventMonitorAbstract& monitor)
         monitor.stop();
     }
     return {median(none), median(withNoOp), median(withMonitor),
-            static_cast<double>(allocations) / (double(rounds) * eventsARound)};
+            static_cast<double>(allocations) / (double(Rounds) * EventsARound)};
 }
 
 void reportCosts(const std::string& what, const Costs& costs, double limit)
@@ -140,7 +140,7 @@ void measureArea(QMouseEvent& move)
         area.connectMouseMoved([&](MouseEventInterface& event) { heard += event.y(); });
     std::vector<double> toBare, toArea;
     long allocations = 0;
-    for (int round = 0; round < rounds; ++round) {
+    for (int round = 0; round < Rounds; ++round) {
         toBare.push_back(nanosecondsOfOne([&] { QCoreApplication::sendEvent(&bare, &move); }));
         const long before = g_allocations;
         toArea.push_back(nanosecondsOfOne([&] { QCoreApplication::sendEvent(&area, &move); }));
@@ -151,7 +151,7 @@ void measureArea(QMouseEvent& move)
             median(toArea) / median(toBare), "×", 5.0,
             rounded(median(toArea), "ns") + " / " + rounded(median(toBare), "ns")});
     report({"mouse move through a GLDrawArea, allocations",
-            static_cast<double>(allocations) / (double(rounds) * eventsARound), "an event"});
+            static_cast<double>(allocations) / (double(Rounds) * EventsARound), "an event"});
 }
 
 void measureEvents()

@@ -21,13 +21,13 @@ using sdk::integration::Manager;
 using sdk::integration::intern::ApplicationEventMonitorAbstract;
 using testing::EngineProbe;
 
-constexpr unsigned long escape = 0xff1b; // XK_Escape
-constexpr std::chrono::milliseconds slice{5};
+constexpr unsigned long Escape = 0xff1b; // XK_Escape
+constexpr std::chrono::milliseconds Slice{5};
 
 /// One slice of engine work.
 void workForASlice()
 {
-    const Clock::time_point end = Clock::now() + slice;
+    const Clock::time_point end = Clock::now() + Slice;
     while (Clock::now() < end) {
     }
 }
@@ -43,7 +43,7 @@ double interruptOnce(ApplicationEventMonitorAbstract& monitor, int number)
             std::this_thread::yield();
         std::this_thread::sleep_for(std::chrono::microseconds(5000 + (number * 137) % 5000));
         pressed = Clock::now();
-        test::pressKey(escape);
+        test::pressKey(Escape);
     });
     EngineProbe::setBusy(true);
     working = true;
@@ -53,7 +53,7 @@ double interruptOnce(ApplicationEventMonitorAbstract& monitor, int number)
     EngineProbe::setBusy(false);
     const Clock::time_point unwound = Clock::now();
     person.join();
-    test::releaseKey(escape);
+    test::releaseKey(Escape);
     test::processPending();
     return std::chrono::duration<double, std::milli>(unwound - pressed).count();
 }

@@ -51,11 +51,11 @@ struct Row {
 };
 
 // One place for each event type, so that an event that nobody asked about costs one look.
-using Table = std::array<Row, ApplicationEventMonitor::LastAnalyzedType + 1>;
+using Rows = std::array<Row, ApplicationEventMonitor::LastAnalyzedType + 1>;
 
-constexpr Table makeTable()
+constexpr Rows makeTable()
 {
-    Table rows = {};
+    Rows rows = {};
     rows[QEvent::Timer] = {isValueWidget, handOver<QTimerEvent, &Handler::handleTimerEventCausingWidgetChange>};
     rows[QEvent::MouseButtonPress] = {nullptr, handOver<QMouseEvent, &Handler::handleMouseButtonPress>};
     rows[QEvent::MouseButtonRelease] = {nullptr, handOver<QMouseEvent, &Handler::handleMouseButtonRelease>};
@@ -71,17 +71,17 @@ constexpr Table makeTable()
     return rows;
 }
 
-constexpr Table table = makeTable();
+constexpr Rows Table = makeTable();
 
 } // namespace
 
 void ApplicationEventMonitor::eventAnalyzer(const QEvent& event, QObject& receiver, EventHandlerInterface& handler)
 {
     const unsigned type = static_cast<unsigned>(event.type());
-    if (type >= table.size() || !table[type].handOver)
+    if (type >= Table.size() || !Table[type].handOver)
         handler.handleEvent(event);
-    else if (!table[type].condition || table[type].condition(receiver))
-        table[type].handOver(event, handler);
+    else if (!Table[type].condition || Table[type].condition(receiver))
+        Table[type].handOver(event, handler);
 }
 
 } // namespace velmora::sdk::integration::intern

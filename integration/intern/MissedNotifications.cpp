@@ -325,10 +325,9 @@ void MissedNotifications::remember(QObject* receiver, QEvent* event)
         return tellAtOnce(widget(*receiver), *event);
     if (receiver->isWidgetType() && toolkit::isNewerChange(type))
         return add(receiver, {type, Kind::Widgets, Kind::Once, QEvent::None, sendSameType}, *event);
-    for (const Kind& kind : s_kinds) {
+    for (const Kind& kind : s_kinds)
         if (kind.type == type && (kind.receivers == Kind::AnyObject || receiver->isWidgetType()))
             return add(receiver, kind, *event);
-    }
 }
 
 void MissedNotifications::add(QObject* receiver, const Kind& kind, const QEvent& event)
@@ -379,10 +378,9 @@ void MissedNotifications::rememberPressOrRelease(QObject* receiver, const QEvent
 void MissedNotifications::tellAgain()
 {
     m_swallowedPresses.clear();
-    for (const Missed& missed : std::exchange(m_missed, {})) {
+    for (const Missed& missed : std::exchange(m_missed, {}))
         if (missed.receiver)
             missed.tell(*missed.receiver);
-    }
 }
 
 } // namespace velmora::sdk::integration::intern

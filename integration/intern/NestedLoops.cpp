@@ -12,12 +12,12 @@ namespace velmora::sdk::integration::intern {
 namespace {
 
 /// Deeper than any level that there is.
-constexpr int noLevel = std::numeric_limits<int>::max();
+constexpr int NoLevel = std::numeric_limits<int>::max();
 
 } // namespace
 
 NestedLoops::NestedLoops(ApplicationEventMonitor& monitor, std::function<void()> running)
-    : m_monitor(monitor), m_running(std::move(running)), m_levelOfWork(noLevel), m_levelOfLoop(noLevel),
+    : m_monitor(monitor), m_running(std::move(running)), m_levelOfWork(NoLevel), m_levelOfLoop(NoLevel),
       m_turnIsToProcess(false)
 {}
 
@@ -41,25 +41,25 @@ void NestedLoops::unwatch()
 void NestedLoops::turnBegins()
 {
     m_levelOfWork = toolkit::eventLoopLevel();
-    m_levelOfLoop = noLevel;
+    m_levelOfLoop = NoLevel;
 }
 
 void NestedLoops::turnEnds()
 {
-    m_levelOfLoop = noLevel;
+    m_levelOfLoop = NoLevel;
     m_turnIsToProcess = false;
 }
 
 void NestedLoops::workEnded()
 {
-    m_levelOfWork = noLevel;
-    m_levelOfLoop = noLevel;
+    m_levelOfWork = NoLevel;
+    m_levelOfLoop = NoLevel;
 }
 
 bool NestedLoops::isOneRunning() const
 {
     // Asked for every event that matters to the engine, mostly while it does nothing: spares the toolkit's count.
-    if (m_levelOfWork == noLevel && m_levelOfLoop == noLevel)
+    if (m_levelOfWork == NoLevel && m_levelOfLoop == NoLevel)
         return false;
     const int level = toolkit::eventLoopLevel();
     return level > m_levelOfWork || level >= m_levelOfLoop;
@@ -77,7 +77,7 @@ void NestedLoops::dispatcherIsAwake()
 {
     if (m_turnIsToProcess)
         m_turnIsToProcess = false;
-    else if (m_levelOfWork != noLevel && m_monitor.isBusy() && m_monitor.shouldInterrupt())
+    else if (m_levelOfWork != NoLevel && m_monitor.isBusy() && m_monitor.shouldInterrupt())
         noteLoop();
 }
 

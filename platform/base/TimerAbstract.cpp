@@ -64,10 +64,9 @@ void TimerAbstract::timeout()
     // A listener may change the list: those added hear of the next timeout, those removed may be
     // gone already and are not touched.
     const std::vector<TimerListenerInterface*> toNotify = m_listeners->all;
-    for (TimerListenerInterface* listener : toNotify) {
+    for (TimerListenerInterface* listener : toNotify)
         if (m_listeners->contains(listener))
             listener->timeout(*this);
-    }
 }
 
 } // namespace velmora::sdk::util

@@ -20,10 +20,10 @@ namespace velmora::sdk::integration::intern {
 namespace {
 
 /// The Escape key in the toolkit's key codes, which key events carry.
-constexpr int escapeKey = 0x01000000;
+constexpr int EscapeKey = 0x01000000;
 
 /// How many turns the engine has at most before the application's own event loop goes on.
-constexpr int mostTurnsWhenIdle = 16;
+constexpr int MostTurnsWhenIdle = 16;
 
 /// What a person does while the engine waits for the answer to a dialog of its own is meant for the
 /// dialog: if it were held back, the dialog could not be answered and the engine not go on.
@@ -203,7 +203,7 @@ void ApplicationEventMonitorAbstract::notifyOfButtonDoublePressed(MouseEventInte
 
 void ApplicationEventMonitorAbstract::notifyOfKeyPressed(KeyEventInterface& event)
 {
-    if (event.key() == escapeKey && isEngineInterruptible())
+    if (event.key() == EscapeKey && isEngineInterruptible())
         interrupt();
     m_impl->keyListeners.notify([&](KeyEventListenerInterface& listener) { listener.keyPressed(event, *this); });
 }
@@ -219,10 +219,9 @@ void ApplicationEventMonitorAbstract::notifyOfIdle(OnIdleObservableInterface& so
     // A listener may have stopped the engine. Input that comes during a turn may leave new work
     // waiting, and when it was the last for a while there is no event to announce idle time after
     // it; hence more than one turn, and a limit, for a host may change its page all the time.
-    for (int turn = 0; turn < mostTurnsWhenIdle && VelEngIsRunning() != 0; ++turn) {
+    for (int turn = 0; turn < MostTurnsWhenIdle && VelEngIsRunning() != 0; ++turn)
         if (VelEngTurn() == 0)
             return;
-    }
 }
 
 void ApplicationEventMonitorAbstract::threedMouseMoveEvent(const MotionData& motion)

@@ -48,10 +48,9 @@ public:
     {
         const Notification notification(*this);
         const std::size_t count = m_listeners.size();
-        for (std::size_t i = 0; i < count; ++i) {
+        for (std::size_t i = 0; i < count; ++i)
             if (Listener* const listener = m_listeners[i])
                 call(*listener);
-        }
     }
 
 private:

@@ -25,7 +25,7 @@ struct ReturnCodeText {
     const char* text;
 };
 
-constexpr ReturnCodeText returnCodeTexts[] = {
+constexpr ReturnCodeText ReturnCodeTexts[] = {
     {ManagerStartReturnCode_Ok, "The engine was started."},
     {ManagerStartReturnCode_NotInitialized, "The manager was not initialised: call init before start."},
     {ManagerStartReturnCode_AlreadyStarted, "The engine runs already: call stop first."},
@@ -36,10 +36,9 @@ constexpr ReturnCodeText returnCodeTexts[] = {
 bool asksForBatchMode(int argc, char* const* argv)
 {
     // The first entry is the program's own name.
-    for (int i = 1; i < argc; ++i) {
+    for (int i = 1; i < argc; ++i)
         if (argv[i] != nullptr && std::strcmp(argv[i], "-b") == 0)
             return true;
-    }
     return false;
 }
 
@@ -207,10 +206,9 @@ ServiceRepositoryInterface& ManagerAbstract::getServiceRepository()
 
 std::string ManagerAbstract::returnCodeString(ManagerStartReturnCode_e code)
 {
-    for (const ReturnCodeText& entry : returnCodeTexts) {
+    for (const ReturnCodeText& entry : ReturnCodeTexts)
         if (entry.code == code)
             return entry.text;
-    }
     return "Unknown return code " + std::to_string(static_cast<int>(code)) + ".";
 }
 

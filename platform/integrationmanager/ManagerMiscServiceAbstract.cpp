@@ -50,7 +50,7 @@ void onOpenGLVersionString(SetText setResult, void* result, long /*clientData*/)
     });
 }
 
-constexpr VelEngMiscCallbacks callbacks = {&onTranslateNonPrintableKeyboardCode,
+constexpr VelEngMiscCallbacks Callbacks = {&onTranslateNonPrintableKeyboardCode,
                                            &onGetDotPitchPerCm,
                                            &onGetScreenSizeInPixels,
                                            &onKeyboardModifiers,
@@ -72,7 +72,7 @@ ManagerMiscServiceAbstract::~ManagerMiscServiceAbstract()
 
 void ManagerMiscServiceAbstract::registerCallbacks()
 {
-    VelEngMiscRegisterCallbacks(&callbacks, 0);
+    VelEngMiscRegisterCallbacks(&Callbacks, 0);
 }
 
 void ManagerMiscServiceAbstract::makeCurrent()

@@ -41,7 +41,7 @@ void onImageDestroy(OffscreenImageInterface* image, long /*clientData*/)
     current.call([image](OffscreenImageServiceAbstract& service) { service.imageDestroy(image); });
 }
 
-constexpr VelEngOffscreenImageCallbacks callbacks = {&onImageCreate, &onImageGetRGBRow, &onImageDestroy};
+constexpr VelEngOffscreenImageCallbacks Callbacks = {&onImageCreate, &onImageGetRGBRow, &onImageDestroy};
 
 } // namespace
 
@@ -58,7 +58,7 @@ OffscreenImageServiceAbstract::~OffscreenImageServiceAbstract()
 
 void OffscreenImageServiceAbstract::registerCallbacks()
 {
-    VelEngOffscreenImageRegisterCallbacks(&callbacks, 0);
+    VelEngOffscreenImageRegisterCallbacks(&Callbacks, 0);
 }
 
 void OffscreenImageServiceAbstract::makeCurrent()

@@ -77,10 +77,9 @@ void PageManager::activateDrawArea(GLDrawAreaInterface& area)
 
 PageInterface* PageManager::pageOf(const GLDrawAreaInterface& area) const
 {
-    for (const auto& page : m_pages) {
+    for (const auto& page : m_pages)
         if (page->getDrawArea() == &area)
             return page.get();
-    }
     return nullptr;
 }
 

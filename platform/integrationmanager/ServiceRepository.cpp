@@ -34,7 +34,7 @@ struct ServiceKind {
     const char* name;
 };
 
-constexpr ServiceKind kinds[] = {
+constexpr ServiceKind Kinds[] = {
     {&isA<services::MessageBoxServiceInterface>, "MessageBoxServiceInterface"},
     {&isA<services::SelectFileServiceInterface>, "SelectFileServiceInterface"},
     {&isA<services::CursorShapeServiceInterface>, "CursorShapeServiceInterface"},
@@ -46,7 +46,7 @@ constexpr ServiceKind kinds[] = {
 
 const ServiceKind& kindOf(const services::ServiceInterface& service)
 {
-    return *std::find_if(std::begin(kinds), std::end(kinds),
+    return *std::find_if(std::begin(Kinds), std::end(Kinds),
                          [&service](const ServiceKind& kind) { return kind.matches(service); });
 }
 

@@ -145,10 +145,9 @@ private:
     {
         Run run(m_desktop, startOf("without", ""));
         RandomPerson person(seed, RandomPerson::Patient);
-        for (int i = 0; i < acts; ++i) {
+        for (int i = 0; i < acts; ++i)
             for (const Gesture& gesture : person.act(run.targets()))
                 m_moments.push_back(run.perform(gesture));
-        }
         return run.records();
     }
 

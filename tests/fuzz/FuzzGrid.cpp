@@ -34,9 +34,8 @@ void check(const Grid& grid)
 void readAndCheck(std::string_view text)
 {
     const auto data = fuzz::read(text);
-    if (data && std::holds_alternative<std::shared_ptr<const Grid>>(*data)) {
+    if (data && std::holds_alternative<std::shared_ptr<const Grid>>(*data))
         check(*std::get<std::shared_ptr<const Grid>>(*data));
-    }
 }
 
 } // namespace
@@ -46,8 +45,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     const std::string text(bytes, bytes + size);
     readAndCheck(text);
     readAndCheck("ncols " + text);
-    if (size > 2) {
+    if (size > 2)
         readAndCheck(withHeader(text));
-    }
     return 0;
 }

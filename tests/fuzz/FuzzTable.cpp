@@ -17,9 +17,8 @@ void checkColumns(const Table& table)
     for (const Column& column : table.columns) {
         fuzz::require(column.values.size() == table.columns[0].values.size(), "all columns are as long");
         fuzz::require(!column.name.empty(), "every column has a name");
-        for (const double value : column.values) {
+        for (const double value : column.values)
             fuzz::require(!std::isinf(value), "no value is infinite");
-        }
     }
 }
 
@@ -46,9 +45,8 @@ void check(const Table& table)
 {
     checkColumns(table);
     bool showsAny = false;
-    for (std::size_t row = 0; row < table.columns[0].values.size(); ++row) {
+    for (std::size_t row = 0; row < table.columns[0].values.size(); ++row)
         showsAny = showsAny || shows(table, row);
-    }
     fuzz::require(showsAny, "there is something to show");
     for (const ColumnSummary& summary : table.summaries) {
         const bool isKept = std::any_of(table.columns.begin(), table.columns.end(),
@@ -67,8 +65,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
 {
     const std::string text(bytes, bytes + size);
     const auto data = fuzz::read(text);
-    if (data && std::holds_alternative<std::shared_ptr<const Table>>(*data)) {
+    if (data && std::holds_alternative<std::shared_ptr<const Table>>(*data))
         check(*std::get<std::shared_ptr<const Table>>(*data));
-    }
     return 0;
 }

@@ -8,7 +8,7 @@ namespace velmora::test {
 
 namespace {
 
-const char* const kindNames[kindCount] = {"Press", "Release", "Move", "Wheel",     "Key",
+const char* const kindNames[KindCount] = {"Press", "Release", "Move", "Wheel",     "Key",
                                           "Timer", "Close",   "User", "ChildAdded"};
 
 bool isWidget(Who receiver)
@@ -82,7 +82,7 @@ void MonitorModel::run(const Step& step)
         if (m_idleKilled && !m_idleActive)
             startIdleTimer();
         m_idleKilled = false;
-        m_levelOfWork = m_levelOfLoop = noLevel;
+        m_levelOfWork = m_levelOfLoop = NoLevel;
         return note("not busy");
     case Do::AskStop:
     case Do::Unask:
@@ -232,7 +232,7 @@ bool MonitorModel::isHeldBack(Who receiver, const Event& event)
 void MonitorModel::pump()
 {
     m_levelOfWork = m_level;
-    m_levelOfLoop = noLevel;
+    m_levelOfLoop = NoLevel;
     if (m_parked) {
         const Posted parked = *m_parked;
         m_parked = nullptr;
@@ -244,7 +244,7 @@ void MonitorModel::pump()
         m_turnIsToProcess = true;
         processEvents();
     }
-    m_levelOfLoop = noLevel;
+    m_levelOfLoop = NoLevel;
     m_turnIsToProcess = false;
 }
 
@@ -292,7 +292,7 @@ void MonitorModel::dispatcherIsAwake()
 {
     if (m_turnIsToProcess)
         m_turnIsToProcess = false;
-    else if (m_levelOfWork != noLevel && m_busy && shouldInterrupt())
+    else if (m_levelOfWork != NoLevel && m_busy && shouldInterrupt())
         noteLoop();
 }
 

@@ -8,10 +8,10 @@ namespace velmora::test {
 
 /// The receivers of a sequence. The filter is the monitor's own, for its idle timer.
 enum Who { PlainWidget, MainWindow, ValueWidget, NetworkSource, NetworkChild, FilterItself };
-constexpr int receiverCount = FilterItself;
+constexpr int ReceiverCount = FilterItself;
 
 enum class Kind { Press, Release, Move, Wheel, Key, Timer, Close, User, ChildAdded };
-constexpr int kindCount = 9;
+constexpr int KindCount = 9;
 
 enum class Do {
     Send,
@@ -30,7 +30,7 @@ enum class Do {
     HoldInput,
     HoldAll
 };
-constexpr int doCount = 15;
+constexpr int DoCount = 15;
 
 enum class LoopKind { Local, Dialog, Menu };
 
@@ -79,7 +79,7 @@ private:
         Event event;
     };
 
-    static constexpr int noLevel = 1000;
+    static constexpr int NoLevel = 1000;
 
     Event eventOf(const Step& step, bool spontaneous);
     void send(Who receiver, Event event);
@@ -110,7 +110,7 @@ private:
     std::size_t m_endOfPosted = 0;
     bool m_turnIsToProcess = false; ///< what the dispatcher tells next is of the turn itself
     bool m_loopHasEnded = false;    ///< the dispatcher returns to the loop around at once
-    bool m_alive[receiverCount] = {true, true, true, true, true};
+    bool m_alive[ReceiverCount] = {true, true, true, true, true};
     bool m_busy = false;
     bool m_interrupting = false;
     bool m_discard = false;
@@ -127,8 +127,8 @@ private:
     bool m_holdsInputOnly = false;
     bool m_postedSince = false; ///< the last round of posted events began
     int m_level = 0;            ///< count of event loops
-    int m_levelOfWork = noLevel;
-    int m_levelOfLoop = noLevel;
+    int m_levelOfWork = NoLevel;
+    int m_levelOfLoop = NoLevel;
     int m_instances = 0;
 };
 

@@ -23,7 +23,7 @@ using namespace velmora::sdk::integration;
 
 namespace {
 
-constexpr int firstId = 300; // no key code of a key that matters
+constexpr int FirstId = 300; // no key code of a key that matters
 
 struct Sequence {
     std::vector<Step> steps;
@@ -51,12 +51,12 @@ private:
     Step step(Reactions& reactions, int depth)
     {
         // Events are half of what happens.
-        const int what = take(2 * doCount);
+        const int what = take(2 * DoCount);
         Step step;
-        step.what = what < doCount ? static_cast<Do>(what) : static_cast<Do>(what % 3);
+        step.what = what < DoCount ? static_cast<Do>(what) : static_cast<Do>(what % 3);
         if (step.what == Do::Loop && m_loops == NoLoops)
             step.what = Do::Pump;
-        step.receiver = static_cast<Who>(take(receiverCount));
+        step.receiver = static_cast<Who>(take(ReceiverCount));
         if (step.what > Do::Loop)
             return step;
         if (step.what == Do::Loop) {
@@ -65,7 +65,7 @@ private:
                 step.loop = m_loops == WithMenus ? LoopKind::Menu : LoopKind::Dialog;
             return identified(step, reactions, depth);
         }
-        step.kind = static_cast<Kind>(take(kindCount));
+        step.kind = static_cast<Kind>(take(KindCount));
         // Not tried together with loops: the end of the application, which ends them all, and the wheel, which
         // the toolkit lets reach nothing but an open menu.
         const bool notInLoops = step.kind == Kind::Close || step.kind == Kind::Wheel;
@@ -78,7 +78,7 @@ private:
 
     Step identified(Step step, Reactions& reactions, int depth)
     {
-        step.id = firstId + m_ids++;
+        step.id = FirstId + m_ids++;
         const int reacting = depth < 4 ? take(5) : 0;
         for (int i = 0; i < reacting; ++i)
             reactions[step.id].push_back(this->step(reactions, depth + 1));
@@ -112,7 +112,7 @@ void compare(const MonitorModel& model, RealWorld& real)
     RC_ASSERT(model.isDiscarding() == real.monitor().isDiscarding());
     RC_ASSERT(model.isIdleTimerActive() == Probe::idleTimerRuns(real.monitor()));
     RC_ASSERT(model.hasExited() == !QApplication::quitOnLastWindowClosed());
-    for (int who = 0; who < receiverCount; ++who)
+    for (int who = 0; who < ReceiverCount; ++who)
         RC_ASSERT(model.isAlive(static_cast<Who>(who)) == real.isAlive(static_cast<Who>(who)));
     // With nothing being delivered, the copy that waits is the only one there is.
     RC_ASSERT(WatchedAllocations::alive() == (model.copyWaits() ? 1 : 0));

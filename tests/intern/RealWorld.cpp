@@ -26,7 +26,7 @@ namespace velmora::test {
 
 namespace {
 
-constexpr int firstTimerId = 10000000; // far above the toolkit's own timers
+constexpr int FirstTimerId = 10000000; // far above the toolkit's own timers
 
 class NumberedEvent : public QEvent {
 public:
@@ -52,7 +52,7 @@ std::unique_ptr<QEvent> makeEvent(Kind kind, int id)
     case Kind::Key:
         return std::make_unique<QKeyEvent>(QEvent::KeyRelease, id, Qt::NoModifier);
     case Kind::Timer:
-        return std::make_unique<QTimerEvent>(firstTimerId + id);
+        return std::make_unique<QTimerEvent>(FirstTimerId + id);
     case Kind::Close:
         return std::make_unique<QCloseEvent>();
     case Kind::User:
@@ -91,7 +91,7 @@ int idOf(const QEvent& event, Kind kind)
     case Kind::Key:
         return static_cast<const QKeyEvent&>(event).key();
     case Kind::Timer:
-        return static_cast<const QTimerEvent&>(event).timerId() - firstTimerId;
+        return static_cast<const QTimerEvent&>(event).timerId() - FirstTimerId;
     case Kind::Close:
         return 0;
     default:

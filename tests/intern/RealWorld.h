@@ -46,7 +46,7 @@ private:
     SteeredMonitor m_monitor;
     Listening m_listening{m_monitor, m_journal};
     Gate m_gate{*this};
-    QPointer<QObject> m_receivers[receiverCount];
+    QPointer<QObject> m_receivers[ReceiverCount];
     const QEvent* m_idleTimerEvent = nullptr;
     std::vector<const QObject*> m_popups; ///< the dialogs and menus whose loops run
 };

@@ -140,9 +140,8 @@ TEST(OffscreenImageService, WithoutOSMesaTheSoftwarePathTurnsToTheSoftwareOfEgl)
 TEST(OffscreenImageService, ASettingPutsEglFirstInEitherPath)
 {
     const ImageSetting setting("PreferEGL", 1);
-    for (const auto strategy : {ImageRenderingStrategy_Hardware, ImageRenderingStrategy_Software}) {
+    for (const auto strategy : {ImageRenderingStrategy_Hardware, ImageRenderingStrategy_Software})
         EXPECT_TRUE(isA<intern::OffscreenImageEgl>(intern::chooseOffscreenImage(16, 16, strategy, {yes, yes})));
-    }
 }
 
 TEST(OffscreenImageService, EveryStrategyBut1MeansSoftware)

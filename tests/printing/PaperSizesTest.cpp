@@ -55,10 +55,9 @@ TEST(BasicPaperSizes, HasEveryPaperOnceAndNoCustomOne)
 
 TEST(BasicPaperSizes, NoSheetFitsTwoRows)
 {
-    for (const BasicPaperSize& a : BasicPaperSizes) {
+    for (const BasicPaperSize& a : BasicPaperSizes)
         for (const BasicPaperSize& b : BasicPaperSizes)
             EXPECT_EQ(a.name == b.name, fit(a, b, 2)) << a.name << " " << b.name;
-    }
 }
 
 TEST(Millimeters, TheUsualPapersHaveTheirUsualSizes)

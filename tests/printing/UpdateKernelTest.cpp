@@ -70,10 +70,9 @@ std::string lengthWrite(const std::string& path, int millimeters)
 int kernelPaperOf(const BasicPaperSize& row)
 {
     const std::vector<KernelPaperSize>& papers = kernelPapers();
-    for (std::size_t i = 0; i < papers.size(); ++i) {
+    for (std::size_t i = 0; i < papers.size(); ++i)
         if (qAbs(papers[i].width - row.width) <= 1 && qAbs(papers[i].height - row.height) <= 1)
             return static_cast<int>(i);
-    }
     return -1;
 }
 

@@ -135,10 +135,9 @@ TEST_F(UpdatePrinter, EverySheetOfTheTableInBothOrientations)
 TEST_F(UpdatePrinter, OneMillimeterOffOnAnySideIsTheSameSheet)
 {
     for (const BasicPaperSize& row : BasicPaperSizes) {
-        for (const int dw : {-1, 0, 1}) {
+        for (const int dw : {-1, 0, 1})
             for (const int dh : {-1, 0, 1})
                 EXPECT_EQ(pageSize(row.name), paperOf(row.width + dw, row.height + dh)) << dw << " " << dh;
-        }
     }
 }
 

@@ -78,6 +78,7 @@ QImage OpenViewer::shown() const
 QImage OpenViewer::picture()
 {
     EXPECT_TRUE(settle());
+    VelUtilViewUnmark(); // until the next idle time
     return shown();
 }
 

@@ -26,9 +26,9 @@ protected:
     void open(const QString& fileName);
     /// Waits until nothing waits to be drawn: the picture is complete or was interrupted.
     bool settle();
-    /// What the X server shows of the drawing area once it has settled.
+    /// What the X server shows of the drawing area once it has settled, without the mark at the pointer.
     QImage picture();
-    /// The same without the waiting.
+    /// What it shows now.
     QImage shown() const;
 
     /// A part of a picture of the area, as large as it is in the area.

@@ -44,10 +44,9 @@ QRect extentOf(const QImage& picture, const QRect& where, Condition condition)
     QRect extent;
     const QRect part = where & picture.rect();
     for (int y = part.top(); y <= part.bottom(); ++y) {
-        for (int x = part.left(); x <= part.right(); ++x) {
+        for (int x = part.left(); x <= part.right(); ++x)
             if (condition(picture.pixel(x, y)))
                 extent |= QRect(x, y, 1, 1);
-        }
     }
     return extent;
 }

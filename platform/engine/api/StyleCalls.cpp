@@ -71,10 +71,10 @@ struct Deliver {
 
 std::string describe(double value)
 {
-    constexpr int digits = 10;
+    constexpr int Digits = 10;
     std::array<char, 40> text{};
     const auto end =
-        std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::general, digits).ptr;
+        std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::general, Digits).ptr;
     return " DValue=" + std::string(text.data(), end);
 }
 

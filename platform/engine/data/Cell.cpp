@@ -14,15 +14,15 @@ namespace velmora::engine {
 
 namespace {
 
-constexpr std::size_t digitsOfThousands = 3;
+constexpr std::size_t DigitsOfThousands = 3;
 
 /// What was in quotes may have blanks around it.
 std::string_view trimmed(std::string_view text)
 {
-    constexpr std::string_view blanks = " \t\r\n";
-    const std::size_t first = std::min(text.find_first_not_of(blanks), text.size());
+    constexpr std::string_view Blanks = " \t\r\n";
+    const std::size_t first = std::min(text.find_first_not_of(Blanks), text.size());
     text.remove_prefix(first);
-    return text.substr(0, text.find_last_not_of(blanks) + 1);
+    return text.substr(0, text.find_last_not_of(Blanks) + 1);
 }
 
 bool isDigit(char c)
@@ -44,9 +44,9 @@ bool couldBeThousands(std::string_view text, char mark)
 {
     text = withoutSign(text);
     const std::size_t whole = leadingDigits(text);
-    return whole >= 1 && whole <= digitsOfThousands && text.front() != '0' && whole < text.size() &&
-           text[whole] == mark && text.size() == whole + 1 + digitsOfThousands &&
-           leadingDigits(text.substr(whole + 1)) == digitsOfThousands;
+    return whole >= 1 && whole <= DigitsOfThousands && text.front() != '0' && whole < text.size() &&
+           text[whole] == mark && text.size() == whole + 1 + DigitsOfThousands &&
+           leadingDigits(text.substr(whole + 1)) == DigitsOfThousands;
 }
 
 /// Takes the separators of thousands out; false when they do not stand where they should.
@@ -56,15 +56,13 @@ bool takeThousandsOut(std::string_view text, char separator, std::string& plain)
     plain = text.substr(0, text.size() - unsignedText.size());
     text = unsignedText;
     std::size_t digits = leadingDigits(text);
-    if (digits < 1 || digits > digitsOfThousands || text.front() == '0') {
+    if (digits < 1 || digits > DigitsOfThousands || text.front() == '0')
         return false;
-    }
     plain += text.substr(0, digits);
     for (text.remove_prefix(digits); !text.empty() && text.front() == separator; text.remove_prefix(digits + 1)) {
         digits = leadingDigits(text.substr(1));
-        if (digits != digitsOfThousands) {
+        if (digits != DigitsOfThousands)
             return false;
-        }
         plain += text.substr(1, digits);
     }
     plain += text;
@@ -75,12 +73,10 @@ bool takeThousandsOut(std::string_view text, char separator, std::string& plain)
 NumberText parseWithMark(std::string_view text, char mark, double& value)
 {
     std::array<char, 64> pointed = {};
-    if (mark == '.') {
+    if (mark == '.')
         return parseNumber(text, value);
-    }
-    if (text.size() > pointed.size() || text.find('.') != std::string_view::npos) {
+    if (text.size() > pointed.size() || text.find('.') != std::string_view::npos)
         return NumberText::Word;
-    }
     text.copy(pointed.data(), text.size());
     std::replace(pointed.begin(), pointed.begin() + text.size(), mark, '.');
     return parseNumber({pointed.data(), text.size()}, value);
@@ -91,9 +87,8 @@ NumberText parseMarked(std::string_view text, char mark, Cell& cell)
 {
     const char other = mark == '.' ? ',' : '.';
     cell.decimalMark = text.find(mark) != std::string_view::npos ? mark : '\0';
-    if (text.find(other) == std::string_view::npos) {
+    if (text.find(other) == std::string_view::npos)
         return parseWithMark(text, mark, cell.value);
-    }
     std::string plain;
     cell.decimalMark = mark;
     return takeThousandsOut(text, other, plain) ? parseWithMark(plain, mark, cell.value) : NumberText::Word;
@@ -101,12 +96,11 @@ NumberText parseMarked(std::string_view text, char mark, Cell& cell)
 
 bool isMissing(std::string_view text)
 {
-    constexpr std::array<std::string_view, 5> spellings = {"na", "n/a", "#n/a", "null", "none"};
+    constexpr std::array<std::string_view, 5> Spellings = {"na", "n/a", "#n/a", "null", "none"};
     if (text.empty() || (std::string_view("-.*?").find(text.front()) != std::string_view::npos &&
-                         text.find_first_not_of(text.front()) == std::string_view::npos)) {
+                         text.find_first_not_of(text.front()) == std::string_view::npos))
         return true;
-    }
-    return text.size() <= 4 && std::any_of(spellings.begin(), spellings.end(), [text](std::string_view spelling) {
+    return text.size() <= 4 && std::any_of(Spellings.begin(), Spellings.end(), [text](std::string_view spelling) {
                return equalsIgnoringCase(text, spelling);
            });
 }
@@ -131,13 +125,11 @@ CellKind kindOf(DateOrder order)
 /// Nearly all cells, and cheaply: digits, perhaps a sign and a point, and nothing else.
 bool parsePlainNumber(std::string_view text, Cell& cell)
 {
-    if (text.empty() || !isDigit(text.back()) || (!isDigit(text.front()) && text.front() != '-')) {
+    if (text.empty() || !isDigit(text.back()) || (!isDigit(text.front()) && text.front() != '-'))
         return false;
-    }
     const auto read = std::from_chars(text.data(), text.data() + text.size(), cell.value);
-    if (read.ec != std::errc() || read.ptr != text.data() + text.size()) {
+    if (read.ec != std::errc() || read.ptr != text.data() + text.size())
         return false;
-    }
     cell.kind = CellKind::Number;
     cell.decimalMark = text.find('.') != std::string_view::npos ? '.' : '\0';
     return true;
@@ -153,8 +145,8 @@ bool beginsLikeAWord(std::string_view text)
 /// By its separators, which no number has at these places, except for points.
 bool looksLikeADate(std::string_view text)
 {
-    constexpr std::size_t shortest = 7;
-    return text.size() >= shortest && isDigit(text.front()) &&
+    constexpr std::size_t Shortest = 7;
+    return text.size() >= Shortest && isDigit(text.front()) &&
            (text[4] == '-' || text[4] == '/' || text[2] == '/' || text[2] == '.');
 }
 
@@ -163,28 +155,24 @@ bool looksLikeADate(std::string_view text)
 {
     Cell cell;
     text = trimmed(text);
-    if (beginsLikeAWord(text)) {
+    if (beginsLikeAWord(text))
         return {CellKind::Word};
-    }
     if (looksLikeADate(text)) {
         cell.kind = kindOf(parseDate(text, cell.value));
         cell.decimalMark = 0;
-        if (cell.kind != CellKind::Word) {
+        if (cell.kind != CellKind::Word)
             return cell;
-        }
     }
     const NumberText number = isMissing(text) ? NumberText::NotFinite : parseMarked(text, decimalMark, cell);
-    if (number == NumberText::NotFinite) {
+    if (number == NumberText::NotFinite)
         return {};
-    }
     if (number != NumberText::Word) {
         cell.kind = number == NumberText::Number ? CellKind::Number : CellKind::TooLarge;
         return cell;
     }
     cell.kind = kindOf(parseDate(text, cell.value));
-    if (cell.kind != CellKind::Word || parseMarked(text, decimalMark == '.' ? ',' : '.', cell) != NumberText::Number) {
+    if (cell.kind != CellKind::Word || parseMarked(text, decimalMark == '.' ? ',' : '.', cell) != NumberText::Number)
         cell.decimalMark = 0;
-    }
     return cell;
 }
 
@@ -193,9 +181,8 @@ bool looksLikeADate(std::string_view text)
 Cell parseCell(std::string_view text, char decimalMark)
 {
     Cell cell;
-    if (!parsePlainNumber(text, cell) || (decimalMark != '.' && cell.decimalMark != 0)) {
+    if (!parsePlainNumber(text, cell) || (decimalMark != '.' && cell.decimalMark != 0))
         cell = parseOtherCell(text, decimalMark);
-    }
     return cell;
 }
 

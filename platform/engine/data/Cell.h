@@ -15,7 +15,7 @@ enum class CellKind {
     Word
 };
 
-constexpr int cellKinds = 8;
+constexpr int CellKinds = 8;
 
 /// What one field of a table says.
 struct Cell {

@@ -11,9 +11,9 @@ namespace velmora::engine {
 
 namespace {
 
-constexpr std::size_t keptText = 64;
-constexpr std::size_t rowsAtATime = 8192;
-constexpr double gap = std::numeric_limits<double>::quiet_NaN();
+constexpr std::size_t KeptText = 64;
+constexpr std::size_t RowsAtATime = 8192;
+constexpr double Gap = std::numeric_limits<double>::quiet_NaN();
 
 /// The header says that the column holds dates.
 bool saysDate(std::string_view name)
@@ -28,25 +28,23 @@ bool saysDate(std::string_view name)
 void ColumnBuilder::add(const Cell& cell, std::string_view text, long line)
 {
     double value = cell.value;
-    if (cell.kind != m_lastKind || !isValue(m_lastKind)) { // not as nearly always
+    if (cell.kind != m_lastKind || !isValue(m_lastKind)) // not as nearly always
         value = startRun(cell);
-    }
     m_values.push_back(value);
     m_smallest = value < m_smallest ? value : m_smallest;
     m_largest = value > m_largest ? value : m_largest;
     Tally& tally = m_tallies[index(cell.kind)];
     if (++tally.count == 1) {
         tally.line = line;
-        tally.text = text.substr(0, keptText);
+        tally.text = text.substr(0, KeptText);
     }
 }
 
 /// Notes a change of kind; the value, or that of a gap.
 double ColumnBuilder::startRun(const Cell& cell)
 {
-    if (!isValue(cell.kind)) {
-        return gap;
-    }
+    if (!isValue(cell.kind))
+        return Gap;
     m_runs.push_back({m_values.size(), cell.kind});
     m_lastKind = cell.kind;
     return cell.value;
@@ -61,12 +59,10 @@ std::size_t ColumnBuilder::dates() const
 ColumnSummary::Kind ColumnBuilder::kind() const
 {
     const std::size_t numbers = tally(CellKind::Number).count;
-    if (tally(CellKind::Word).count > numbers + dates()) {
+    if (tally(CellKind::Word).count > numbers + dates())
         return ColumnSummary::Text;
-    }
-    if (numbers + dates() == 0) {
+    if (numbers + dates() == 0)
         return ColumnSummary::Empty;
-    }
     return dates() > numbers ? ColumnSummary::Dates : ColumnSummary::Numbers;
 }
 
@@ -81,9 +77,8 @@ ColumnSummary ColumnBuilder::finish(TextSource& source, std::vector<std::string>
     summary.kind = isCompact ? ColumnSummary::Dates : summary.kind;
     m_isDate = summary.kind == ColumnSummary::Dates;
     const bool isPlain = m_runs.size() == 1 && (m_lastKind == CellKind::Number || m_lastKind == CellKind::Date);
-    if ((!isPlain || isCompact) && (m_isDate || summary.kind == ColumnSummary::Numbers)) {
+    if ((!isPlain || isCompact) && (m_isDate || summary.kind == ColumnSummary::Numbers))
         unify(summary.kind, source);
-    }
     addNotes(summary.kind, notes);
     if (summary.kind != ColumnSummary::Text) {
         const bool countsNumbers = summary.kind == ColumnSummary::Numbers || isCompact;
@@ -101,16 +96,15 @@ double ColumnBuilder::valueAs(ColumnSummary::Kind kind, CellKind cell, double va
     double days = value;
     switch (cell) {
     case CellKind::Number:
-        if (kind == ColumnSummary::Numbers) {
+        if (kind == ColumnSummary::Numbers)
             return value;
-        }
-        return dates() == 0 && daysOfCompactDate(value, days) ? days : gap;
+        return dates() == 0 && daysOfCompactDate(value, days) ? days : Gap;
     case CellKind::Date:
-        return kind == ColumnSummary::Dates ? value : gap;
+        return kind == ColumnSummary::Dates ? value : Gap;
     case CellKind::EitherDate:
-        return kind != ColumnSummary::Dates ? gap : m_monthFirst ? withDayAndMonthSwapped(value) : value;
+        return kind != ColumnSummary::Dates ? Gap : m_monthFirst ? withDayAndMonthSwapped(value) : value;
     default:
-        return kind == ColumnSummary::Dates && m_monthFirst == (cell == CellKind::MonthFirstDate) ? value : gap;
+        return kind == ColumnSummary::Dates && m_monthFirst == (cell == CellKind::MonthFirstDate) ? value : Gap;
     }
 }
 
@@ -121,9 +115,8 @@ void ColumnBuilder::unify(ColumnSummary::Kind kind, TextSource& source)
     m_runs.push_back({m_values.size(), CellKind::Missing});
     for (std::size_t i = 0; i + 1 < m_runs.size(); ++i) {
         for (std::size_t row = m_runs[i].row; row < m_runs[i + 1].row; ++row) {
-            if (row % rowsAtATime == 0) {
+            if (row % RowsAtATime == 0)
                 source.goOn();
-            }
             double& value = m_values[row];
             value = std::isnan(value) ? value : valueAs(kind, m_runs[i].kind, value);
             m_smallest = value < m_smallest ? value : m_smallest;
@@ -135,13 +128,11 @@ void ColumnBuilder::unify(ColumnSummary::Kind kind, TextSource& source)
 bool ColumnBuilder::hasOnlyCompactDates(TextSource& source) const
 {
     for (std::size_t row = 0; row < m_values.size(); ++row) {
-        if (row % rowsAtATime == 0) {
+        if (row % RowsAtATime == 0)
             source.goOn();
-        }
         double days = 0;
-        if (!std::isnan(m_values[row]) && !daysOfCompactDate(m_values[row], days)) {
+        if (!std::isnan(m_values[row]) && !daysOfCompactDate(m_values[row], days))
             return false;
-        }
     }
     return dates() == 0;
 }
@@ -160,9 +151,8 @@ void ColumnBuilder::addNotes(ColumnSummary::Kind kind, std::vector<std::string>&
         addNote(oddDates(), m_monthFirst ? "no date with the month first" : "no date with the day first", notes);
     } else {
         for (const CellKind date :
-             {CellKind::Date, CellKind::EitherDate, CellKind::DayFirstDate, CellKind::MonthFirstDate}) {
+             {CellKind::Date, CellKind::EitherDate, CellKind::DayFirstDate, CellKind::MonthFirstDate})
             addNote(tally(date), "no number", notes);
-        }
     }
     const bool isOpen = tally(CellKind::DayFirstDate).count + tally(CellKind::MonthFirstDate).count == 0;
     const Tally& either = tally(CellKind::EitherDate);

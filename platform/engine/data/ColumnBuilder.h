@@ -63,7 +63,7 @@ private:
     std::vector<double> m_values;
     std::vector<Run> m_runs;
     CellKind m_lastKind = CellKind::Missing; ///< of the last run
-    std::array<Tally, cellKinds> m_tallies;
+    std::array<Tally, CellKinds> m_tallies;
     double m_smallest = std::numeric_limits<double>::infinity();
     double m_largest = -std::numeric_limits<double>::infinity();
     bool m_isDate = false;

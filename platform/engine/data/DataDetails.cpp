@@ -28,11 +28,11 @@ std::string fieldOf(std::string text)
 
 std::string lineOf(const ColumnSummary& column)
 {
-    constexpr std::array<const char*, 4> kinds = {"numbers", "dates", "text", "empty"};
+    constexpr std::array<const char*, 4> Kinds = {"numbers", "dates", "text", "empty"};
     const auto valueText = [&](double value) {
         return column.values == 0 ? "" : column.kind == ColumnSummary::Dates ? dateText(value) : numberText(value);
     };
-    return fieldOf(column.name) + "\t" + fieldOf(column.unit) + "\t" + kinds[column.kind] + "\t" +
+    return fieldOf(column.name) + "\t" + fieldOf(column.unit) + "\t" + Kinds[column.kind] + "\t" +
            std::to_string(column.values) + "\t" + std::to_string(column.gaps) + "\t" + valueText(column.smallest) +
            "\t" + valueText(column.largest) + "\t" + column.whyLeftOut;
 }
@@ -40,9 +40,8 @@ std::string lineOf(const ColumnSummary& column)
 std::string detailsOf(const Table& table)
 {
     std::string text = "Column\tUnit\tKind\tValues\tGaps\tSmallest\tLargest\tLeft out because";
-    for (const ColumnSummary& column : table.summaries) {
+    for (const ColumnSummary& column : table.summaries)
         text += "\n" + lineOf(column);
-    }
     return text;
 }
 
@@ -73,9 +72,8 @@ std::string notesOf(const DataSet& data)
 {
     std::string text;
     const auto append = [&](const auto& set) {
-        for (std::size_t i = 0; set && i < set->notes.size(); ++i) {
+        for (std::size_t i = 0; set && i < set->notes.size(); ++i)
             text += (text.empty() ? "" : "\n") + fieldOf(set->notes[i]);
-        }
     };
     std::visit(append, data);
     return text;

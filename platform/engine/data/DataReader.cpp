@@ -19,9 +19,8 @@ DataSet readWith(TextSource& source)
 {
     auto data = Reader(source).read();
     data->name = source.fileName().substr(source.fileName().find_last_of('/') + 1);
-    if (source.encoding() == TextDecoder::Encoding::Latin1) {
+    if (source.encoding() == TextDecoder::Encoding::Latin1)
         data->notes.push_back("The text is not UTF-8 and is taken for Latin-1 (Windows-1252).");
-    }
     return std::shared_ptr<const std::decay_t<decltype(*data)>>(std::move(data));
 }
 

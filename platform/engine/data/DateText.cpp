@@ -12,7 +12,7 @@ namespace velmora::engine {
 
 namespace {
 
-constexpr std::int64_t microsecondsADay = 86400000000;
+constexpr std::int64_t MicrosecondsADay = 86400000000;
 
 bool isDigit(char c)
 {
@@ -24,18 +24,16 @@ bool takeNumber(std::string_view& text, std::size_t least, std::size_t most, int
 {
     std::size_t digits = 0;
     number = 0;
-    for (; digits < most && digits < text.size() && isDigit(text[digits]); ++digits) {
+    for (; digits < most && digits < text.size() && isDigit(text[digits]); ++digits)
         number = number * 10 + (text[digits] - '0');
-    }
     text.remove_prefix(digits);
     return digits >= least;
 }
 
 bool take(std::string_view& text, std::string_view wanted)
 {
-    if (text.substr(0, wanted.size()) != wanted) {
+    if (text.substr(0, wanted.size()) != wanted)
         return false;
-    }
     text.remove_prefix(wanted.size());
     return true;
 }
@@ -43,19 +41,16 @@ bool take(std::string_view& text, std::string_view wanted)
 bool takeSeconds(std::string_view& text, double& seconds)
 {
     int whole = 0;
-    if (!takeNumber(text, 2, 2, whole) || whole > 59) {
+    if (!takeNumber(text, 2, 2, whole) || whole > 59)
         return false;
-    }
     seconds = whole;
-    if (!take(text, ".") && !take(text, ",")) {
+    if (!take(text, ".") && !take(text, ","))
         return true;
-    }
     const auto end = std::find_if_not(text.begin(), text.end(), isDigit);
     const std::string_view digits = text.substr(0, static_cast<std::size_t>(end - text.begin()));
     double fraction = 0;
-    if (parseNumber("0." + std::string(digits), fraction) != NumberText::Number || digits.empty()) {
+    if (parseNumber("0." + std::string(digits), fraction) != NumberText::Number || digits.empty())
         return false;
-    }
     seconds += fraction;
     text.remove_prefix(digits.size());
     return true;
@@ -65,23 +60,19 @@ bool takeSeconds(std::string_view& text, double& seconds)
 bool takeOffset(std::string_view& text, int& minutes)
 {
     minutes = 0;
-    if (text.empty()) {
+    if (text.empty())
         return true;
-    }
     take(text, " ");
-    if (take(text, "Z") || take(text, "UTC") || take(text, "GMT")) {
+    if (take(text, "Z") || take(text, "UTC") || take(text, "GMT"))
         return true;
-    }
     const int sign = text.substr(0, 1) == "-" ? -1 : 1;
     int hour = 0;
     int minute = 0;
-    if ((!take(text, "+") && !take(text, "-")) || !takeNumber(text, 2, 2, hour) || hour > 18) {
+    if ((!take(text, "+") && !take(text, "-")) || !takeNumber(text, 2, 2, hour) || hour > 18)
         return false;
-    }
     const bool hasMinutes = take(text, ":") || !text.empty();
-    if (hasMinutes && (!takeNumber(text, 2, 2, minute) || minute > 59)) {
+    if (hasMinutes && (!takeNumber(text, 2, 2, minute) || minute > 59))
         return false;
-    }
     minutes = sign * (hour * 60 + minute);
     return true;
 }
@@ -93,12 +84,10 @@ bool parseTime(std::string_view text, double& fractionOfDay)
     int offset = 0;
     double seconds = 0;
     if (!takeNumber(text, 1, 2, hour) || hour > 23 || !take(text, ":") || !takeNumber(text, 2, 2, minute) ||
-        minute > 59) {
+        minute > 59)
         return false;
-    }
-    if ((take(text, ":") && !takeSeconds(text, seconds)) || !takeOffset(text, offset)) {
+    if ((take(text, ":") && !takeSeconds(text, seconds)) || !takeOffset(text, offset))
         return false;
-    }
     fractionOfDay = (hour * 3600 + (minute - offset) * 60 + seconds) / 86400.0;
     return text.empty();
 }
@@ -119,17 +108,14 @@ DateOrder takeYearFirst(std::string_view& text, double& days)
     int year = 0;
     int month = 0;
     int day = 1;
-    if (!takeNumber(text, 4, 4, year)) {
+    if (!takeNumber(text, 4, 4, year))
         return DateOrder::NoDate;
-    }
     const std::string_view separator = text.substr(0, 1);
-    if ((separator != "-" && separator != "/") || !take(text, separator) || !takeNumber(text, 2, 2, month)) {
+    if ((separator != "-" && separator != "/") || !take(text, separator) || !takeNumber(text, 2, 2, month))
         return DateOrder::NoDate;
-    }
     const bool hasDay = take(text, separator);
-    if (hasDay ? !takeNumber(text, 2, 2, day) : separator == "/" || !text.empty()) {
+    if (hasDay ? !takeNumber(text, 2, 2, day) : separator == "/" || !text.empty())
         return DateOrder::NoDate;
-    }
     const date::year_month_day date = date::year(year) / month / day;
     days = date.ok() ? daysOf(date) : 0;
     return date.ok() ? DateOrder::Certain : DateOrder::NoDate;
@@ -144,15 +130,13 @@ DateOrder takeYearLast(std::string_view& text, double& days)
     takeNumber(text, 1, 2, first);
     const std::string_view separator = text.substr(0, 1);
     if ((separator != "." && separator != "/" && separator != "-") || !take(text, separator) ||
-        !takeNumber(text, 1, 2, second) || !take(text, separator) || !takeNumber(text, 4, 4, year)) {
+        !takeNumber(text, 1, 2, second) || !take(text, separator) || !takeNumber(text, 4, 4, year))
         return DateOrder::NoDate;
-    }
     const date::year_month_day dayFirst = date::year(year) / second / first;
     const date::year_month_day monthFirst = date::year(year) / first / second;
     days = dayFirst.ok() ? daysOf(dayFirst) : monthFirst.ok() ? daysOf(monthFirst) : 0;
-    if (separator == "." || !monthFirst.ok()) {
+    if (separator == "." || !monthFirst.ok())
         return !dayFirst.ok() ? DateOrder::NoDate : separator == "." ? DateOrder::Certain : DateOrder::DayFirst;
-    }
     return dayFirst.ok() ? DateOrder::Either : DateOrder::MonthFirst;
 }
 
@@ -165,18 +149,15 @@ std::string twoDigits(std::int64_t number)
 
 DateOrder parseDate(std::string_view text, double& days)
 {
-    if (text.empty() || !isDigit(text.front())) {
+    if (text.empty() || !isDigit(text.front()))
         return DateOrder::NoDate;
-    }
     const bool isYearFirst = text.size() > 4 && isDigit(text[2]) && isDigit(text[3]);
     const DateOrder order = isYearFirst ? takeYearFirst(text, days) : takeYearLast(text, days);
-    if (order == DateOrder::NoDate || text.empty()) {
+    if (order == DateOrder::NoDate || text.empty())
         return order;
-    }
     double fractionOfDay = 0;
-    if ((!take(text, "T") && !take(text, " ")) || !parseTime(text, fractionOfDay)) {
+    if ((!take(text, "T") && !take(text, " ")) || !parseTime(text, fractionOfDay))
         return DateOrder::NoDate;
-    }
     days += fractionOfDay;
     return order;
 }
@@ -190,9 +171,8 @@ double withDayAndMonthSwapped(double days)
 
 bool daysOfCompactDate(double number, double& days)
 {
-    if (!(number >= 10000101 && number <= 29991231) || number != std::floor(number)) {
+    if (!(number >= 10000101 && number <= 29991231) || number != std::floor(number))
         return false;
-    }
     const int digits = static_cast<int>(number);
     const date::year_month_day date = date::year(digits / 10000) / (digits / 100 % 100) / (digits % 100);
     days = date.ok() ? daysOf(date) : 0;
@@ -201,13 +181,12 @@ bool daysOfCompactDate(double number, double& days)
 
 std::string dateText(double days)
 {
-    const auto all = static_cast<std::int64_t>(std::llround(days * static_cast<double>(microsecondsADay)));
-    const std::int64_t day = all / microsecondsADay - (all % microsecondsADay < 0 ? 1 : 0);
-    const std::int64_t time = all - day * microsecondsADay;
+    const auto all = static_cast<std::int64_t>(std::llround(days * static_cast<double>(MicrosecondsADay)));
+    const std::int64_t day = all / MicrosecondsADay - (all % MicrosecondsADay < 0 ? 1 : 0);
+    const std::int64_t time = all - day * MicrosecondsADay;
     std::string text = date::format("%F", date::sys_days(date::days(static_cast<int>(day))));
-    if (time == 0) {
+    if (time == 0)
         return text;
-    }
     const std::int64_t seconds = time / 1000000;
     text += " " + twoDigits(seconds / 3600) + ":" + twoDigits(seconds / 60 % 60) + ":" + twoDigits(seconds % 60);
     std::string fraction = std::to_string(time % 1000000);

@@ -19,12 +19,10 @@ namespace {
 
 [[noreturn]] void failToOpen(const std::string& fileName, int error)
 {
-    if (error == ENOENT || error == ENOTDIR) {
+    if (error == ENOENT || error == ENOTDIR)
         fail(fileName, "does not exist. Check the name and the folder.");
-    }
-    if (error == EACCES || error == EPERM) {
+    if (error == EACCES || error == EPERM)
         fail(fileName, "may not be read. Ask its owner for the permission to read it.");
-    }
     fail(fileName, "cannot be opened (" + std::generic_category().message(error) + "). Choose another file.");
 }
 
@@ -34,9 +32,8 @@ FileByteStream::FileByteStream(const std::string& fileName) : m_fileName(fileNam
 {
     // Not blocking, so that a named pipe without a writer is refused and not waited for.
     m_descriptor = open(fileName.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
-    if (m_descriptor < 0) {
+    if (m_descriptor < 0)
         failToOpen(fileName, errno);
-    }
     try {
         inspect();
     } catch (...) {
@@ -53,15 +50,12 @@ FileByteStream::~FileByteStream()
 void FileByteStream::inspect()
 {
     struct stat status = {};
-    if (fstat(m_descriptor, &status) != 0) {
+    if (fstat(m_descriptor, &status) != 0)
         failToOpen(m_fileName, errno);
-    }
-    if (S_ISDIR(status.st_mode)) {
+    if (S_ISDIR(status.st_mode))
         fail(m_fileName, "is a folder. Choose a file in it.");
-    }
-    if (!S_ISREG(status.st_mode)) {
+    if (!S_ISREG(status.st_mode))
         fail(m_fileName, "is a device or a pipe. Save its data in a file and read that.");
-    }
     m_size = static_cast<std::uint64_t>(status.st_size);
 }
 

@@ -19,18 +19,17 @@ namespace {
 enum Key { Columns, Rows, XCorner, XCenter, YCorner, YCenter, CellSize, NoData, KeyCount };
 
 /// In the order of Key. What is an alternative of the one before is asked for together with it.
-constexpr std::array<std::string_view, KeyCount> keywords = {"ncols",     "nrows",     "xllcorner", "xllcenter",
+constexpr std::array<std::string_view, KeyCount> Keywords = {"ncols",     "nrows",     "xllcorner", "xllcenter",
                                                              "yllcorner", "yllcenter", "cellsize",  "nodata_value"};
 
 /// 4 GiB of values.
-constexpr std::uint64_t mostCells = std::uint64_t(1) << 30;
+constexpr std::uint64_t MostCells = std::uint64_t(1) << 30;
 
 Key findKey(std::string_view word)
 {
     std::size_t key = 0;
-    while (key < KeyCount && !equalsIgnoringCase(word, keywords[key])) {
+    while (key < KeyCount && !equalsIgnoringCase(word, Keywords[key]))
         ++key;
-    }
     return static_cast<Key>(key);
 }
 
@@ -70,9 +69,8 @@ private:
 GridHeader HeaderReader::read()
 {
     readEntries();
-    for (const Key key : {Columns, Rows, CellSize}) {
-        require(key, std::string(keywords[key]));
-    }
+    for (const Key key : {Columns, Rows, CellSize})
+        require(key, std::string(Keywords[key]));
     GridHeader header;
     header.columns = static_cast<int>(m_entries[Columns].number);
     header.rows = static_cast<int>(m_entries[Rows].number);
@@ -96,9 +94,8 @@ void HeaderReader::readEntries()
         readEntry(word);
         word = m_source.nextWord();
     }
-    if (!word.empty()) {
+    if (!word.empty())
         m_source.putWordBack();
-    }
 }
 
 void HeaderReader::readEntry(std::string_view word)
@@ -110,15 +107,14 @@ void HeaderReader::readEntry(std::string_view word)
                       "Keywords are ncols, nrows, xllcorner or xllcenter, yllcorner or yllcenter, cellsize and "
                       "NODATA_value");
     }
-    const std::string name(keywords[key]);
+    const std::string name(Keywords[key]);
     if (has(key)) {
         m_source.fail(line, name + " was already given in line " + std::to_string(m_entries[key].line),
                       "Leave one of the two out");
     }
     const std::string_view text = m_source.nextWord();
-    if (text.empty()) {
+    if (text.empty())
         m_source.fail(line, "the file ends before the value of " + name, "It is cut short: get a complete copy");
-    }
     m_entries[key].line = line;
     key == Columns || key == Rows ? readSize(key, text) : readNumber(key, text);
 }
@@ -126,7 +122,7 @@ void HeaderReader::readEntry(std::string_view word)
 void HeaderReader::readSize(Key key, std::string_view text)
 {
     int size = 0;
-    const std::string name(keywords[key]);
+    const std::string name(Keywords[key]);
     const std::string_view digits = text.substr(text.size() > 1 && text.front() == '+' ? 1 : 0);
     const auto read = std::from_chars(digits.data(), digits.data() + digits.size(), size);
     if (read.ptr != digits.data() + digits.size() || read.ec == std::errc::invalid_argument) {
@@ -143,7 +139,7 @@ void HeaderReader::readSize(Key key, std::string_view text)
 void HeaderReader::readNumber(Key key, std::string_view text)
 {
     double& number = m_entries[key].number;
-    const std::string name(keywords[key]);
+    const std::string name(Keywords[key]);
     const NumberText kind = parseNumber(text, number);
     if (key == NoData && kind == NumberText::NotFinite) {
         m_noDataIsNoNumber = true;
@@ -153,32 +149,28 @@ void HeaderReader::readNumber(Key key, std::string_view text)
         m_source.fail(m_source.line(), quotedForMessage(text) + " stands where the number " + name + " should be",
                       "Write a finite number, with a decimal point");
     }
-    if (key == NoData) {
+    if (key == NoData)
         parseNumber(text, m_noDataValue);
-    }
-    if (key == CellSize && number <= 0) {
+    if (key == CellSize && number <= 0)
         m_source.fail(m_source.line(), "cellsize is " + quotedForMessage(text), "It must be above 0");
-    }
 }
 
 void HeaderReader::require(Key key, const std::string& names) const
 {
-    if (!has(key)) {
+    if (!has(key))
         m_source.fail(m_source.line(), names + " is missing above the numbers", "Add it, or get a complete copy");
-    }
 }
 
 double HeaderReader::center(Key corner, Key centerKey) const
 {
     if (has(corner) && has(centerKey)) {
         m_source.fail(std::max(m_entries[corner].line, m_entries[centerKey].line),
-                      "there are both " + std::string(keywords[corner]) + " and " + std::string(keywords[centerKey]),
+                      "there are both " + std::string(Keywords[corner]) + " and " + std::string(Keywords[centerKey]),
                       "Leave one of the two out");
     }
-    if (has(centerKey)) {
+    if (has(centerKey))
         return m_entries[centerKey].number;
-    }
-    require(corner, std::string(keywords[corner]) + " or " + std::string(keywords[centerKey]));
+    require(corner, std::string(Keywords[corner]) + " or " + std::string(Keywords[centerKey]));
     return m_entries[corner].number + m_entries[CellSize].number / 2;
 }
 
@@ -204,9 +196,8 @@ void HeaderReader::checkRoom(const GridHeader& header) const
                           std::to_string((m_source.remaining() + 1) / 2),
                       "The file is cut short, or ncols and nrows are wrong: get a complete copy or correct them");
     }
-    if (header.cells() > mostCells) {
+    if (header.cells() > MostCells)
         m_source.fail(m_source.line(), sizes + " are too many", "Read a part of the grid, or one with larger cells");
-    }
 }
 
 } // namespace
@@ -214,19 +205,16 @@ void HeaderReader::checkRoom(const GridHeader& header) const
 bool looksLikeGrid(std::string_view text)
 {
     const std::size_t first = text.find_first_not_of(" \t\r\n");
-    if (first == std::string_view::npos) {
+    if (first == std::string_view::npos)
         return false;
-    }
     text.remove_prefix(first);
     const std::size_t length = std::min(text.find_first_of(" \t\r\n"), text.size());
-    if (findKey(text.substr(0, length)) == KeyCount) {
+    if (findKey(text.substr(0, length)) == KeyCount)
         return false;
-    }
     // A lone keyword above a column of numbers is that column's name, unless another one follows.
     text.remove_prefix(length);
-    if (text.empty() || text.front() == ' ' || text.front() == '\t') {
+    if (text.empty() || text.front() == ' ' || text.front() == '\t')
         return true;
-    }
     const std::size_t value = std::min(text.find_first_not_of(" \t\r\n"), text.size());
     const std::size_t gap = std::min(text.find_first_of(" \t\r\n", value), text.size());
     const std::size_t second = std::min(text.find_first_not_of(" \t\r\n", gap), text.size());

@@ -12,7 +12,7 @@ namespace velmora::engine {
 
 namespace {
 
-constexpr float gap = std::numeric_limits<float>::quiet_NaN();
+constexpr float Gap = std::numeric_limits<float>::quiet_NaN();
 
 } // namespace
 
@@ -44,9 +44,8 @@ void GridReader::readValues(Grid& grid)
     const std::size_t cells = m_header.cells();
     while (grid.values.size() < cells) {
         const std::string_view word = m_source.nextWord();
-        if (word.empty()) {
+        if (word.empty())
             failCount(grid, grid.values.size());
-        }
         add(grid, valueOf(word));
     }
 }
@@ -65,14 +64,12 @@ void GridReader::add(Grid& grid, float value)
 float GridReader::valueOf(std::string_view word)
 {
     float value = 0;
-    if (parseNumber(word, value) != NumberText::Number) {
+    if (parseNumber(word, value) != NumberText::Number)
         return valueOfUncommon(word);
-    }
-    if (value != m_header.noDataValue) {
+    if (value != m_header.noDataValue)
         return value;
-    }
     m_hasNoData = true;
-    return gap;
+    return Gap;
 }
 
 /// What is no number, or none for a float. Some writers mark gaps with the lowest double.
@@ -89,7 +86,7 @@ float GridReader::valueOfUncommon(std::string_view word)
             odd.text = quotedForMessage(word);
         }
     }
-    return gap;
+    return Gap;
 }
 
 void GridReader::expectEnd(const Grid& grid)
@@ -99,13 +96,11 @@ void GridReader::expectEnd(const Grid& grid)
     for (std::string_view word = m_source.nextWord(); !word.empty(); word = m_source.nextWord()) {
         valueOf(word);
         ++found;
-        if (m_words.count > wordsBefore) {
+        if (m_words.count > wordsBefore)
             failAtWord(m_source.line(), quotedForMessage(word));
-        }
     }
-    if (found > grid.values.size()) {
+    if (found > grid.values.size())
         failCount(grid, found);
-    }
 }
 
 void GridReader::failAtWord(long line, const std::string& word) const
@@ -127,15 +122,12 @@ void GridReader::failCount(const Grid& grid, std::uint64_t found) const
 
 void GridReader::describe(Grid& grid) const
 {
-    if (m_words.count > grid.values.size() - grid.gaps) {
+    if (m_words.count > grid.values.size() - grid.gaps)
         failAtWord(m_words.line, m_words.text);
-    }
-    if (grid.gaps == grid.values.size()) {
+    if (grid.gaps == grid.values.size())
         m_source.fail("holds nothing but gaps", "Choose a grid with values, or correct NODATA_value");
-    }
-    if (m_hasNoData && !m_header.saysNoData) {
+    if (m_hasNoData && !m_header.saysNoData)
         grid.notes.push_back("The grid names no NODATA_value; -9999 is taken as a gap.");
-    }
     addNote(m_words, "no number", grid);
     addNote(m_tooLarge, "too large for a value of the grid", grid);
 }

@@ -8,24 +8,22 @@ namespace velmora::engine {
 
 namespace {
 
-constexpr std::size_t longestField = std::size_t{1024} * 1024;
+constexpr std::size_t LongestField = std::size_t{1024} * 1024;
 
 bool endsRecord(int c)
 {
-    return c == '\n' || c == '\r' || c == TextSource::end;
+    return c == '\n' || c == '\r' || c == TextSource::End;
 }
 
 } // namespace
 
 bool RecordReader::next(Record& record)
 {
-    if (!skipToRecord()) {
+    if (!skipToRecord())
         return false;
-    }
     record.fields.clear();
-    if (!readLine(record)) {
+    if (!readLine(record))
         readFields(record);
-    }
     return true;
 }
 
@@ -33,9 +31,8 @@ bool RecordReader::next(Record& record)
 bool RecordReader::readLine(Record& record)
 {
     const auto line = m_source.lineAhead();
-    if (!line || line->find('"') != std::string_view::npos) {
+    if (!line || line->find('"') != std::string_view::npos)
         return false;
-    }
     m_source.takeLineAhead(*line);
     record.line = m_source.line();
     split(*line, record);
@@ -47,17 +44,14 @@ void RecordReader::split(std::string_view line, Record& record) const
     for (;;) {
         const std::size_t length = lengthOfField(line);
         addField(trimmed(line.substr(0, length)), record);
-        if (length == line.size()) {
+        if (length == line.size())
             return;
-        }
         line.remove_prefix(length + 1);
-        if (m_delimiter != Delimiter::Blanks) {
+        if (m_delimiter != Delimiter::Blanks)
             continue;
-        }
         line = trimmed(line);
-        if (line.empty()) {
+        if (line.empty())
             return;
-        }
     }
 }
 
@@ -70,19 +64,17 @@ std::size_t RecordReader::lengthOfField(std::string_view line) const
 
 std::string_view RecordReader::trimmed(std::string_view field) const
 {
-    while (!field.empty() && isBlank(field.front())) {
+    while (!field.empty() && isBlank(field.front()))
         field.remove_prefix(1);
-    }
-    while (!field.empty() && isBlank(field.back())) {
+    while (!field.empty() && isBlank(field.back()))
         field.remove_suffix(1);
-    }
     return field;
 }
 
 void RecordReader::addField(std::string_view field, Record& record) const
 {
-    if (record.fields.size() == mostFields) {
-        m_source.fail(m_source.line(), "there are more than " + std::to_string(mostFields) + " columns",
+    if (record.fields.size() == MostFields) {
+        m_source.fail(m_source.line(), "there are more than " + std::to_string(MostFields) + " columns",
                       "Read a part of the table, with fewer columns");
     }
     record.fields.push_back(field);
@@ -95,9 +87,8 @@ void RecordReader::readFields(Record& record)
     record.line = m_source.lineOfNext();
     do {
         addField({}, record);
-        if (count == record.texts.size()) {
+        if (count == record.texts.size())
             record.texts.emplace_back();
-        }
         record.texts[count].clear();
         readField(record.texts[count]);
         ++count;
@@ -113,16 +104,14 @@ bool RecordReader::isBlank(int c) const
 
 void RecordReader::skipBlanks()
 {
-    while (isBlank(m_source.peek())) {
+    while (isBlank(m_source.peek()))
         m_source.get();
-    }
 }
 
 void RecordReader::skipLine()
 {
-    while (!endsRecord(m_source.peek())) {
+    while (!endsRecord(m_source.peek()))
         m_source.get();
-    }
     m_source.get();
 }
 
@@ -136,12 +125,10 @@ bool RecordReader::skipToRecord()
     for (;;) {
         skipBlanks();
         const int c = m_source.peek();
-        if (c == TextSource::end) {
+        if (c == TextSource::End)
             return false;
-        }
-        if (!startsComment(c) && !endsRecord(c)) {
+        if (!startsComment(c) && !endsRecord(c))
             return true;
-        }
         skipLine();
     }
 }
@@ -149,11 +136,10 @@ bool RecordReader::skipToRecord()
 void RecordReader::readField(std::string& field)
 {
     skipBlanks();
-    if (m_source.peek() == '"') {
+    if (m_source.peek() == '"')
         readQuoted(field);
-    } else {
+    else
         readPlain(field);
-    }
 }
 
 void RecordReader::readPlain(std::string& field)
@@ -164,9 +150,8 @@ void RecordReader::readPlain(std::string& field)
         append(field, m_source.get());
         c = m_source.peek();
     }
-    while (!field.empty() && isBlank(field.back())) {
+    while (!field.empty() && isBlank(field.back()))
         field.pop_back();
-    }
 }
 
 void RecordReader::readQuoted(std::string& field)
@@ -175,13 +160,11 @@ void RecordReader::readQuoted(std::string& field)
     const long opened = m_source.line();
     for (;;) {
         const int c = m_source.get();
-        if (c == TextSource::end) {
+        if (c == TextSource::End)
             m_source.fail(opened, "a quoted value is not closed", "Close it with a double quote; within it, write two");
-        }
         if (c == '"') {
-            if (m_source.peek() != '"') {
+            if (m_source.peek() != '"')
                 return;
-            }
             m_source.get();
         }
         append(field, c);
@@ -190,7 +173,7 @@ void RecordReader::readQuoted(std::string& field)
 
 void RecordReader::append(std::string& field, int c) const
 {
-    if (field.size() == longestField) {
+    if (field.size() == LongestField) {
         m_source.fail(m_source.line(), "a value has more than a million characters",
                       "Check that each quoted value is closed and that lines end");
     }
@@ -213,12 +196,10 @@ bool RecordReader::takeDelimiter()
         m_source.get();
         return false;
     }
-    if (m_delimiter == Delimiter::Blanks ? !isApart : c != static_cast<char>(m_delimiter)) {
+    if (m_delimiter == Delimiter::Blanks ? !isApart : c != static_cast<char>(m_delimiter))
         failAfterQuote();
-    }
-    if (m_delimiter != Delimiter::Blanks) {
+    if (m_delimiter != Delimiter::Blanks)
         m_source.get();
-    }
     return true;
 }
 

@@ -24,7 +24,7 @@ struct Record {
 /// '#', '%', '!' or, where it does not delimit, ';'.
 class RecordReader {
 public:
-    static constexpr std::size_t mostFields = 10000;
+    static constexpr std::size_t MostFields = 10000;
 
     RecordReader(TextSource& source, Delimiter delimiter) : m_source(source), m_delimiter(delimiter) {}
 

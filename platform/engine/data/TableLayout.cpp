@@ -12,9 +12,9 @@ namespace velmora::engine {
 
 namespace {
 
-constexpr std::size_t longestOddUnit = 12;
-constexpr double firstYear = 1500;
-constexpr double lastYear = 2500;
+constexpr std::size_t LongestOddUnit = 12;
+constexpr double FirstYear = 1500;
+constexpr double LastYear = 2500;
 
 /// Looks for the header among the rows of a sample.
 class HeaderSearch {
@@ -45,9 +45,8 @@ private:
 
 HeaderSearch::HeaderSearch(const Sample& sample) : m_rows(sample.rows), m_sample(sample)
 {
-    for (const SampleRow& row : m_rows) {
+    for (const SampleRow& row : m_rows)
         m_lastIsEmpty = m_lastIsEmpty && (row.fields.size() != m_sample.columns || row.fields.back().text.empty());
-    }
     inspectColumns();
 }
 
@@ -61,9 +60,8 @@ void HeaderSearch::inspectColumns()
         const bool hasValue =
             std::any_of(fields.begin(), fields.end(), [](const auto& field) { return field.isValue(); });
         hasBegun = hasBegun || (fits(m_rows[row]) && hasValue);
-        for (std::size_t i = 0; hasBegun && i < std::min(moreWords.size(), fields.size()); ++i) {
+        for (std::size_t i = 0; hasBegun && i < std::min(moreWords.size(), fields.size()); ++i)
             moreWords[i] += fields[i].isWord() ? 1 : fields[i].isValue() ? -1 : 0;
-        }
     }
     m_allHoldValues = std::all_of(moreWords.begin(), moreWords.end(), [](std::ptrdiff_t more) { return more <= 0; });
     m_firstHoldsValues = moreWords.empty() || moreWords.front() <= 0;
@@ -73,9 +71,8 @@ void HeaderSearch::inspectColumns()
 bool HeaderSearch::fits(const SampleRow& row) const
 {
     const auto& fields = row.fields;
-    if (fields.size() < m_sample.columns) {
+    if (fields.size() < m_sample.columns)
         return m_lastIsEmpty && fields.size() + 1 == m_sample.columns && !fields.empty();
-    }
     return std::all_of(fields.begin() + static_cast<std::ptrdiff_t>(m_sample.columns), fields.end(),
                        [](const SampleField& field) { return field.text.empty(); });
 }
@@ -95,9 +92,8 @@ bool HeaderSearch::isWords(std::size_t row) const
 bool HeaderSearch::isData(std::size_t row) const
 {
     const auto& fields = m_rows[row].fields;
-    if (!fits(m_rows[row]) || isWords(row) || (m_allHoldValues && fields.front().isWord())) {
+    if (!fits(m_rows[row]) || isWords(row) || (m_allHoldValues && fields.front().isWord()))
         return false;
-    }
     return std::any_of(fields.begin(), fields.end(), [](const SampleField& field) { return !field.text.empty(); });
 }
 
@@ -121,27 +117,24 @@ bool HeaderSearch::isHeaderOfOtherLength(std::size_t row) const
 std::size_t HeaderSearch::firstData() const
 {
     std::size_t row = 0;
-    while (row < m_rows.size() && !isData(row)) {
+    while (row < m_rows.size() && !isData(row))
         ++row;
-    }
     return row;
 }
 
 bool HeaderSearch::isNumbersHeader(std::size_t row) const
 {
     const auto& fields = m_rows[row].fields;
-    if (fields.size() < 2 || !fits(m_rows[row]) || row + 1 == m_rows.size()) {
+    if (fields.size() < 2 || !fits(m_rows[row]) || row + 1 == m_rows.size())
         return false;
-    }
     std::set<double> different;
     bool areYears = fields.size() > 2 && (fields[0].isWord() || fields[0].text.empty());
     for (std::size_t i = 1; i < fields.size(); ++i) {
         const Cell& cell = fields[i].cell;
-        if (!fields[i].isValue() || !different.insert(cell.value).second) {
+        if (!fields[i].isValue() || !different.insert(cell.value).second)
             return false;
-        }
-        areYears = areYears && cell.kind == CellKind::Number && cell.decimalMark == 0 && cell.value >= firstYear &&
-                   cell.value <= lastYear && *different.rbegin() == cell.value;
+        areYears = areYears && cell.kind == CellKind::Number && cell.decimalMark == 0 && cell.value >= FirstYear &&
+                   cell.value <= LastYear && *different.rbegin() == cell.value;
     }
     return areYears || (m_firstHoldsValues && fields[0].isWord());
 }
@@ -154,7 +147,7 @@ bool HeaderSearch::areUnits(std::size_t row, std::size_t rowsOfWords) const
     const bool isWide = m_sample.columns > 2 && m_sample.delimiter != Delimiter::Blanks && m_allHoldValues;
     return rowsOfWords > 1 && std::all_of(fields.begin(), fields.end(), [&](const SampleField& field) {
                return !field.isWord() || looksLikeUnit(field.text) ||
-                      (isWide && rowsOfWords == 2 && field.text.size() <= longestOddUnit);
+                      (isWide && rowsOfWords == 2 && field.text.size() <= LongestOddUnit);
            });
 }
 
@@ -162,12 +155,10 @@ bool HeaderSearch::areUnits(std::size_t row, std::size_t rowsOfWords) const
 bool HeaderSearch::placeBelowWords(TableLayout& layout, std::size_t data) const
 {
     std::size_t top = data;
-    while (top > 0 && isWords(top - 1)) {
+    while (top > 0 && isWords(top - 1))
         --top;
-    }
-    if (top == data) {
+    if (top == data)
         return false;
-    }
     layout.hasUnits = areUnits(data - 1, data - top);
     place(layout, layout.hasUnits ? data - 2 : m_allHoldValues ? data - 1 : top, true);
     return true;
@@ -179,9 +170,8 @@ void HeaderSearch::place(TableLayout& layout, std::size_t first, bool hasHeader)
     layout.hasHeader = hasHeader;
     layout.headerHasNumbers = hasHeader && isNumbersHeader(first);
     layout.firstLine = m_rows[first].line;
-    for (std::size_t row = first; row-- > 0;) {
+    for (std::size_t row = first; row-- > 0;)
         layout.firstAbove = row == 0 && layout.hasSeparatorLine ? layout.firstAbove : m_rows[row].line;
-    }
 }
 
 void HeaderSearch::find(TableLayout& layout) const
@@ -189,27 +179,22 @@ void HeaderSearch::find(TableLayout& layout) const
     const std::size_t data = firstData();
     if (data == m_rows.size()) {
         std::size_t words = 0;
-        while (words < m_rows.size() && !isWords(words)) {
+        while (words < m_rows.size() && !isWords(words))
             ++words;
-        }
-        if (words < m_rows.size()) {
+        if (words < m_rows.size())
             place(layout, words, true);
-        }
         return;
     }
     // Rows with an odd first field may stand between the header and the first row that is beyond doubt.
     std::size_t first = data;
-    while (first > 0 && fits(m_rows[first - 1]) && !isWords(first - 1)) {
+    while (first > 0 && fits(m_rows[first - 1]) && !isWords(first - 1))
         --first;
-    }
     // So may rows of another length; they are for the reading to refuse.
     std::size_t firstOfAnyLength = first;
-    while (firstOfAnyLength > 0 && isRowOfOtherLength(firstOfAnyLength - 1)) {
+    while (firstOfAnyLength > 0 && isRowOfOtherLength(firstOfAnyLength - 1))
         --firstOfAnyLength;
-    }
-    if (placeBelowWords(layout, first) || placeBelowWords(layout, firstOfAnyLength)) {
+    if (placeBelowWords(layout, first) || placeBelowWords(layout, firstOfAnyLength))
         return;
-    }
     if (isNumbersHeader(data)) {
         place(layout, data, true);
     } else if (first < data && isNumbersHeader(data - 1)) {
@@ -239,9 +224,8 @@ TableLayout findLayout(std::string_view begin, bool isWhole)
     layout.decimalMark = sample.decimalMark;
     layout.isMarkClear = sample.isMarkClear;
     const bool isCut = !isWhole && text.size() == begin.size();
-    if (!isCut && sample.columns > 0) {
+    if (!isCut && sample.columns > 0)
         HeaderSearch(sample).find(layout);
-    }
     return layout;
 }
 

@@ -10,8 +10,8 @@ namespace velmora::engine {
 
 namespace {
 
-constexpr std::size_t rowsBeforeEstimate = 1000;
-constexpr std::size_t rowsAtATime = 8192;
+constexpr std::size_t RowsBeforeEstimate = 1000;
+constexpr std::size_t RowsAtATime = 8192;
 
 std::string plural(std::size_t count, const std::string& what)
 {
@@ -29,16 +29,13 @@ std::shared_ptr<Table> TableReader::read()
     RecordReader records(m_source, m_layout.delimiter);
     Record record;
     m_source.skipLines(m_layout.firstLine - 1);
-    if (!records.next(record)) {
+    if (!records.next(record))
         m_source.fail("is empty", "Choose a file with a table of numbers or an ESRI ASCII grid");
-    }
     readHead(records, record);
-    while (records.next(record)) {
+    while (records.next(record))
         addRow(record);
-    }
-    if (m_rows == 0) {
+    if (m_rows == 0)
         m_source.fail("has no row of values below its header", "Add the values, or choose another file");
-    }
     auto table = std::make_shared<Table>();
     noteLayout(*table);
     keepColumns(*table);
@@ -52,11 +49,10 @@ void TableReader::readHead(RecordReader& records, Record& record)
 {
     m_layout.hasHeader = m_layout.columns > 0 ? m_layout.hasHeader : isHeader(record);
     startColumns(record);
-    if (!m_layout.hasHeader) {
+    if (!m_layout.hasHeader)
         addRow(record);
-    } else if (m_layout.hasUnits && records.next(record)) {
+    else if (m_layout.hasUnits && records.next(record))
         takeUnits(record);
-    }
 }
 
 bool TableReader::isHeader(const Record& record) const
@@ -64,9 +60,8 @@ bool TableReader::isHeader(const Record& record) const
     bool hasWord = false;
     for (const std::string_view field : record.fields) {
         const CellKind kind = parseCell(field, m_layout.decimalMark).kind;
-        if (isValue(kind)) {
+        if (isValue(kind))
             return false;
-        }
         hasWord = hasWord || kind == CellKind::Word;
     }
     return hasWord;
@@ -75,9 +70,8 @@ bool TableReader::isHeader(const Record& record) const
 void TableReader::startColumns(const Record& first)
 {
     std::size_t count = first.fields.size();
-    while (m_layout.columns > 0 && count > m_layout.columns && first.fields[count - 1].empty()) {
+    while (m_layout.columns > 0 && count > m_layout.columns && first.fields[count - 1].empty())
         --count;
-    }
     m_firstLine = first.line;
     m_builders.reserve(count);
     for (std::size_t i = 0; i < count; ++i) {
@@ -88,23 +82,20 @@ void TableReader::startColumns(const Record& first)
 
 void TableReader::takeUnits(const Record& units)
 {
-    for (std::size_t i = 0; i < std::min(units.fields.size(), m_builders.size()); ++i) {
+    for (std::size_t i = 0; i < std::min(units.fields.size(), m_builders.size()); ++i)
         m_builders[i].setUnit(unitOf(units.fields[i]));
-    }
 }
 
 void TableReader::addRow(const Record& record)
 {
-    if (++m_rows == rowsBeforeEstimate) {
+    if (++m_rows == RowsBeforeEstimate)
         expectRows();
-    }
     if (record.fields.size() != m_builders.size()) {
         addOtherLength(record);
         return;
     }
-    for (std::size_t i = 0; i < record.fields.size(); ++i) {
+    for (std::size_t i = 0; i < record.fields.size(); ++i)
         add(m_builders[i], record.fields[i], record.line);
-    }
 }
 
 /// Delimiters at the end of a line mean nothing. Where a run of blanks is one delimiter a missing value moves those
@@ -112,9 +103,8 @@ void TableReader::addRow(const Record& record)
 void TableReader::addOtherLength(const Record& record)
 {
     std::size_t count = record.fields.size();
-    while (count > m_builders.size() && record.fields[count - 1].empty()) {
+    while (count > m_builders.size() && record.fields[count - 1].empty())
         --count;
-    }
     const bool isShort = count < m_builders.size();
     if (count > m_builders.size() || (isShort && m_layout.delimiter == Delimiter::Blanks)) {
         m_source.fail(record.line,
@@ -123,12 +113,10 @@ void TableReader::addOtherLength(const Record& record)
                           quotedForMessage(record.fields[count - 1]) + ")",
                       "Give each line as many values, and quote a value that holds the delimiter");
     }
-    if (isShort && ++m_shortRows == 1) {
+    if (isShort && ++m_shortRows == 1)
         m_firstShortLine = record.line;
-    }
-    for (std::size_t i = 0; i < m_builders.size(); ++i) {
+    for (std::size_t i = 0; i < m_builders.size(); ++i)
         add(m_builders[i], i < count ? record.fields[i] : std::string_view(), record.line);
-    }
 }
 
 void TableReader::add(ColumnBuilder& column, std::string_view text, long line)
@@ -147,9 +135,8 @@ void TableReader::expectRows()
 {
     const double done = static_cast<double>(std::max<std::uint64_t>(m_source.size() - m_source.remaining(), 1));
     const double rows = static_cast<double>(m_source.size()) / done * static_cast<double>(m_rows);
-    for (ColumnBuilder& builder : m_builders) {
+    for (ColumnBuilder& builder : m_builders)
         builder.reserve(static_cast<std::size_t>(rows * 1.1));
-    }
 }
 
 /// Once a number shows clearly what the decimal mark is, one with the other mark is a word. Until then the mark in
@@ -181,9 +168,8 @@ void TableReader::noteLayout(Table& table) const
         table.notes.push_back(first == last ? "Line " + first + ", above the table, is left out."
                                             : "Lines " + first + " to " + last + ", above the table, are left out.");
     }
-    if (m_layout.headerHasNumbers) {
+    if (m_layout.headerHasNumbers)
         table.notes.push_back("Line " + std::to_string(m_firstLine) + " is taken for the header, with its numbers.");
-    }
     if (m_shortRows > 0) {
         const std::string where = "line " + std::to_string(m_firstShortLine);
         table.notes.push_back(
@@ -206,9 +192,8 @@ void TableReader::keepColumns(Table& table)
         ColumnSummary summary = builder.finish(m_source, table.notes);
         if (summary.kind == ColumnSummary::Empty) {
             ++empty;
-            if (isLastWithoutName(builder)) {
+            if (isLastWithoutName(builder))
                 continue;
-            }
             table.notes.push_back("The column \"" + builder.name() + "\" holds no values and is left out.");
         }
         const bool isKept = summary.kind == ColumnSummary::Numbers || summary.kind == ColumnSummary::Dates;
@@ -219,14 +204,12 @@ void TableReader::keepColumns(Table& table)
         }
         table.summaries.push_back(std::move(summary));
     }
-    if (empty == m_builders.size()) {
+    if (empty == m_builders.size())
         m_source.fail("holds nothing but gaps", "Choose a file with values");
-    }
     const bool hasNumbers =
         std::any_of(table.columns.begin(), table.columns.end(), [](const Column& column) { return !column.isDate; });
-    if (!hasNumbers) {
+    if (!hasNumbers)
         m_source.fail("has no column of numbers", "Add one, or check what delimits the columns");
-    }
 }
 
 void TableReader::chooseAxis(Table& table)
@@ -237,9 +220,8 @@ void TableReader::chooseAxis(Table& table)
         std::rotate(columns.begin(), date, date + 1);
         return;
     }
-    if (columns.size() > 1 && !m_firstHasGaps) {
+    if (columns.size() > 1 && !m_firstHasGaps)
         return;
-    }
     table.notes.push_back("No column can be the axis; the row number is.");
     columns.insert(columns.begin(), rowNumbers());
 }
@@ -249,13 +231,11 @@ void TableReader::requireSomethingToShow(const Table& table)
 {
     const std::vector<double>& axis = table.columns.front().values;
     for (std::size_t row = 0; row < axis.size(); ++row) {
-        if (row % rowsAtATime == 0) {
+        if (row % RowsAtATime == 0)
             m_source.goOn();
-        }
         const auto hasValue = [row](const Column& column) { return !std::isnan(column.values[row]); };
-        if (hasValue(table.columns.front()) && std::any_of(table.columns.begin() + 1, table.columns.end(), hasValue)) {
+        if (hasValue(table.columns.front()) && std::any_of(table.columns.begin() + 1, table.columns.end(), hasValue))
             return;
-        }
     }
     m_source.fail("has no row with a value both in the column \"" + table.columns.front().name +
                       "\", which is the axis, and in another one",
@@ -268,9 +248,8 @@ Column TableReader::rowNumbers()
     column.name = "Row";
     column.values.reserve(m_rows);
     for (std::size_t row = 1; row <= m_rows; ++row) {
-        if (row % rowsAtATime == 0) {
+        if (row % RowsAtATime == 0)
             m_source.goOn();
-        }
         column.values.push_back(static_cast<double>(row));
     }
     return column;

@@ -12,8 +12,8 @@ namespace velmora::engine {
 
 namespace {
 
-constexpr std::size_t sampleRecords = 200;
-constexpr std::string_view separatorLine = "sep=";
+constexpr std::size_t SampleRecords = 200;
+constexpr std::string_view SeparatorLine = "sep=";
 
 /// What numbers show about the decimal mark.
 struct MarkCount {
@@ -38,11 +38,9 @@ MarkCount countMarks(const std::vector<SampleRow>& rows)
 
 void parseFields(Sample& sample)
 {
-    for (SampleRow& row : sample.rows) {
-        for (SampleField& field : row.fields) {
+    for (SampleRow& row : sample.rows)
+        for (SampleField& field : row.fields)
             field.cell = parseCell(field.text, sample.decimalMark);
-        }
-    }
 }
 
 /// Where commas or blanks delimit, only a clear comma makes the comma the decimal mark.
@@ -54,9 +52,8 @@ void chooseMark(Sample& sample)
     const bool isOpen = marks.commas == marks.points;
     sample.isMarkClear = !isOpen || !expectsComma;
     sample.decimalMark = marks.commas > marks.points || (isOpen && expectsComma && !marks.hasUnclearPoint) ? ',' : '.';
-    if (sample.decimalMark != '.') {
+    if (sample.decimalMark != '.')
         parseFields(sample);
-    }
 }
 
 void readRows(std::string_view text, Sample& sample)
@@ -67,12 +64,11 @@ void readRows(std::string_view text, Sample& sample)
         TextSource source(stream, std::string(), checkpoint);
         RecordReader reader(source, sample.delimiter);
         Record record;
-        while (sample.rows.size() < sampleRecords && reader.next(record)) {
+        while (sample.rows.size() < SampleRecords && reader.next(record)) {
             SampleRow row;
             row.line = record.line;
-            for (const std::string_view field : record.fields) {
+            for (const std::string_view field : record.fields)
                 row.fields.push_back({std::string(field), {}});
-            }
             sample.rows.push_back(std::move(row));
         }
     } catch (const ReadError&) {
@@ -129,12 +125,10 @@ Sample sampleOf(std::string_view text, Delimiter delimiter)
 
 bool takeSeparatorLine(std::string_view text, Delimiter& delimiter)
 {
-    if (text.size() <= separatorLine.size() ||
-        !equalsIgnoringCase(text.substr(0, separatorLine.size()), separatorLine)) {
+    if (text.size() <= SeparatorLine.size() || !equalsIgnoringCase(text.substr(0, SeparatorLine.size()), SeparatorLine))
         return false;
-    }
     for (const Delimiter known : {Delimiter::Tab, Delimiter::Semicolon, Delimiter::Comma, Delimiter::Blanks}) {
-        if (text[separatorLine.size()] == static_cast<char>(known)) {
+        if (text[SeparatorLine.size()] == static_cast<char>(known)) {
             delimiter = known;
             return true;
         }
@@ -147,9 +141,8 @@ Sample bestSample(std::string_view text)
     Sample best; // for a single column, where nothing delimits
     for (const Delimiter tried : {Delimiter::Tab, Delimiter::Semicolon, Delimiter::Comma, Delimiter::Blanks}) {
         Sample found = sampleOf(text, tried);
-        if (found.score > best.score) {
+        if (found.score > best.score)
             best = std::move(found);
-        }
     }
     return best;
 }

@@ -13,14 +13,11 @@ inline char toLowerAscii(char c)
 /// Whether the text is `lowerCase` in any case.
 inline bool equalsIgnoringCase(std::string_view text, std::string_view lowerCase)
 {
-    if (text.size() != lowerCase.size()) {
+    if (text.size() != lowerCase.size())
         return false;
-    }
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (toLowerAscii(text[i]) != lowerCase[i]) {
+    for (std::size_t i = 0; i < text.size(); ++i)
+        if (toLowerAscii(text[i]) != lowerCase[i])
             return false;
-        }
-    }
     return true;
 }
 

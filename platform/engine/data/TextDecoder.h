@@ -21,7 +21,7 @@ public:
     /// The first bytes as they are in the stream, until the first call of `read`.
     std::string_view head() const { return m_pending; }
     /// Takes room for this many bytes at least.
-    static constexpr std::size_t leastCapacity = 16;
+    static constexpr std::size_t LeastCapacity = 16;
     /// At most `capacity` bytes; 0 only at the end.
     std::size_t read(char* buffer, std::size_t capacity);
     /// Of what has been read so far.

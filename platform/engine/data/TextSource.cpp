@@ -12,8 +12,8 @@ namespace velmora::engine {
 
 namespace {
 
-constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-constexpr std::size_t longestQuote = 40;
+constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
+constexpr std::size_t LongestQuote = 40;
 
 bool isBlank(char c)
 {
@@ -24,7 +24,7 @@ bool isBlank(char c)
 
 TextSource::TextSource(ByteStream& stream, std::string fileName, Checkpoint& checkpoint)
     : m_stream(stream), m_decoder(stream), m_fileName(std::move(fileName)), m_checkpoint(checkpoint),
-      m_block(new char[blockSize + TextDecoder::leastCapacity])
+      m_block(new char[BlockSize + TextDecoder::LeastCapacity])
 {
     refuseBinaryFormat();
     refill();
@@ -33,9 +33,8 @@ TextSource::TextSource(ByteStream& stream, std::string fileName, Checkpoint& che
 
 void TextSource::skipByteOrderMark()
 {
-    if (ahead().substr(0, byteOrderMark.size()) == byteOrderMark) {
-        m_cursor += byteOrderMark.size();
-    }
+    if (ahead().substr(0, ByteOrderMark.size()) == ByteOrderMark)
+        m_cursor += ByteOrderMark.size();
 }
 
 void TextSource::keepFrom(std::size_t start)
@@ -48,22 +47,20 @@ void TextSource::keepFrom(std::size_t start)
 void TextSource::goOn()
 {
     const double all = static_cast<double>(std::max<std::uint64_t>(size(), 1));
-    if (!m_checkpoint.goOn(std::min(1.0, static_cast<double>(m_decoder.taken()) / all))) {
+    if (!m_checkpoint.goOn(std::min(1.0, static_cast<double>(m_decoder.taken()) / all)))
         throw ReadInterrupted();
-    }
 }
 
 /// Fills the block behind what is left of it; false when nothing came.
 bool TextSource::refill()
 {
-    if (m_atEnd) {
+    if (m_atEnd)
         return false;
-    }
     goOn();
     keepFrom(m_cursor);
     const std::size_t before = m_filled;
-    while (m_filled < blockSize && !m_atEnd) {
-        const std::size_t room = std::max(blockSize - m_filled, TextDecoder::leastCapacity);
+    while (m_filled < BlockSize && !m_atEnd) {
+        const std::size_t room = std::max(BlockSize - m_filled, TextDecoder::LeastCapacity);
         const std::size_t count = m_decoder.read(m_block.get() + m_filled, room);
         m_filled += count;
         m_atEnd = count == 0;
@@ -74,9 +71,8 @@ bool TextSource::refill()
 
 void TextSource::refuseBinaryFormat() const
 {
-    if (const BinaryFormat* const format = binaryFormatOf(m_decoder.head())) {
+    if (const BinaryFormat* const format = binaryFormatOf(m_decoder.head()))
         fail(std::string("is ") + format->name + ", which cannot be read", format->remedy);
-    }
 }
 
 void TextSource::refuseBinary(std::size_t from) const
@@ -97,14 +93,12 @@ int TextSource::get()
         m_lineEnded = false;
     }
     int c = peek();
-    if (c == end) {
-        return end;
-    }
+    if (c == End)
+        return End;
     ++m_cursor;
     if (c == '\r') {
-        if (peek() == '\n') {
+        if (peek() == '\n')
             ++m_cursor;
-        }
         c = '\n';
     }
     m_lineEnded = c == '\n';
@@ -117,18 +111,15 @@ std::optional<std::string_view> TextSource::lineAhead()
         return static_cast<const char*>(std::memchr(m_block.get() + m_cursor, '\n', m_filled - m_cursor));
     };
     const char* stop = endOfLine();
-    if (!stop && refill()) {
+    if (!stop && refill())
         stop = endOfLine();
-    }
-    if (!stop) {
+    if (!stop)
         return std::nullopt;
-    }
     const char* const begin = m_block.get() + m_cursor;
     const auto length = static_cast<std::size_t>(stop - begin);
     const auto* const carriage = static_cast<const char*>(std::memchr(begin, '\r', length));
-    if (carriage && carriage + 1 != stop) {
+    if (carriage && carriage + 1 != stop)
         return std::nullopt;
-    }
     return std::string_view(begin, carriage ? length - 1 : length);
 }
 
@@ -144,16 +135,15 @@ void TextSource::skipLines(long count)
     while (count > 0) {
         const int c = get();
         count -= c == '\n' ? 1 : 0;
-        count = c == end ? 0 : count;
+        count = c == End ? 0 : count;
     }
 }
 
 void TextSource::skipBlanks()
 {
     do {
-        for (; m_cursor < m_filled && isBlank(m_block[m_cursor]); ++m_cursor) {
+        for (; m_cursor < m_filled && isBlank(m_block[m_cursor]); ++m_cursor)
             m_line += m_block[m_cursor] == '\n' ? 1 : 0;
-        }
     } while (m_cursor == m_filled && refill());
 }
 
@@ -165,7 +155,7 @@ std::string_view TextSource::nextWord()
         const char* const begin = m_block.get() + m_cursor;
         const char* const stop = m_block.get() + m_filled;
         length = static_cast<std::size_t>(std::find_if(begin + length, stop, isBlank) - begin);
-        if (length >= blockSize) {
+        if (length >= BlockSize) {
             fail(m_line, quotedForMessage({begin, length}) + " is longer than any number",
                  "Separate the numbers by blanks");
         }
@@ -199,17 +189,14 @@ void TextSource::fail(const std::string& what, const std::string& remedy) const
 std::string quotedForMessage(std::string_view text)
 {
     std::string result = "'";
-    for (const char c : text.substr(0, longestQuote)) {
+    for (const char c : text.substr(0, LongestQuote))
         result += static_cast<unsigned char>(c) < ' ' || c == '\x7F' ? '?' : c;
-    }
     // Not through the middle of a UTF-8 character.
-    if (text.size() > longestQuote) {
-        while ((static_cast<unsigned char>(result.back()) & 0xC0) == 0x80) {
+    if (text.size() > LongestQuote) {
+        while ((static_cast<unsigned char>(result.back()) & 0xC0) == 0x80)
             result.pop_back();
-        }
-        if ((static_cast<unsigned char>(result.back()) & 0xC0) == 0xC0) {
+        if ((static_cast<unsigned char>(result.back()) & 0xC0) == 0xC0)
             result.pop_back();
-        }
         result += "...";
     }
     return result + "'";

@@ -22,8 +22,8 @@ class ByteStream;
 /// CR.
 class TextSource {
 public:
-    static constexpr std::size_t blockSize = std::size_t{32} * 1024;
-    static constexpr int end = -1;
+    static constexpr std::size_t BlockSize = std::size_t{32} * 1024;
+    static constexpr int End = -1;
 
     /// Reads the first block and leaves out a byte order mark. Throws ReadError for a known format that is no text.
     TextSource(ByteStream& stream, std::string fileName, Checkpoint& checkpoint);
@@ -33,7 +33,7 @@ public:
     /// Whether `ahead()` reaches to the end of the text.
     bool isAllAhead() const { return m_atEnd; }
 
-    int peek() { return m_cursor < m_filled || refill() ? static_cast<unsigned char>(m_block[m_cursor]) : end; }
+    int peek() { return m_cursor < m_filled || refill() ? static_cast<unsigned char>(m_block[m_cursor]) : End; }
     /// The next character, every line end as one '\n'; `end` after the last.
     int get();
 

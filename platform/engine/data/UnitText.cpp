@@ -8,10 +8,10 @@ namespace velmora::engine {
 
 namespace {
 
-constexpr std::string_view openBrackets = "([<{";
-constexpr std::string_view closeBrackets = ")]>}";
+constexpr std::string_view OpenBrackets = "([<{";
+constexpr std::string_view CloseBrackets = ")]>}";
 
-constexpr std::string_view units[] = {
+constexpr std::string_view Units[] = {
     "m",   "km",  "cm",  "mm", "um",  "nm",   "ft",  "in",   "mi",  "s",   "sec", "ms",   "us",   "ns",
     "min", "h",   "hr",  "d",  "day", "days", "yr",  "year", "K",   "C",   "F",   "degC", "degF", "deg",
     "rad", "ppm", "ppb", "V",  "mV",  "kV",   "A",   "mA",   "W",   "mW",  "kW",  "MW",   "Wh",   "kWh",
@@ -21,8 +21,8 @@ constexpr std::string_view units[] = {
 
 bool isInBrackets(std::string_view text)
 {
-    const std::size_t kind = text.empty() ? std::string_view::npos : openBrackets.find(text.front());
-    return text.size() > 2 && kind != std::string_view::npos && text.back() == closeBrackets[kind];
+    const std::size_t kind = text.empty() ? std::string_view::npos : OpenBrackets.find(text.front());
+    return text.size() > 2 && kind != std::string_view::npos && text.back() == CloseBrackets[kind];
 }
 
 /// "s-1", "m^2"
@@ -35,11 +35,11 @@ bool endsWithPower(std::string_view text)
 
 bool looksLikeUnit(std::string_view text)
 {
-    constexpr std::array<std::string_view, 8> signs = {"/", "%", "^", "°", "µ", "²", "³", "·"};
+    constexpr std::array<std::string_view, 8> Signs = {"/", "%", "^", "°", "µ", "²", "³", "·"};
     return isInBrackets(text) || endsWithPower(text) ||
-           std::any_of(signs.begin(), signs.end(),
+           std::any_of(Signs.begin(), Signs.end(),
                        [text](std::string_view sign) { return text.find(sign) != std::string_view::npos; }) ||
-           std::find(std::begin(units), std::end(units), text) != std::end(units);
+           std::find(std::begin(Units), std::end(Units), text) != std::end(Units);
 }
 
 std::string unitOf(std::string_view text)

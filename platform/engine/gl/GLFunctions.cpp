@@ -11,7 +11,7 @@ namespace velmora::engine {
 namespace {
 
 // Nanoseconds. Far more than a portion of a drawing takes; a hanging driver must not hang the engine.
-constexpr GLuint64 longestWait = 2000000000;
+constexpr GLuint64 LongestWait = 2000000000;
 
 template <class Pointer>
 void resolve(Pointer& pointer, GLResolver resolver, const char* name)
@@ -71,7 +71,7 @@ void GLFunctions::endFence(GLsync fence) const
 {
     if (!fence)
         return;
-    ClientWaitSync(fence, GL_SYNC_FLUSH_COMMANDS_BIT, longestWait);
+    ClientWaitSync(fence, GL_SYNC_FLUSH_COMMANDS_BIT, LongestWait);
     DeleteSync(fence);
 }
 

@@ -10,9 +10,9 @@ namespace velmora::engine {
 namespace {
 
 // Of discs that lie one on the other, in points.
-constexpr double outerRadius = 4;
-constexpr double whiteRadius = 3.2;
-constexpr double innerRadius = 2.2;
+constexpr double OuterRadius = 4;
+constexpr double WhiteRadius = 3.2;
+constexpr double InnerRadius = 2.2;
 
 } // namespace
 
@@ -33,9 +33,9 @@ void paintMark(const Mark& mark, const GLFunctions& gl, int width, int height, d
         stroke.addDisc({mark.x, mark.y, 0}, radius * pixelsPerPoint);
         canvas.stroke(stroke);
     };
-    disc(outerRadius, palette::ink);
-    disc(whiteRadius, {255, 255, 255, 255});
-    disc(innerRadius, palette::selected);
+    disc(OuterRadius, palette::Ink);
+    disc(WhiteRadius, {255, 255, 255, 255});
+    disc(InnerRadius, palette::Selected);
     canvas.finish();
 }
 

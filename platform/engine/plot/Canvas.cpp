@@ -11,16 +11,16 @@ namespace velmora::engine {
 namespace {
 
 // Of the height of capitals and digits, which is what looks centred.
-constexpr double capHeight = 0.73;
+constexpr double CapHeight = 0.73;
 
 // Seconds that a batch of portions may take, and how many triangles that can be.
-constexpr double batchTime = 0.7e-3;
-constexpr double leastBatch = 100;
-constexpr double mostBatch = 200000;
+constexpr double BatchTime = 0.7e-3;
+constexpr double LeastBatch = 100;
+constexpr double MostBatch = 200000;
 // An OpenGL in software fills about so many pixels while it sets up a triangle.
-constexpr double pixelsATriangle = 24;
-constexpr double costOfRectangle = 20;
-constexpr double costOfText = 150; ///< it is loaded as a texture first
+constexpr double PixelsATriangle = 24;
+constexpr double CostOfRectangle = 20;
+constexpr double CostOfText = 150; ///< it is loaded as a texture first
 
 FontFace& faceOf(const TextItem& item)
 {
@@ -35,7 +35,7 @@ double startAlong(Align align, double width)
 double baselineAcross(Align align, double size, const TextExtent& extent)
 {
     if (align == Align::Middle)
-        return -capHeight * size / 2;
+        return -CapHeight * size / 2;
     return align == Align::Start ? extent.descent : -extent.ascent;
 }
 
@@ -143,14 +143,14 @@ void Canvas::waitForLastBatch()
 void Canvas::measureBatch()
 {
     const std::chrono::duration<double> lasted = Clock::now() - m_batchStart;
-    const double fitting = m_cost * (batchTime / std::max(lasted.count(), batchTime / 4));
-    m_batch = std::clamp((m_batch + fitting) / 2, leastBatch, mostBatch);
+    const double fitting = m_cost * (BatchTime / std::max(lasted.count(), BatchTime / 4));
+    m_batch = std::clamp((m_batch + fitting) / 2, LeastBatch, MostBatch);
     m_cost = 0;
 }
 
 void Canvas::charge(double triangles, const Rect& area)
 {
-    m_cost += triangles + std::max(area.width(), 0.0) * std::max(area.height(), 0.0) / pixelsATriangle;
+    m_cost += triangles + std::max(area.width(), 0.0) * std::max(area.height(), 0.0) / PixelsATriangle;
 }
 
 bool Canvas::finish()
@@ -222,7 +222,7 @@ void Canvas::fill(const Rect& rect, Color color)
 {
     if (m_stopped || !shows(rect))
         return;
-    charge(costOfRectangle, rect);
+    charge(CostOfRectangle, rect);
     setColor(gl(), color);
     gl().Rectf(static_cast<float>(std::round(rect.x1) + m_drawing.frameX),
                static_cast<float>(std::round(rect.y1) + m_drawing.frameY),
@@ -283,7 +283,7 @@ void Canvas::text(const TextItem& item)
     TextImage image;
     while (line.next(image)) {
         setColor(gl(), item.color);
-        charge(costOfText + item.size * item.size * 4);
+        charge(CostOfText + item.size * item.size * 4);
         paintTextImage(gl(), item.upwards ? turnedUpwards(image) : image, penX, penY, m_drawing.targetWidth,
                        m_drawing.targetHeight);
         if (!step())

@@ -12,11 +12,11 @@ namespace velmora::engine {
 namespace {
 
 // Some two thousand years each way are dates; what lies beyond is shown as a number of days.
-constexpr double largestDate = 4e6;
-constexpr std::int64_t microsecondsADay = 86400000000;
-constexpr std::int64_t second = 1000000; // microseconds
-constexpr std::int64_t minute = 60 * second;
-constexpr std::int64_t hour = 60 * minute;
+constexpr double LargestDate = 4e6;
+constexpr std::int64_t MicrosecondsADay = 86400000000;
+constexpr std::int64_t Second = 1000000; // microseconds
+constexpr std::int64_t Minute = 60 * Second;
+constexpr std::int64_t Hour = 60 * Minute;
 
 enum class Unit { Microseconds, Days, Months };
 
@@ -28,18 +28,18 @@ struct Step {
 
 // From a second on; below it comes 1, 2 or 5 times a power of ten of microseconds.
 const Step steps[] = {
-    {Unit::Microseconds, second},
-    {Unit::Microseconds, 5 * second},
-    {Unit::Microseconds, 15 * second},
-    {Unit::Microseconds, 30 * second},
-    {Unit::Microseconds, minute},
-    {Unit::Microseconds, 5 * minute},
-    {Unit::Microseconds, 15 * minute},
-    {Unit::Microseconds, 30 * minute},
-    {Unit::Microseconds, hour},
-    {Unit::Microseconds, 3 * hour},
-    {Unit::Microseconds, 6 * hour},
-    {Unit::Microseconds, 12 * hour},
+    {Unit::Microseconds, Second},
+    {Unit::Microseconds, 5 * Second},
+    {Unit::Microseconds, 15 * Second},
+    {Unit::Microseconds, 30 * Second},
+    {Unit::Microseconds, Minute},
+    {Unit::Microseconds, 5 * Minute},
+    {Unit::Microseconds, 15 * Minute},
+    {Unit::Microseconds, 30 * Minute},
+    {Unit::Microseconds, Hour},
+    {Unit::Microseconds, 3 * Hour},
+    {Unit::Microseconds, 6 * Hour},
+    {Unit::Microseconds, 12 * Hour},
     {Unit::Days, 1},
     {Unit::Days, 2},
     {Unit::Days, 5},
@@ -52,8 +52,8 @@ const Step steps[] = {
 
 double Step::days() const
 {
-    constexpr double daysAMonth = 365.2425 / 12;
-    const double one = unit == Unit::Microseconds ? 1.0 / microsecondsADay : unit == Unit::Days ? 1 : daysAMonth;
+    constexpr double DaysAMonth = 365.2425 / 12;
+    const double one = unit == Unit::Microseconds ? 1.0 / MicrosecondsADay : unit == Unit::Days ? 1 : DaysAMonth;
     return one * static_cast<double>(count);
 }
 
@@ -71,8 +71,8 @@ Step yearStep(const AxisRange& range, int most)
 
 Step stepFor(const AxisRange& range, int most)
 {
-    const double microseconds = range.span() * static_cast<double>(microsecondsADay);
-    if (microseconds <= static_cast<double>(second / 2 * most))
+    const double microseconds = range.span() * static_cast<double>(MicrosecondsADay);
+    if (microseconds <= static_cast<double>(Second / 2 * most))
         return {Unit::Microseconds, std::max<std::int64_t>(1, std::llround(niceStep({0, microseconds}, most)))};
     for (const Step& step : steps)
         if (range.span() / step.days() <= most)
@@ -97,16 +97,16 @@ std::string dayLabel(const date::year_month_day& date, bool withDay)
 /// With as many parts as ticks in such steps need.
 std::string timeLabel(std::int64_t time, std::int64_t step)
 {
-    std::string label = padded(time / hour, 2) + ':' + padded(time / minute % 60, 2);
-    if (step % minute == 0)
+    std::string label = padded(time / Hour, 2) + ':' + padded(time / Minute % 60, 2);
+    if (step % Minute == 0)
         return label;
-    label += ':' + padded(time / second % 60, 2);
-    if (step % second == 0)
+    label += ':' + padded(time / Second % 60, 2);
+    if (step % Second == 0)
         return label;
     std::size_t decimals = 6;
     for (std::int64_t rest = step; rest % 10 == 0; rest /= 10)
         --decimals;
-    return label + '.' + padded(time % second, 6).substr(0, decimals);
+    return label + '.' + padded(time % Second, 6).substr(0, decimals);
 }
 
 std::int64_t floorDivide(std::int64_t a, std::int64_t b)
@@ -118,19 +118,19 @@ std::int64_t floorDivide(std::int64_t a, std::int64_t b)
 std::vector<Tick> timeTicks(const AxisRange& range, const Step& step)
 {
     std::vector<Tick> ticks;
-    constexpr double perDay = microsecondsADay;
+    constexpr double PerDay = MicrosecondsADay;
     const double count = static_cast<double>(step.count);
-    auto number = static_cast<std::int64_t>(std::ceil(range.from * perDay / count - 1e-6));
-    const auto last = static_cast<std::int64_t>(std::floor(range.to * perDay / count + 1e-6));
+    auto number = static_cast<std::int64_t>(std::ceil(range.from * PerDay / count - 1e-6));
+    const auto last = static_cast<std::int64_t>(std::floor(range.to * PerDay / count + 1e-6));
     for (; number <= last; ++number) {
         const std::int64_t at = number * step.count;
-        const std::int64_t day = floorDivide(at, microsecondsADay);
-        const std::int64_t time = at - day * microsecondsADay;
+        const std::int64_t day = floorDivide(at, MicrosecondsADay);
+        const std::int64_t time = at - day * MicrosecondsADay;
         const std::string label = timeLabel(time, step.count);
         std::string withDay = dayLabel(dateOf(day), true);
         if (time != 0)
             withDay.append(" ").append(label);
-        ticks.push_back({static_cast<double>(at) / perDay, ticks.empty() || time == 0 ? withDay : label});
+        ticks.push_back({static_cast<double>(at) / PerDay, ticks.empty() || time == 0 ? withDay : label});
     }
     return ticks;
 }
@@ -175,8 +175,8 @@ std::vector<Tick> monthTicks(const AxisRange& range, const Step& step)
 
 std::vector<Tick> dateTicks(const AxisRange& range, int most)
 {
-    const bool areDates = std::fabs(range.from) < largestDate && std::fabs(range.to) < largestDate;
-    if (!areDates || !(range.span() * microsecondsADay >= 4))
+    const bool areDates = std::fabs(range.from) < LargestDate && std::fabs(range.to) < LargestDate;
+    if (!areDates || !(range.span() * MicrosecondsADay >= 4))
         return numberTicks(range, most);
     const Step step = stepFor(range, std::max(most, 1));
     if (step.unit == Unit::Microseconds)

@@ -32,8 +32,8 @@ Color lineColor(std::size_t line)
 
 std::size_t lineDashes(std::size_t line)
 {
-    constexpr std::size_t patterns = 4;
-    return line / std::size(lineColors) % patterns;
+    constexpr std::size_t Patterns = 4;
+    return line / std::size(lineColors) % Patterns;
 }
 
 Color heightColor(double fraction)

@@ -8,18 +8,18 @@ namespace velmora::engine {
 
 namespace palette {
 
-constexpr Color ink{38, 43, 51, 255};        ///< titles and axis titles
-constexpr Color hidden{176, 182, 190, 255};  ///< entries of the legend whose lines are not shown
-constexpr Color label{78, 86, 98, 255};      ///< tick labels
-constexpr Color axis{96, 104, 116, 255};     ///< axes and frames
-constexpr Color grid{223, 227, 232, 255};    ///< light lines behind the data
-constexpr Color boxEdge{186, 192, 200, 255}; ///< of the box behind a surface
-constexpr Color contour{44, 50, 60, 200};    ///< lines of equal height
-constexpr Color surfaceBorder{70, 76, 86, 255};
-constexpr Color selected{240, 120, 0, 255};    ///< what is selected; no line has this colour
-constexpr Color selectedText{166, 74, 0, 255}; ///< on the selected ground
-constexpr Color veil{255, 255, 255, 220};      ///< lets text be read where a zoomed surface lies under it
-constexpr Color selectedGround{255, 226, 190, 255};
+constexpr Color Ink{38, 43, 51, 255};        ///< titles and axis titles
+constexpr Color Hidden{176, 182, 190, 255};  ///< entries of the legend whose lines are not shown
+constexpr Color Label{78, 86, 98, 255};      ///< tick labels
+constexpr Color Axis{96, 104, 116, 255};     ///< axes and frames
+constexpr Color Grid{223, 227, 232, 255};    ///< light lines behind the data
+constexpr Color BoxEdge{186, 192, 200, 255}; ///< of the box behind a surface
+constexpr Color Contour{44, 50, 60, 200};    ///< lines of equal height
+constexpr Color SurfaceBorder{70, 76, 86, 255};
+constexpr Color Selected{240, 120, 0, 255};    ///< what is selected; no line has this colour
+constexpr Color SelectedText{166, 74, 0, 255}; ///< on the selected ground
+constexpr Color Veil{255, 255, 255, 220};      ///< lets text be read where a zoomed surface lies under it
+constexpr Color SelectedGround{255, 226, 190, 255};
 
 } // namespace palette
 

@@ -6,16 +6,16 @@ namespace velmora::engine {
 
 TextItem plotTitle(const std::string& name, const FrameSize& frame, double top)
 {
-    return {name,        {frame.width / 2, top}, frame.points(plotsize::title), Align::Middle, Align::End, false, true,
-            palette::ink};
+    return {name,        {frame.width / 2, top}, frame.points(plotsize::Title), Align::Middle, Align::End, false, true,
+            palette::Ink};
 }
 
 void paintPlotText(Canvas& canvas, const FrameSize& frame, const TextItem& text, bool selected)
 {
     TextItem item = text;
     if (selected) {
-        canvas.fill(textRect(item).grown(frame.points(1.5)), palette::selectedGround);
-        item.color = palette::selectedText;
+        canvas.fill(textRect(item).grown(frame.points(1.5)), palette::SelectedGround);
+        item.color = palette::SelectedText;
     }
     canvas.text(item);
 }

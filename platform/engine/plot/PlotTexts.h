@@ -11,10 +11,10 @@ namespace velmora::engine {
 /// Sizes that all plots have in common, in points.
 namespace plotsize {
 
-constexpr double title = 13, axisTitle = 10, label = 9; ///< heights of texts
-constexpr double edge = 14;                             ///< free room along the edges of the frame
-constexpr double gap = 5;
-constexpr double tick = 4;
+constexpr double Title = 13, AxisTitle = 10, Label = 9; ///< heights of texts
+constexpr double Edge = 14;                             ///< free room along the edges of the frame
+constexpr double Gap = 5;
+constexpr double Tick = 4;
 
 } // namespace plotsize
 

@@ -5,16 +5,16 @@ namespace velmora::engine {
 namespace {
 
 // In points: a frame with less than this on its shorter side shrinks what is in it.
-constexpr double comfortableSide = 380;
+constexpr double ComfortableSide = 380;
 
-constexpr std::size_t mostNames = 3;
+constexpr std::size_t MostNames = 3;
 
 } // namespace
 
 double FrameSize::points(double length) const
 {
     const double shorter = std::min(width, height) / std::max(pixelsPerPoint, 1e-6);
-    return length * pixelsPerPoint * std::min(1.0, shorter / comfortableSide);
+    return length * pixelsPerPoint * std::min(1.0, shorter / ComfortableSide);
 }
 
 FrameSize frameSizeOf(const Drawing& drawing)
@@ -36,7 +36,7 @@ std::string SelectablePlot::selectionDescription() const
     std::string text;
     std::size_t named = 0;
     for (const ObjectId& object : m_selection) {
-        if (named == mostNames && m_selection.size() > mostNames)
+        if (named == MostNames && m_selection.size() > MostNames)
             return text + " and " + std::to_string(m_selection.size() - named) + " more";
         text += (named++ == 0 ? "" : ", ") + nameOf(object);
     }

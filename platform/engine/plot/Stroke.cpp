@@ -7,17 +7,17 @@ namespace velmora::engine {
 namespace {
 
 // A turn whose half angle has a smaller cosine is a spike: a mitre would shoot far beyond the point.
-constexpr double sharpestMitre = 0.5;
-constexpr double shortest = 1e-6;
-constexpr unsigned discCorners = 24;
-constexpr double pi = 3.14159265358979323846;
+constexpr double SharpestMitre = 0.5;
+constexpr double Shortest = 1e-6;
+constexpr unsigned DiscCorners = 24;
+constexpr double Pi = 3.14159265358979323846;
 
 Point directionOf(const StrokePoint& a, const StrokePoint& b)
 {
     const double dx = b.x - a.x;
     const double dy = b.y - a.y;
     const double length = std::hypot(dx, dy);
-    return length < shortest ? Point{0, 0} : Point{dx / length, dy / length};
+    return length < Shortest ? Point{0, 0} : Point{dx / length, dy / length};
 }
 
 Point normalOf(Point direction)
@@ -39,7 +39,7 @@ Point mitre(Point a, Point b)
 
 bool samePlace(const StrokePoint& a, const StrokePoint& b)
 {
-    return std::hypot(b.x - a.x, b.y - a.y) < shortest;
+    return std::hypot(b.x - a.x, b.y - a.y) < Shortest;
 }
 
 StrokePoint moved(const StrokePoint& point, Point direction, double by)
@@ -68,7 +68,7 @@ void Stroke::addLine(const StrokePoint* points, std::size_t count)
     for (std::size_t i = 0; i < count; ++i) {
         if (run.empty() || !samePlace(run.back(), points[i])) {
             const Point direction = run.empty() ? Point{0, 0} : directionOf(run.back(), points[i]);
-            if (run.size() > 1 && halfTurnCosine(last, direction) < sharpestMitre) {
+            if (run.size() > 1 && halfTurnCosine(last, direction) < SharpestMitre) {
                 const StrokePoint spike = run.back();
                 run.back() = moved(spike, last, m_half / 2);
                 addRun(run);
@@ -89,7 +89,7 @@ void Stroke::addRun(const std::vector<StrokePoint>& points)
     addJoint(points[0], normalOf(before));
     for (std::size_t i = 1; i + 1 < points.size(); ++i) {
         const Point after = directionOf(points[i], points[i + 1]);
-        addJoint(points[i], halfTurnCosine(before, after) < sharpestMitre ? normalOf(after) : mitre(before, after));
+        addJoint(points[i], halfTurnCosine(before, after) < SharpestMitre ? normalOf(after) : mitre(before, after));
         addBand(static_cast<unsigned>(m_vertices.size()) - 8);
         before = after;
     }
@@ -113,14 +113,14 @@ void Stroke::addDisc(const StrokePoint& center, double radius)
         {static_cast<float>(center.x), static_cast<float>(center.y), static_cast<float>(center.z), m_color});
     Color faded = m_color;
     faded.alpha = 0;
-    for (unsigned i = 0; i < discCorners; ++i) {
-        const double angle = 2 * pi * i / discCorners;
+    for (unsigned i = 0; i < DiscCorners; ++i) {
+        const double angle = 2 * Pi * i / DiscCorners;
         for (double reach : {radius - 0.5, radius + 0.5})
             m_vertices.push_back({static_cast<float>(center.x + std::cos(angle) * reach),
                                   static_cast<float>(center.y + std::sin(angle) * reach), static_cast<float>(center.z),
                                   reach < radius ? m_color : faded});
         const unsigned here = middle + 1 + 2 * i;
-        const unsigned next = middle + 1 + 2 * ((i + 1) % discCorners);
+        const unsigned next = middle + 1 + 2 * ((i + 1) % DiscCorners);
         const unsigned corners[] = {middle, here, next, here, here + 1, next + 1, here, next + 1, next};
         m_indices.insert(m_indices.end(), corners, corners + 9);
     }

@@ -11,11 +11,11 @@ namespace velmora::engine {
 namespace {
 
 // Beyond these a plain number has more noughts than digits.
-constexpr double largestPlain = 1e7;
-constexpr double smallestPlain = 1e-4;
+constexpr double LargestPlain = 1e7;
+constexpr double SmallestPlain = 1e-4;
 // Neighbouring values of a double are about this far apart, as a fraction.
-constexpr double resolution = 1e-14;
-constexpr double mostNumber = std::numeric_limits<double>::max();
+constexpr double Resolution = 1e-14;
+constexpr double MostNumber = std::numeric_limits<double>::max();
 
 double magnitudeOf(const AxisRange& range)
 {
@@ -82,10 +82,10 @@ AxisRange rangeAround(double smallest, double largest, double roomFraction)
     const double size = std::max(std::fabs(smallest), std::fabs(largest));
     if (largest - smallest <= size * 1e-12) {
         const double room = size > 0 ? size * 0.05 : 0.5;
-        return {std::max(smallest - room, -mostNumber), std::min(largest + room, mostNumber)};
+        return {std::max(smallest - room, -MostNumber), std::min(largest + room, MostNumber)};
     }
     const double room = largest * roomFraction - smallest * roomFraction;
-    return {std::max(smallest - room, -mostNumber), std::min(largest + room, mostNumber)};
+    return {std::max(smallest - room, -MostNumber), std::min(largest + room, MostNumber)};
 }
 
 double niceStep(const AxisRange& range, int most)
@@ -107,13 +107,13 @@ std::vector<Tick> numberTicks(const AxisRange& range, int most)
     const double step = niceStep(range, most);
     if (!std::isfinite(step) && range.from <= 0 && range.to >= 0)
         ticks.push_back({0, "0"});
-    if (!std::isfinite(step) || !(step > magnitudeOf(range) * resolution))
+    if (!std::isfinite(step) || !(step > magnitudeOf(range) * Resolution))
         return ticks;
-    constexpr double tolerance = 1e-6; // of a step
-    const double first = std::ceil(range.from / step - tolerance);
+    constexpr double Tolerance = 1e-6; // of a step
+    const double first = std::ceil(range.from / step - Tolerance);
     for (int i = 0; i <= most + 1; ++i) {
         const double value = (first + i) * step;
-        if (value / step > range.to / step + tolerance)
+        if (value / step > range.to / step + Tolerance)
             break;
         ticks.push_back({value, formatNumber(value, step)});
     }
@@ -125,7 +125,7 @@ std::string formatNumber(double value, double step)
     if (std::fabs(value) < step * 1e-6)
         return "0";
     const double size = std::fabs(value);
-    if (size < largestPlain && (size >= smallestPlain || step >= smallestPlain))
+    if (size < LargestPlain && (size >= SmallestPlain || step >= SmallestPlain))
         return plainNumber(value, decimalsFor(step));
     return powerNumber(value, step);
 }

@@ -7,7 +7,7 @@ namespace velmora::engine {
 
 namespace {
 
-constexpr int digits = 9;
+constexpr int Digits = 9;
 
 } // namespace
 
@@ -15,7 +15,7 @@ std::string valueText(double value)
 {
     std::array<char, 40> buffer{};
     const auto written =
-        std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::general, digits);
+        std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::general, Digits);
     return {buffer.data(), written.ptr};
 }
 

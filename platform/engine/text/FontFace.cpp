@@ -8,8 +8,8 @@ namespace velmora::engine {
 
 namespace {
 
-constexpr std::size_t mostBytes = 32u << 20;
-constexpr std::size_t mostGlyphsInLines = 40000; ///< 1.6 MB
+constexpr std::size_t MostBytes = 32u << 20;
+constexpr std::size_t MostGlyphsInLines = 40000; ///< 1.6 MB
 
 } // namespace
 
@@ -35,12 +35,12 @@ FontFace::FontFace(bool isBold) : m_isBold(isBold)
 // A line is measured several times before it is drawn, and again in each picture.
 std::shared_ptr<const ShapedLine> FontFace::line(const std::string& text)
 {
-    if (text.size() > longestText)
+    if (text.size() > LongestText)
         return line(oneLine(text));
     const auto known = m_lines.find(text);
     if (known != m_lines.end())
         return known->second;
-    if (m_glyphsInLines > mostGlyphsInLines) {
+    if (m_glyphsInLines > MostGlyphsInLines) {
         m_lines.clear();
         m_glyphsInLines = 0;
     }
@@ -56,7 +56,7 @@ std::shared_ptr<const Glyph> FontFace::glyph(const ShapedGlyph& glyph, double pi
     const auto known = m_glyphs.find(key);
     if (known != m_glyphs.end())
         return known->second;
-    if (m_bytes > mostBytes) {
+    if (m_bytes > MostBytes) {
         m_glyphs.clear();
         m_bytes = 0;
     }

@@ -14,8 +14,8 @@ namespace velmora::engine {
 
 namespace {
 
-constexpr double smallestSize = 1;
-constexpr double largestSize = 4000;
+constexpr double SmallestSize = 1;
+constexpr double LargestSize = 4000;
 
 Glyph pictureOf(const FT_GlyphSlot slot)
 {
@@ -39,7 +39,7 @@ Glyph pictureOf(const FT_GlyphSlot slot)
 
 long sixtyFourths(double pixels)
 {
-    return std::lround(std::clamp(pixels, smallestSize, largestSize) * 64);
+    return std::lround(std::clamp(pixels, SmallestSize, LargestSize) * 64);
 }
 
 struct FontFile::Impl {
@@ -80,7 +80,7 @@ Glyph FontFile::picture(std::uint32_t glyph, double pixelSize, int phase) const
     if (m_impl->isEmboldened)
         FT_GlyphSlot_Embolden(face->glyph);
     if (face->glyph->format == FT_GLYPH_FORMAT_OUTLINE)
-        FT_Outline_Translate(&face->glyph->outline, phase * 64 / penPhases, 0);
+        FT_Outline_Translate(&face->glyph->outline, phase * 64 / PenPhases, 0);
     if (FT_Render_Glyph(face->glyph, FT_RENDER_MODE_NORMAL) != 0)
         return {};
     return pictureOf(face->glyph);

@@ -18,7 +18,7 @@ struct Glyph {
 };
 
 /// The positions of a pen within a pixel that a glyph is drawn for.
-constexpr int penPhases = 4;
+constexpr int PenPhases = 4;
 
 /// A size in the unit that glyphs are drawn in; two sizes with the same value look the same.
 long sixtyFourths(double pixels);

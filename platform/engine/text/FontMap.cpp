@@ -12,7 +12,7 @@ namespace {
 
 // Text takes one colour and any size: pictures in colour and bitmaps of one size are of no use. A variable font is
 // listed a second time by its named styles, which stay.
-constexpr char rejected[] = R"(<?xml version="1.0"?>
+constexpr char Rejected[] = R"(<?xml version="1.0"?>
 <fontconfig><selectfont><rejectfont>
   <pattern><patelt name="scalable"><bool>false</bool></patelt></pattern>
   <pattern><patelt name="color"><bool>true</bool></patelt></pattern>
@@ -33,7 +33,7 @@ const FcChar8* fcText(const char* text)
 FontConfigOwner systemFonts()
 {
     FontConfigOwner config(FcInitLoadConfig());
-    if (!config || !FcConfigParseAndLoadFromMemory(config.get(), fcText(rejected), FcTrue) ||
+    if (!config || !FcConfigParseAndLoadFromMemory(config.get(), fcText(Rejected), FcTrue) ||
         !FcConfigBuildFonts(config.get()))
         throwNoFont();
     return config;
@@ -102,7 +102,7 @@ DescriptionOwner FontMap::textFont(bool isBold) const
     DescriptionOwner description(pango_font_description_new());
     pango_font_description_set_family_static(description.get(), "DejaVu Sans, sans");
     pango_font_description_set_weight(description.get(), isBold ? PANGO_WEIGHT_BOLD : PANGO_WEIGHT_NORMAL);
-    pango_font_description_set_absolute_size(description.get(), shapingSize * PANGO_SCALE);
+    pango_font_description_set_absolute_size(description.get(), ShapingSize * PANGO_SCALE);
     return description;
 }
 

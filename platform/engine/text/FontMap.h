@@ -16,7 +16,7 @@ public:
 
     /// Text is shaped at this size, in pixels. It is large, so that what is rounded then does not count at another
     /// size.
-    static constexpr int shapingSize = 256;
+    static constexpr int ShapingSize = 256;
 
     PangoContext* context() const { return m_context.get(); }
     /// "DejaVu Sans", or the system's sans-serif font where that is not installed.

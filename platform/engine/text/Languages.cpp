@@ -13,7 +13,7 @@ struct ScriptLanguage {
 };
 
 // Those that more than one language is written in; any other script stands for its one language.
-constexpr ScriptLanguage languages[] = {
+constexpr ScriptLanguage Languages[] = {
     {G_UNICODE_SCRIPT_LATIN, "en"},      {G_UNICODE_SCRIPT_CYRILLIC, "ru"}, {G_UNICODE_SCRIPT_GREEK, "el"},
     {G_UNICODE_SCRIPT_ARABIC, "ar"},     {G_UNICODE_SCRIPT_HEBREW, "he"},   {G_UNICODE_SCRIPT_DEVANAGARI, "hi"},
     {G_UNICODE_SCRIPT_BENGALI, "bn"},    {G_UNICODE_SCRIPT_GURMUKHI, "pa"}, {G_UNICODE_SCRIPT_ETHIOPIC, "am"},
@@ -23,9 +23,9 @@ constexpr ScriptLanguage languages[] = {
 
 const char* languageOf(GUnicodeScript script)
 {
-    const auto* const found = std::find_if(std::begin(languages), std::end(languages),
+    const auto* const found = std::find_if(std::begin(Languages), std::end(Languages),
                                            [script](const ScriptLanguage& entry) { return entry.script == script; });
-    return found == std::end(languages) ? nullptr : found->language;
+    return found == std::end(Languages) ? nullptr : found->language;
 }
 
 /// Of the characters that Chinese, Japanese and Korean share: what else is in the text decides.

@@ -9,7 +9,7 @@ namespace velmora::engine {
 
 namespace {
 
-constexpr char ellipsis[] = "…";
+constexpr char Ellipsis[] = "…";
 
 bool isContinuation(char byte)
 {
@@ -19,19 +19,19 @@ bool isContinuation(char byte)
 /// Enough to tell that the line is too long, in whole characters; the rest of a text need not be read.
 std::string beginningOf(const std::string& text)
 {
-    constexpr std::size_t mostContinuations = 3;
-    if (text.size() <= longestText)
+    constexpr std::size_t MostContinuations = 3;
+    if (text.size() <= LongestText)
         return text;
-    std::size_t end = longestText;
-    for (std::size_t back = 0; back < mostContinuations && isContinuation(text[end]); ++back)
+    std::size_t end = LongestText;
+    for (std::size_t back = 0; back < MostContinuations && isContinuation(text[end]); ++back)
         --end;
     return text.substr(0, end);
 }
 
 gunichar shownFor(gunichar character)
 {
-    constexpr gunichar firstSymbol = 0x2400;
-    constexpr gunichar symbolOfDelete = 0x2421;
+    constexpr gunichar FirstSymbol = 0x2400;
+    constexpr gunichar SymbolOfDelete = 0x2421;
     switch (g_unichar_type(character)) {
     case G_UNICODE_LINE_SEPARATOR:
     case G_UNICODE_PARAGRAPH_SEPARATOR:
@@ -43,7 +43,7 @@ gunichar shownFor(gunichar character)
     }
     if ((character >= '\t' && character <= '\r') || character == 0x85)
         return ' ';
-    return character < 0x20 ? firstSymbol + character : character == 0x7F ? symbolOfDelete : 0xFFFD;
+    return character < 0x20 ? FirstSymbol + character : character == 0x7F ? SymbolOfDelete : 0xFFFD;
 }
 
 std::string withoutControls(const std::string& text)
@@ -66,7 +66,7 @@ std::size_t lengthOf(const std::string& text, std::size_t mostCharacters)
     std::vector<PangoLogAttr> borders(static_cast<std::size_t>(codePoints) + 1);
     pango_get_log_attrs(text.data(), static_cast<int>(text.size()), -1, pango_language_from_string("en"),
                         borders.data(), static_cast<int>(borders.size()));
-    const long last = std::min(codePoints, static_cast<long>(longestLine));
+    const long last = std::min(codePoints, static_cast<long>(LongestLine));
     long end = 0;
     std::size_t characters = 0;
     for (long at = 1; at <= last && characters < mostCharacters; ++at)
@@ -87,9 +87,9 @@ std::string oneLine(const std::string& text)
     const GTextOwner valid(g_utf8_make_valid(beginning.data(), static_cast<gssize>(beginning.size())));
     std::string line = withoutControls(valid.get());
     const long codePoints = g_utf8_strlen(line.data(), static_cast<gssize>(line.size()));
-    if (codePoints <= static_cast<long>(longestLine) && beginning.size() == text.size())
+    if (codePoints <= static_cast<long>(LongestLine) && beginning.size() == text.size())
         return line;
-    return line.substr(0, lengthOf(line, longestLine)) + ellipsis;
+    return line.substr(0, lengthOf(line, LongestLine)) + Ellipsis;
 }
 
 std::string shortened(const std::string& text, std::size_t mostCharacters)
@@ -98,7 +98,7 @@ std::string shortened(const std::string& text, std::size_t mostCharacters)
         return text;
     const std::string line = oneLine(text);
     const std::size_t length = lengthOf(line, mostCharacters);
-    return length == line.size() ? line : line.substr(0, length) + ellipsis;
+    return length == line.size() ? line : line.substr(0, length) + Ellipsis;
 }
 
 } // namespace velmora::engine

@@ -5,8 +5,8 @@
 
 namespace velmora::engine {
 
-constexpr std::size_t longestLine = 1000;                  ///< characters
-constexpr std::size_t longestText = (longestLine + 1) * 4; ///< bytes that so many characters can take
+constexpr std::size_t LongestLine = 1000;                  ///< characters
+constexpr std::size_t LongestText = (LongestLine + 1) * 4; ///< bytes that so many characters can take
 
 /// A text as it is shown on one line, in well-formed UTF-8: a byte that is not part of a character becomes U+FFFD, a
 /// line break or tab a space, another control character its symbol. Of a text of more than `longestLine` characters the

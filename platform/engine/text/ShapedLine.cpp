@@ -9,7 +9,7 @@ namespace velmora::engine {
 
 namespace {
 
-constexpr double pangoUnitsAnEm = double(FontMap::shapingSize) * PANGO_SCALE;
+constexpr double PangoUnitsAnEm = double(FontMap::ShapingSize) * PANGO_SCALE;
 
 GObjectOwner<PangoLayout> layOut(const std::string& line, bool isBold)
 {
@@ -31,13 +31,13 @@ void addRun(ShapedLine& line, const PangoGlyphItem& run, const FontFile& digits)
     for (int i = 0; i < run.glyphs->num_glyphs; ++i) {
         const PangoGlyphInfo& info = run.glyphs->glyphs[i];
         if (info.glyph == PANGO_GLYPH_EMPTY) {
-            line.width += info.geometry.width / pangoUnitsAnEm;
+            line.width += info.geometry.width / PangoUnitsAnEm;
         } else if (info.glyph & PANGO_GLYPH_UNKNOWN_FLAG) {
             addCodeFrame(line, info.glyph & ~static_cast<PangoGlyph>(PANGO_GLYPH_UNKNOWN_FLAG), digits);
         } else {
-            line.glyphs.push_back({&font, info.glyph, line.width + info.geometry.x_offset / pangoUnitsAnEm,
-                                   -info.geometry.y_offset / pangoUnitsAnEm, 1});
-            line.width += info.geometry.width / pangoUnitsAnEm;
+            line.glyphs.push_back({&font, info.glyph, line.width + info.geometry.x_offset / PangoUnitsAnEm,
+                                   -info.geometry.y_offset / PangoUnitsAnEm, 1});
+            line.width += info.geometry.width / PangoUnitsAnEm;
         }
     }
 }

@@ -9,7 +9,7 @@ namespace velmora::engine {
 namespace {
 
 // About what FreeType renders in a fifth of a millisecond.
-constexpr double pixelsAPicture = 12000;
+constexpr double PixelsAPicture = 12000;
 
 struct PlacedGlyph {
     std::shared_ptr<const Glyph> glyph;
@@ -98,11 +98,11 @@ bool TextLine::next(TextImage& image)
         return false;
     std::vector<PlacedGlyph> glyphs;
     double pixels = 0;
-    while (m_at < m_line->glyphs.size() && pixels < pixelsAPicture) {
+    while (m_at < m_line->glyphs.size() && pixels < PixelsAPicture) {
         const ShapedGlyph& shaped = m_line->glyphs[m_at++];
         const double x = shaped.x * m_pixelSize;
         const int pen = static_cast<int>(std::floor(x));
-        const int phase = std::min(static_cast<int>((x - pen) * penPhases), penPhases - 1);
+        const int phase = std::min(static_cast<int>((x - pen) * PenPhases), PenPhases - 1);
         PlacedGlyph placed{m_face.glyph(shaped, m_pixelSize, phase), pen,
                            static_cast<int>(std::lround(shaped.y * m_pixelSize))};
         if (!placed.glyph->coverage.empty())

@@ -7,7 +7,7 @@ namespace velmora::engine {
 namespace {
 
 // Every OpenGL takes textures of this size, and one is quickly loaded.
-constexpr int largestPiece = 512;
+constexpr int LargestPiece = 512;
 
 struct Piece {
     int x = 0; ///< in the image
@@ -72,10 +72,10 @@ void paintPiece(const GLFunctions& gl, const TextImage& image, int x, int y, con
 void paintTextImage(const GLFunctions& gl, const TextImage& image, int penX, int penY, int targetWidth,
                     int targetHeight)
 {
-    for (int top = 0; top < image.height; top += largestPiece)
-        for (int left = 0; left < image.width; left += largestPiece) {
-            const Piece piece{left, top, std::min(largestPiece, image.width - left),
-                              std::min(largestPiece, image.height - top)};
+    for (int top = 0; top < image.height; top += LargestPiece)
+        for (int left = 0; left < image.width; left += LargestPiece) {
+            const Piece piece{left, top, std::min(LargestPiece, image.width - left),
+                              std::min(LargestPiece, image.height - top)};
             const int x = penX + image.left + left;
             const int y = penY + image.bottom + top;
             if (x < targetWidth && y < targetHeight && x + piece.width > 0 && y + piece.height > 0)

@@ -25,9 +25,8 @@ std::string smallTable()
 std::string smallGrid()
 {
     std::string text = "ncols 20\nnrows 20\nxllcorner 1\nyllcorner 2\ncellsize 3\nNODATA_value -9999\n";
-    for (int i = 0; i < 400; ++i) {
+    for (int i = 0; i < 400; ++i)
         text += (i % 13 == 0 ? "-9999" : std::to_string(i) + ".5") + std::string(i % 20 == 19 ? "\n" : " ");
-    }
     return text;
 }
 
@@ -42,9 +41,8 @@ void expectSound(const DataSet& data)
     }
     const Table& table = *std::get<std::shared_ptr<const Table>>(data);
     RC_ASSERT(table.columns.size() >= 2u);
-    for (const Column& column : table.columns) {
+    for (const Column& column : table.columns)
         RC_ASSERT(column.values.size() == table.columns[0].values.size());
-    }
 }
 
 /// Either a sound data set or an error that names the file.
@@ -80,9 +78,8 @@ TEST_P(Damage, ATextWithChangedBytesIsReadOrRefused)
 {
     EXPECT_TRUE(rc::check([this] {
         std::string text = m_text;
-        for (int i = *rc::gen::inRange(1, 10); i > 0; --i) {
+        for (int i = *rc::gen::inRange(1, 10); i > 0; --i)
             text[*rc::gen::inRange<std::size_t>(0, text.size())] = *rc::gen::arbitrary<char>();
-        }
         expectReadOrRefused(text);
     }));
 }
@@ -93,11 +90,10 @@ TEST_P(Damage, ATextWithAPieceTakenOutOrDoubledIsReadOrRefused)
         std::string text = m_text;
         const std::size_t from = *rc::gen::inRange<std::size_t>(0, text.size());
         const std::string piece = text.substr(from, *rc::gen::inRange<std::size_t>(1, 200));
-        if (*rc::gen::arbitrary<bool>()) {
+        if (*rc::gen::arbitrary<bool>())
             text.erase(from, piece.size());
-        } else {
+        else
             text.insert(from, piece);
-        }
         expectReadOrRefused(text);
     }));
 }

@@ -49,9 +49,8 @@ TEST(DateText, TheTimeOfDayIsAFraction)
 TEST(DateText, ATimeWithAnOffsetIsMadeOneInUtc)
 {
     for (const char* text : {"1970-01-01T12:00Z", "1970-01-01 12:00 UTC", "1970-01-01 14:00+02:00",
-                             "1970-01-01T08:30:00-0330", "1970-01-01 11:00:00,000 -01", "1970-01-02 01:00+13:00"}) {
+                             "1970-01-01T08:30:00-0330", "1970-01-01 11:00:00,000 -01", "1970-01-02 01:00+13:00"})
         EXPECT_EQ(daysOf(text), 0.5) << text;
-    }
 }
 
 TEST(DateText, TheOrderOfDayAndMonthIsToldWhereItCanBe)
@@ -115,9 +114,8 @@ TEST(DateText, WhatIsNoDateIsRefused)
                              "1970-01-01T12:00+19:00",
                              "1970-01-01T12:00+01:60",
                              "1970-01-01T12:00 ",
-                             "1970-01-01T12:00 CET"}) {
+                             "1970-01-01T12:00 CET"})
         EXPECT_FALSE(isDate(text)) << text;
-    }
     EXPECT_TRUE(isDate("2024-02-29"));
     EXPECT_TRUE(isDate("2000-02-29"));
 }
@@ -139,13 +137,10 @@ TEST(NumberText, TheDecimalPointDoesNotDependOnTheLocale)
 TEST(NumberText, OnlyAWholeTextIsANumber)
 {
     double value = 0;
-    for (const char* text :
-         {"", "+", "-", ".", "e5", "1e", "1e5x", "++1", "+-1", "-+1", "1 2", "0x10", "1_000", " 1"}) {
+    for (const char* text : {"", "+", "-", ".", "e5", "1e", "1e5x", "++1", "+-1", "-+1", "1 2", "0x10", "1_000", " 1"})
         EXPECT_EQ(parseNumber(text, value), NumberText::Word) << text;
-    }
-    for (const char* text : {"nan", "NaN", "-nan", "inf", "+inf", "-Infinity"}) {
+    for (const char* text : {"nan", "NaN", "-nan", "inf", "+inf", "-Infinity"})
         EXPECT_EQ(parseNumber(text, value), NumberText::NotFinite) << text;
-    }
     for (const char* text : {"1", "+1", "1.", "1.0", "01", "10e-1", "0.1E1"}) {
         value = 0;
         EXPECT_EQ(parseNumber(text, value), NumberText::Number) << text;
@@ -156,9 +151,8 @@ TEST(NumberText, OnlyAWholeTextIsANumber)
 TEST(NumberText, TooLargeAndTooSmallAreToldApart)
 {
     float value = 7;
-    for (const std::string& text : {std::string("1e39"), std::string("-1E+400"), "1" + std::string(60, '0')}) {
+    for (const std::string& text : {std::string("1e39"), std::string("-1E+400"), "1" + std::string(60, '0')})
         EXPECT_EQ(parseNumber(text, value), NumberText::TooLarge) << text;
-    }
     for (const std::string& text : {std::string("1e-60"), std::string("-1E-400"), "." + std::string(60, '0') + "1"}) {
         value = 7;
         EXPECT_EQ(parseNumber(text, value), NumberText::Number) << text;

@@ -25,9 +25,8 @@ std::string utf16Of(const std::u16string& text, std::size_t high)
 std::u16string wideTable(int rows)
 {
     std::u16string text = u"\uFEFFdate,temp °C,😀\n";
-    for (int row = 0; row < rows; ++row) {
+    for (int row = 0; row < rows; ++row)
         text += u"2024-01-01,-1.5,😀é€\n";
-    }
     return text;
 }
 

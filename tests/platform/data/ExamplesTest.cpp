@@ -17,9 +17,8 @@ namespace {
 
 std::string valueText(double value, bool isDate)
 {
-    if (std::isnan(value)) {
+    if (std::isnan(value))
         return "~";
-    }
     if (isDate) {
         std::string text = dateText(value);
         std::replace(text.begin(), text.end(), ' ', 'T');
@@ -36,9 +35,8 @@ std::string describe(const Table& table)
     std::string text;
     for (const Column& column : table.columns) {
         text += (text.empty() ? "" : "; ") + column.name + (column.unit.empty() ? "" : " [" + column.unit + "]") + ":";
-        for (const double value : column.values) {
+        for (const double value : column.values)
             text += " " + valueText(value, column.isDate);
-        }
     }
     return text;
 }
@@ -48,9 +46,8 @@ std::string describe(const Grid& grid)
     std::string text = std::to_string(grid.columns) + " x " + std::to_string(grid.rows) + " at " +
                        valueText(grid.xCenter, false) + ", " + valueText(grid.yCenter, false) + " by " +
                        valueText(grid.cellSize, false) + ":";
-    for (const float value : grid.values) {
+    for (const float value : grid.values)
         text += " " + valueText(value, false);
-    }
     return text;
 }
 
@@ -75,11 +72,10 @@ TEST_P(DataExamples, AreReadAsTheDocumentSays)
     }
     const DataSet data = readText(example.text);
     EXPECT_EQ(std::visit([](const auto& set) { return describe(*set); }, data), example.read);
-    if (example.note.empty()) {
+    if (example.note.empty())
         EXPECT_EQ(notesOf(data), "");
-    } else {
+    else
         EXPECT_THAT(notesOf(data), testing::HasSubstr(example.note));
-    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Document, DataExamples, testing::Range<std::size_t>(0, examples().size()));

@@ -27,18 +27,16 @@ std::string gridOf(int size)
 {
     std::string text = "ncols " + std::to_string(size) + "\nnrows " + std::to_string(size) +
                        "\nxllcorner 0\nyllcorner 0\ncellsize 1\n";
-    for (int i = 0; i < size * size; ++i) {
+    for (int i = 0; i < size * size; ++i)
         text += std::to_string(i % 1000) + (i % 10 == 9 ? "\n" : " ");
-    }
     return text;
 }
 
 std::string tableOf(int rows)
 {
     std::string text = "t,v\n";
-    for (int i = 0; i < rows; ++i) {
+    for (int i = 0; i < rows; ++i)
         text += std::to_string(i) + "," + std::to_string(i * 2) + "\n";
-    }
     return text;
 }
 
@@ -47,9 +45,8 @@ class FailingStream : public ByteStream {
 public:
     std::size_t read(char* buffer, std::size_t) override
     {
-        if (m_count == 100) {
+        if (m_count == 100)
             throw ReadError("the disk is gone");
-        }
         buffer[0] = m_count % 2 == 0 ? '1' : '\n';
         ++m_count;
         return 1;
@@ -97,9 +94,8 @@ TEST(DataFile, DevicesAndPipesAreRefusedWithoutWaiting)
 
 TEST(DataFile, AFileWithoutPermissionIsRefused)
 {
-    if (geteuid() == 0) {
+    if (geteuid() == 0)
         GTEST_SKIP() << "The superuser may read everything.";
-    }
     const TemporaryFile file("1,2\n");
     ASSERT_EQ(chmod(file.name().c_str(), 0), 0);
     EXPECT_THAT(errorOfFile(file.name()), AllOf(HasSubstr("may not be read"), HasSubstr("permission")));
@@ -149,13 +145,13 @@ TEST_P(Reading, GoesInSmallPortionsWithAGrowingFraction)
     const TemporaryFile file(GetParam().text);
     CountingCheckpoint checkpoint;
     readDataFile(file.name(), checkpoint);
-    EXPECT_GE(checkpoint.fractions.size(), GetParam().text.size() / TextSource::blockSize);
+    EXPECT_GE(checkpoint.fractions.size(), GetParam().text.size() / TextSource::BlockSize);
     EXPECT_TRUE(std::is_sorted(checkpoint.fractions.begin(), checkpoint.fractions.end()));
     EXPECT_EQ(checkpoint.fractions.front(), 0);
     checkpoint.fractions.push_back(1);
     for (std::size_t i = 1; i < checkpoint.fractions.size(); ++i) {
         EXPECT_LE((checkpoint.fractions[i] - checkpoint.fractions[i - 1]) * static_cast<double>(GetParam().text.size()),
-                  TextSource::blockSize + 1.0);
+                  TextSource::BlockSize + 1.0);
     }
 }
 

@@ -10,7 +10,7 @@ using namespace velmora::engine::test;
 
 namespace {
 
-constexpr float floatGap = std::numeric_limits<float>::quiet_NaN();
+constexpr float FloatGap = std::numeric_limits<float>::quiet_NaN();
 
 template <class Real>
 std::string written(Real value)
@@ -28,11 +28,9 @@ std::string blanks()
 
 std::string inAnyCase(std::string word)
 {
-    for (char& c : word) {
-        if (*rc::gen::inRange(0, 3) == 0 && c >= 'a' && c <= 'z') {
+    for (char& c : word)
+        if (*rc::gen::inRange(0, 3) == 0 && c >= 'a' && c <= 'z')
             c = static_cast<char>(c - 'a' + 'A');
-        }
-    }
     return word;
 }
 
@@ -42,7 +40,7 @@ std::vector<float> anyValues(std::size_t count, bool withGaps)
     for (std::size_t i = 0; i < count; ++i) {
         const int bits = *rc::gen::arbitrary<int>();
         const bool isGap = withGaps && i > 0 && *rc::gen::inRange(0, 5) == 0;
-        values.push_back(isGap ? floatGap : static_cast<float>(bits) / 1024.0F);
+        values.push_back(isGap ? FloatGap : static_cast<float>(bits) / 1024.0F);
     }
     return values;
 }
@@ -70,19 +68,15 @@ std::string anyTextOf(const Grid& grid, const std::string& noData)
         {isCornered ? "xllcorner" : "xllcenter", written(grid.xCenter - toCorner)},
         {isCornered ? "yllcorner" : "yllcenter", written(grid.yCenter - toCorner)},
         {"cellsize", written(grid.cellSize)}};
-    if (noData != "-9999" || *rc::gen::arbitrary<bool>()) {
+    if (noData != "-9999" || *rc::gen::arbitrary<bool>())
         entries.emplace_back("nodata_value", noData);
-    }
-    for (std::size_t i = entries.size(); i > 1; --i) {
+    for (std::size_t i = entries.size(); i > 1; --i)
         std::swap(entries[i - 1], entries[*rc::gen::inRange<std::size_t>(0, i)]);
-    }
     std::string text = *rc::gen::element<std::string>("", "\n", "\xEF\xBB\xBF");
-    for (const auto& [key, value] : entries) {
+    for (const auto& [key, value] : entries)
         text += inAnyCase(key) + *rc::gen::element<std::string>(" ", "\t", "      ") + value + blanks();
-    }
-    for (const float value : grid.values) {
+    for (const float value : grid.values)
         text += (std::isnan(value) ? noData : written(value)) + blanks();
-    }
     return text;
 }
 

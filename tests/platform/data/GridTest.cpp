@@ -20,7 +20,7 @@ TEST(Grid, ValuesComeRowByRowFromTheNorth)
     EXPECT_EQ(grid.name, "sample.txt");
     EXPECT_EQ(grid.columns, 3);
     EXPECT_EQ(grid.rows, 2);
-    EXPECT_TRUE(sameValues(grid.values, {1, 2, 3, 4, static_cast<float>(gap), 6.5F}));
+    EXPECT_TRUE(sameValues(grid.values, {1, 2, 3, 4, static_cast<float>(Gap), 6.5F}));
     EXPECT_EQ(grid.at(2, 0), 3);
     EXPECT_EQ(grid.at(0, 1), 4);
     EXPECT_EQ(grid.minimum, 1);
@@ -52,7 +52,7 @@ TEST_P(GridLayout, CaseOrderAndLineEndsDoNotMatter)
     EXPECT_EQ(grid.cellSize, 0.5);
     EXPECT_EQ(grid.xCenter, -10.25);
     EXPECT_EQ(grid.yCenter, 40.25);
-    EXPECT_TRUE(sameValues(grid.values, {1.5F, static_cast<float>(gap), -3, 400}));
+    EXPECT_TRUE(sameValues(grid.values, {1.5F, static_cast<float>(Gap), -3, 400}));
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -115,10 +115,10 @@ TEST(Grid, OddWordsAreGapsWithANote)
 
 TEST(Grid, WordsAcrossTheBordersOfBlocksStayWhole)
 {
-    constexpr int size = 150;
+    constexpr int Size = 150;
     std::string text = "ncols 150\nnrows 150\n" + corner;
     std::vector<float> values;
-    for (int i = 0; i < size * size; ++i) {
+    for (int i = 0; i < Size * Size; ++i) {
         values.push_back(static_cast<float>(i) + 0.25F);
         text += std::to_string(i) + ".25" + std::string(static_cast<std::size_t>(1 + i % 3), i % 7 == 0 ? '\n' : ' ');
     }

@@ -24,9 +24,8 @@ std::size_t limit = std::numeric_limits<std::size_t>::max(); ///< for one piece
 void* take(std::size_t size)
 {
     void* const memory = size > limit ? nullptr : std::malloc(size);
-    if (!memory) {
+    if (!memory)
         throw std::bad_alloc();
-    }
     inUse += malloc_usable_size(memory);
     peak = std::max(peak, inUse);
     largest = std::max(largest, size);
@@ -63,12 +62,10 @@ std::string writeGrid(int size)
     std::ofstream file(name, std::ios::binary);
     file << "ncols " << size << "\nnrows " << size << "\nxllcorner 0\nyllcorner 0\ncellsize 1\n";
     std::string row;
-    for (int i = 0; i < size; ++i) {
+    for (int i = 0; i < size; ++i)
         row += std::to_string(i) + ".5 ";
-    }
-    for (int i = 0; i < size; ++i) {
+    for (int i = 0; i < size; ++i)
         file << row << '\n';
-    }
     return name;
 }
 
@@ -106,18 +103,18 @@ void operator delete[](void* memory, std::size_t) noexcept
 
 TEST(GridMemory, AGridOf4000By4000TakesNoMoreThanItsValuesAndASmallBuffer)
 {
-    constexpr std::size_t valueBytes = 4000ul * 4000ul * sizeof(float);
+    constexpr std::size_t ValueBytes = 4000ul * 4000ul * sizeof(float);
     const std::string name = writeGrid(4000);
     NoCheckpoint checkpoint;
     DataSet data;
     const std::size_t used = peakOf([&] { data = readDataFile(name, checkpoint); });
     std::remove(name.c_str());
     const auto grid = std::get<std::shared_ptr<const Grid>>(data);
-    ASSERT_EQ(grid->values.size() * sizeof(float), valueBytes);
+    ASSERT_EQ(grid->values.size() * sizeof(float), ValueBytes);
     EXPECT_EQ(grid->at(3999, 3999), 3999.5F);
-    EXPECT_GE(used, valueBytes);
-    EXPECT_LE(used, valueBytes + 64 * 1024);
-    RecordProperty("peakToValues", std::to_string(static_cast<double>(used) / valueBytes));
+    EXPECT_GE(used, ValueBytes);
+    EXPECT_LE(used, ValueBytes + 64 * 1024);
+    RecordProperty("peakToValues", std::to_string(static_cast<double>(used) / ValueBytes));
 }
 
 TEST(GridMemory, SizesBeyondTheFileAreRefusedBeforeAnythingOfThatSizeIsAllocated)
@@ -149,19 +146,18 @@ TEST(GridMemory, AGridThatDoesNotFitIsRefused)
 
 TEST(TableMemory, ALongTableIsNotMovedWhileItGrows)
 {
-    constexpr std::size_t rows = 300000;
-    constexpr std::size_t valueBytes = rows * 2 * sizeof(double);
+    constexpr std::size_t Rows = 300000;
+    constexpr std::size_t ValueBytes = Rows * 2 * sizeof(double);
     const std::string name = newFileName();
     {
         std::ofstream file(name, std::ios::binary);
-        for (std::size_t row = 0; row < rows; ++row) {
+        for (std::size_t row = 0; row < Rows; ++row)
             file << 1000000 + row << ',' << row % 10 << ".5\n";
-        }
     }
     NoCheckpoint checkpoint;
     DataSet data;
     const std::size_t used = peakOf([&] { data = readDataFile(name, checkpoint); });
     std::remove(name.c_str());
-    EXPECT_EQ(std::get<std::shared_ptr<const Table>>(data)->columns[1].values.size(), rows);
-    EXPECT_LE(used, valueBytes * 5 / 4 + 64 * 1024);
+    EXPECT_EQ(std::get<std::shared_ptr<const Table>>(data)->columns[1].values.size(), Rows);
+    EXPECT_LE(used, ValueBytes * 5 / 4 + 64 * 1024);
 }

@@ -17,7 +17,7 @@
 
 namespace velmora::engine::test {
 
-constexpr double gap = std::numeric_limits<double>::quiet_NaN();
+constexpr double Gap = std::numeric_limits<double>::quiet_NaN();
 
 /// Counts the portions, keeps the fractions, and stops after `lastsFor` of them.
 class CountingCheckpoint final : public Checkpoint {
@@ -112,9 +112,8 @@ inline void expectRefused(const Malformed& malformed)
 {
     const std::string error = errorOf(malformed.text);
     EXPECT_NE(error.find("\"folder/sample.txt\""), std::string::npos) << "no file name: " << error;
-    for (const std::string& part : malformed.says) {
+    for (const std::string& part : malformed.says)
         EXPECT_NE(error.find(part), std::string::npos) << "'" << part << "' is not in: " << error;
-    }
 }
 
 } // namespace velmora::engine::test

@@ -26,9 +26,8 @@ TEST(SampleData, TheIslandIsAGridWithSeaAroundIt)
     EXPECT_LT(grid->gaps, grid->values.size() * 3 / 4);
     EXPECT_GE(grid->minimum, 0);
     EXPECT_GT(grid->maximum, 1000);
-    for (int column = 0; column < grid->columns; ++column) {
+    for (int column = 0; column < grid->columns; ++column)
         EXPECT_TRUE(std::isnan(grid->at(column, 0)) && std::isnan(grid->at(column, grid->rows - 1)));
-    }
 }
 
 TEST(SampleData, TheStationHasDatesThreeColumnsWithGapsAndAText)

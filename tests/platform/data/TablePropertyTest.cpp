@@ -31,9 +31,8 @@ Dialect anyDialect()
 std::string inQuotes(const std::string& text)
 {
     std::string result = "\"";
-    for (const char c : text) {
+    for (const char c : text)
         result += c == '"' ? "\"\"" : std::string(1, c);
-    }
     return result + "\"";
 }
 
@@ -41,9 +40,8 @@ std::string inQuotes(const std::string& text)
 std::string anyWord()
 {
     std::string word = "w";
-    for (int i = *rc::gen::inRange(0, 6); i > 0; --i) {
+    for (int i = *rc::gen::inRange(0, 6); i > 0; --i)
         word += *rc::gen::element<std::string>("a", "Z", "7", ",", ";", "\t", " ", "\"", "\n", "\r\n", "#", "\xC3\xA9");
-    }
     return word + "w";
 }
 
@@ -52,17 +50,15 @@ std::string written(double value, const Dialect& dialect)
     std::array<char, 64> text = {};
     const auto end = std::to_chars(text.data(), text.data() + text.size(), value).ptr;
     std::string result(text.data(), end);
-    if (dialect.decimalComma && result.find('.') != std::string::npos) {
+    if (dialect.decimalComma && result.find('.') != std::string::npos)
         result[result.find('.')] = ',';
-    }
     return *rc::gen::inRange(0, 6) == 0 ? inQuotes(result) : result;
 }
 
 std::string anyGapMark(const Dialect& dialect)
 {
-    if (dialect.delimiter == " ") {
+    if (dialect.delimiter == " ")
         return *rc::gen::element<std::string>("NA", "-", "\"\"");
-    }
     return *rc::gen::element<std::string>("", "NA", "n/a", "-", "null", "\"\"");
 }
 
@@ -76,7 +72,7 @@ Table anyTable(bool headed)
         column.name = headed ? anyWord() : "Column " + std::to_string(i + 1);
         for (std::size_t row = 0; row < rows; ++row) {
             const bool isGap = i > 0 && row > 0 && *rc::gen::inRange(0, 4) == 0;
-            column.values.push_back(isGap ? gap : *rc::gen::arbitrary<int>() / 1000.0);
+            column.values.push_back(isGap ? Gap : *rc::gen::arbitrary<int>() / 1000.0);
         }
         table.columns.push_back(column);
     }
@@ -89,9 +85,8 @@ std::string anyTextOf(const Table& table, const Dialect& dialect)
     const auto append = [&](std::size_t column, const std::string& field) {
         text += (column > 0 ? dialect.delimiter : "") + field;
     };
-    for (std::size_t i = 0; dialect.headed && i < table.columns.size(); ++i) {
+    for (std::size_t i = 0; dialect.headed && i < table.columns.size(); ++i)
         append(i, inQuotes(table.columns[i].name));
-    }
     text += dialect.headed ? dialect.lineEnd : "";
     for (std::size_t row = 0; row < table.columns[0].values.size(); ++row) {
         for (std::size_t i = 0; i < table.columns.size(); ++i) {
@@ -107,11 +102,9 @@ std::string anyTextOf(const Table& table, const Dialect& dialect)
 std::string withSimpleLineEnds(const std::string& text)
 {
     std::string result;
-    for (const char c : text) {
-        if (c != '\r') {
+    for (const char c : text)
+        if (c != '\r')
             result += c;
-        }
-    }
     return result;
 }
 

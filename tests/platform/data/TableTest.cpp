@@ -12,9 +12,8 @@ namespace {
 std::vector<std::string> names(const Table& table)
 {
     std::vector<std::string> result;
-    for (const Column& column : table.columns) {
+    for (const Column& column : table.columns)
         result.push_back(column.name);
-    }
     return result;
 }
 
@@ -74,8 +73,8 @@ TEST(Table, AQuotedLineEndCountsInTheLinesOfMessages)
 TEST(Table, MissingValuesAreGaps)
 {
     const Table table = readTable("t,v\n0,\n1,NA\n2,n/a\n3,-\n4,NULL\n5,\"\"\n6,8\n");
-    EXPECT_TRUE(sameValues(table.columns[1].values, {gap, gap, gap, gap, gap, gap, 8}));
-    EXPECT_TRUE(sameValues(readTable("t,v\n0,\" \n\"\n1,\" 2 \"\n").columns[1].values, {gap, 2}));
+    EXPECT_TRUE(sameValues(table.columns[1].values, {Gap, Gap, Gap, Gap, Gap, Gap, 8}));
+    EXPECT_TRUE(sameValues(readTable("t,v\n0,\" \n\"\n1,\" 2 \"\n").columns[1].values, {Gap, 2}));
     EXPECT_THAT(table.columns[0].values, ElementsAre(0, 1, 2, 3, 4, 5, 6));
 }
 
@@ -100,7 +99,7 @@ TEST(Table, ALoneColumnHasTheRowNumberAsItsAxis)
     const Table table = readTable("level\n7\nNA\n9\n");
     EXPECT_THAT(names(table), ElementsAre("Row", "level"));
     EXPECT_THAT(table.columns[0].values, ElementsAre(1, 2, 3));
-    EXPECT_TRUE(sameValues(table.columns[1].values, {7, gap, 9}));
+    EXPECT_TRUE(sameValues(table.columns[1].values, {7, Gap, 9}));
     EXPECT_THAT(table.notes, ElementsAre("No column can be the axis; the row number is."));
 }
 
@@ -113,9 +112,8 @@ TEST(Table, AFirstColumnWithGapsIsNoAxis)
 TEST(Table, ManyRowsHaveTheirNumbers)
 {
     std::string text;
-    for (int row = 0; row < 20000; ++row) {
+    for (int row = 0; row < 20000; ++row)
         text += "5\n";
-    }
     const Table table = readTable(text);
     ASSERT_EQ(table.columns[0].values.size(), 20000u);
     EXPECT_EQ(table.columns[0].values[8191], 8192);
@@ -139,7 +137,7 @@ TEST(Table, NumbersBeyondADoubleAreGapsAndTooSmallOnesAreZero)
 {
     EXPECT_THAT(readTable("a,b\n1,1e-400\n2,3\n").columns[1].values, ElementsAre(0, 3));
     const Table table = readTable("a,b\n1,1e400\n2,1e308\n");
-    EXPECT_TRUE(sameValues(table.columns[1].values, {gap, 1e308}));
+    EXPECT_TRUE(sameValues(table.columns[1].values, {Gap, 1e308}));
     EXPECT_THAT(table.notes,
                 ElementsAre("The column \"b\": '1e400' in line 2 is too large for a number and shows as a gap."));
 }
@@ -148,7 +146,7 @@ TEST(Table, AnOddFieldAmongNumbersIsAGapWithANote)
 {
     for (const std::string odd : {"wet", "0x1F", "2020-01-01", "1.2.3"}) {
         const Table table = readTable("a,b\n1,2\n2," + odd + "\n3,4\n");
-        EXPECT_TRUE(sameValues(table.columns[1].values, {2, gap, 4})) << odd;
+        EXPECT_TRUE(sameValues(table.columns[1].values, {2, Gap, 4})) << odd;
         EXPECT_THAT(table.notes,
                     ElementsAre("The column \"b\": '" + odd + "' in line 3 is no number and shows as a gap."));
     }
@@ -160,7 +158,7 @@ TEST(Table, AnOddFieldAmongDatesIsAGapWithANote)
 {
     for (const std::string odd : {"20200102", "2019-02-29", "soon"}) {
         const Table table = readTable("d,v\n2020-01-01,1\n" + odd + ",2\n2020-01-03,3\n");
-        EXPECT_TRUE(sameValues(table.columns[0].values, {18262, gap, 18264})) << odd;
+        EXPECT_TRUE(sameValues(table.columns[0].values, {18262, Gap, 18264})) << odd;
         EXPECT_THAT(table.notes,
                     ElementsAre("The column \"d\": '" + odd + "' in line 3 is no date and shows as a gap."));
     }
@@ -186,7 +184,7 @@ TEST(Table, TheOrderOfDayAndMonthIsTheOneThatFitsAllRows)
     EXPECT_THAT(open.columns[0].values, ElementsAre(31, 32));
     EXPECT_THAT(open.notes, ElementsAre(HasSubstr("'01/02/1970' in line 2")));
     const Table both = readTable("d,v\n01/13/1970,1\n01/14/1970,2\n15/01/1970,3\n01/02/1970,4\n");
-    EXPECT_TRUE(sameValues(both.columns[0].values, {12, 13, gap, 1}));
+    EXPECT_TRUE(sameValues(both.columns[0].values, {12, 13, Gap, 1}));
     EXPECT_THAT(both.notes, ElementsAre(HasSubstr("'15/01/1970' in line 4 is no date with the month first")));
     EXPECT_EQ(both.summaries[0].values, 3u);
     EXPECT_EQ(both.summaries[0].smallest, 1);
@@ -202,9 +200,8 @@ TEST(Table, NumbersAreDatesOnlyWhereTheHeaderSaysSoAndAllAre)
 TEST(Table, AMarkThatBecomesClearTooLateIsRefused)
 {
     std::string text = "a;b\n";
-    for (int row = 0; row < 300; ++row) {
+    for (int row = 0; row < 300; ++row)
         text += "1;1,234\n";
-    }
     EXPECT_EQ(readTable(text + "1;1,5\n").columns[1].values[0], 1.234);
     EXPECT_THAT(errorOf(text + "1;2.5\n"), HasSubstr("line 302: '2.5' has another decimal mark than line 2."));
 }
@@ -212,13 +209,13 @@ TEST(Table, AMarkThatBecomesClearTooLateIsRefused)
 TEST(Table, OnceTheMarkIsClearTheOtherOneSeparatesThousandsOrIsOdd)
 {
     EXPECT_THAT(readTable("a;b\n1;2.5\n2;1,234\n").columns[1].values, ElementsAre(2.5, 1234));
-    EXPECT_TRUE(sameValues(readTable("a;b\n1;2,5\n2;3,5\n3;2.5\n").columns[1].values, {2.5, 3.5, gap}));
+    EXPECT_TRUE(sameValues(readTable("a;b\n1;2,5\n2;3,5\n3;2.5\n").columns[1].values, {2.5, 3.5, Gap}));
 }
 
 TEST(Table, LinesWithFewerValuesEndInGaps)
 {
     const Table table = readTable("a,b,c\n1,2,3\n4,5\n6,7,8\n");
-    EXPECT_TRUE(sameValues(table.columns[2].values, {3, gap, 8}));
+    EXPECT_TRUE(sameValues(table.columns[2].values, {3, Gap, 8}));
     EXPECT_THAT(table.notes, ElementsAre("In line 3 there are fewer values than columns; those that are missing show "
                                          "as gaps."));
 }
@@ -272,9 +269,8 @@ TEST(Table, TheLineThatTheSampleCutsThroughHasNoSayInTheDelimiter)
     std::string text;
     for (int day = 1; day <= 9; ++day) {
         text += "2020-01-0" + std::to_string(day) + " 10:00";
-        for (int i = 0; i < 500; ++i) {
+        for (int i = 0; i < 500; ++i)
             text += ",1";
-        }
         text += "\n";
     }
     EXPECT_EQ(readTable(text).columns.size(), 501u);

@@ -62,10 +62,9 @@ public:
     {
         pollfd wait{m_output, POLLIN, 0};
         char character = 0;
-        while (poll(&wait, 1, MostMilliseconds) == 1 && read(m_output, &character, 1) == 1) {
+        while (poll(&wait, 1, MostMilliseconds) == 1 && read(m_output, &character, 1) == 1)
             if (character == '!')
                 return true;
-        }
         return false;
     }
     void kill()

@@ -5,7 +5,7 @@
 
 namespace velmora::tests {
 
-constexpr int escapeKey = 0x01000000;
+constexpr int EscapeKey = 0x01000000;
 
 struct FakeMouseEvent : public virtual sdk::integration::MouseEventInterface {
     MouseButton_e button() const override { return MouseButton_Left; }

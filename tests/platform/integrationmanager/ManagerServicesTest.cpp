@@ -16,7 +16,7 @@ using velmora::testing::EngineProbe;
 
 namespace {
 
-constexpr unsigned noService = MessageBoxReply_Error;
+constexpr unsigned NoService = MessageBoxReply_Error;
 
 unsigned askEngine()
 {
@@ -90,12 +90,12 @@ TEST_F(ManagerServices, TheEngineReachesAServiceOnlyBetweenStartAndStop)
 {
     FakeMessageBoxService service;
     repository.addService(service);
-    EXPECT_EQ(askEngine(), noService);
+    EXPECT_EQ(askEngine(), NoService);
     manager.start();
     EXPECT_EQ(askEngine(), 2u);
     EXPECT_EQ(service.shown, "Really?/4");
     manager.stop();
-    EXPECT_EQ(askEngine(), noService);
+    EXPECT_EQ(askEngine(), NoService);
 }
 
 TEST_F(ManagerServices, OfTwoServicesOfAKindTheLastAddedIsReached)
@@ -121,10 +121,10 @@ TEST_F(ManagerServices, AServiceThatDiesIsNotReachedAndNotRegisteredAgain)
     repository.addService(*service);
     manager.start();
     service.reset();
-    EXPECT_EQ(askEngine(), noService);
+    EXPECT_EQ(askEngine(), NoService);
     manager.stop();
     manager.start();
-    EXPECT_EQ(askEngine(), noService);
+    EXPECT_EQ(askEngine(), NoService);
 }
 
 TEST_F(ManagerServices, AnOldServiceThatDiesLeavesTheCurrentOneInPlace)
@@ -168,7 +168,7 @@ TEST_F(ManagerServices, AServiceThatIsNotRegisteredDoesNotTakeThePlaceOfOneThatD
     manager.start();
     EXPECT_EQ(askEngine(), 2u);
     service.reset();
-    EXPECT_EQ(askEngine(), noService);
+    EXPECT_EQ(askEngine(), NoService);
 }
 
 TEST_F(ManagerServices, AServiceThatDiesAfterTheStopMakesNoOtherReachable)
@@ -180,7 +180,7 @@ TEST_F(ManagerServices, AServiceThatDiesAfterTheStopMakesNoOtherReachable)
     manager.start();
     manager.stop();
     second.reset();
-    EXPECT_EQ(askEngine(), noService);
+    EXPECT_EQ(askEngine(), NoService);
     manager.start();
     EXPECT_EQ(askEngine(), 2u);
 }
@@ -234,7 +234,7 @@ TEST_F(ManagerServices, AServiceThatThrowsAnswersAsIfThereWereNone)
     manager.start();
     messageBox.whileOpen = [] { throw std::runtime_error("no window"); };
     testing::internal::CaptureStderr();
-    EXPECT_EQ(askEngine(), noService);
+    EXPECT_EQ(askEngine(), NoService);
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "The message box service failed: no window\n");
     EXPECT_EQ(dialogs.openDialogCount(), 0);
 }

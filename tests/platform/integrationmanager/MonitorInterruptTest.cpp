@@ -25,7 +25,7 @@ struct MonitorInterrupt : public testing::Test {
 
     void pressEscape()
     {
-        auto escape = keyEvent(escapeKey);
+        auto escape = keyEvent(EscapeKey);
         monitor.notifyOfKeyPressed(escape);
     }
     /// A press on the way to its receiver; true when it is held back.
@@ -130,7 +130,7 @@ TEST_F(MonitorInterrupt, OtherKeysAndTheReleaseOfEscapeDoNotInterrupt)
 {
     EngineProbe::setBusy(true);
     auto key = keyEvent('Q');
-    auto escape = keyEvent(escapeKey);
+    auto escape = keyEvent(EscapeKey);
     monitor.notifyOfKeyPressed(key);
     monitor.notifyOfKeyReleased(escape);
     EXPECT_FALSE(monitor.shouldInterrupt());

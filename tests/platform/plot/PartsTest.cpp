@@ -247,9 +247,9 @@ TEST(Palette, LineColorsDifferFromEachOtherAndFromTheSelection)
     std::set<int> greys;
     for (std::size_t i = 0; i < 7; ++i) {
         const Color color = lineColor(i);
-        const int distance = std::abs(color.red - palette::selected.red) +
-                             std::abs(color.green - palette::selected.green) +
-                             std::abs(color.blue - palette::selected.blue);
+        const int distance = std::abs(color.red - palette::Selected.red) +
+                             std::abs(color.green - palette::Selected.green) +
+                             std::abs(color.blue - palette::Selected.blue);
         EXPECT_GT(distance, 80) << i;
         greys.insert(color.red * 65536 + color.green * 256 + color.blue);
     }

@@ -51,14 +51,14 @@ TEST(OneLine, ShowsOtherControlCharactersByTheirSymbols)
 TEST(OneLine, CutsWhatIsTooLongBetweenCharacters)
 {
     const std::string letters = oneLine(std::string(100000, 'm'));
-    EXPECT_EQ(letters, std::string(longestLine, 'm') + "…");
+    EXPECT_EQ(letters, std::string(LongestLine, 'm') + "…");
     EXPECT_EQ(oneLine(letters), letters) << "cut once, it stays";
-    EXPECT_EQ(oneLine(repeated("語", 100000)), repeated("語", longestLine) + "…");
+    EXPECT_EQ(oneLine(repeated("語", 100000)), repeated("語", LongestLine) + "…");
     EXPECT_EQ(oneLine(repeated("e\u0301", 400)), repeated("e\u0301", 400)) << "within the bound";
     EXPECT_EQ(oneLine("x" + repeated("e\u0301", 50000)), "x" + repeated("e\u0301", 499) + "…");
     EXPECT_EQ(oneLine("e" + repeated("\u0301", 50000)), "e" + repeated("\u0301", 999) + "…");
-    EXPECT_LE(oneLine(repeated("\xFF", 100000)).size(), longestText);
-    EXPECT_LE(oneLine(repeated("𝄞", 100000)).size(), longestText);
+    EXPECT_LE(oneLine(repeated("\xFF", 100000)).size(), LongestText);
+    EXPECT_LE(oneLine(repeated("𝄞", 100000)).size(), LongestText);
 }
 
 TEST(Shortened, CountsCharactersAsAReaderDoes)

@@ -155,14 +155,14 @@ TEST(SurfaceLevels, MakingThemCanBeStopped)
 namespace {
 
 const std::vector<int> spikeColumns = {100, 301, 502, 703, 904, 1105};
-constexpr int spikeRow = 777;
+constexpr int SpikeRow = 777;
 
 std::shared_ptr<Grid> plain(bool withSpikes)
 {
     auto grid = gridOf(1200, 1200, [](int, int) { return 0.0; });
     grid->maximum = 100; // so that it has the same shape without them
     for (const int column : spikeColumns)
-        grid->values[std::size_t(spikeRow) * 1200 + static_cast<std::size_t>(column)] = withSpikes ? 100 : 0;
+        grid->values[std::size_t(SpikeRow) * 1200 + static_cast<std::size_t>(column)] = withSpikes ? 100 : 0;
     return grid;
 }
 
@@ -190,7 +190,7 @@ TEST(SurfaceLevels, EverySpikeIsSeenInACoarsePictureAndInAFullOne)
         drawFromTheSide(spiky, with, detail);
         const Camera camera = layOut(*plain(true), shape, spiky.view(), {900, 600, 1}).camera;
         for (const int column : spikeColumns) {
-            const StrokePoint middle = camera.project({shape.x(column), shape.y(spikeRow), shape.z(50)});
+            const StrokePoint middle = camera.project({shape.x(column), shape.y(SpikeRow), shape.z(50)});
             int different = 0;
             for (int y = -8; y < 8; ++y)
                 for (int x = -8; x <= 8; ++x) {

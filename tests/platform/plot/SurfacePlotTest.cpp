@@ -14,12 +14,12 @@ using namespace velmora::engine::test;
 
 namespace {
 
-constexpr int width = 640;
-constexpr int height = 480;
+constexpr int Width = 640;
+constexpr int Height = 480;
 
 SurfaceLayout layoutOf(const SurfacePlot& plot, const Grid& grid)
 {
-    return layOut(grid, SurfaceShape(grid), plot.view(), {width, height, 1});
+    return layOut(grid, SurfaceShape(grid), plot.view(), {Width, Height, 1});
 }
 
 Point placeOf(const SurfacePlot& plot, const Grid& grid, int column, int row)
@@ -43,7 +43,7 @@ bool isSurfaceColored(Picture::Pixel pixel)
 
 int pickAt(SurfacePlot& plot, Point pixel, const PickFilter& filter = {})
 {
-    return plot.pick((pixel.x - 2) / width, (pixel.y - 2) / height, (pixel.x + 2) / width, (pixel.y + 2) / height,
+    return plot.pick((pixel.x - 2) / Width, (pixel.y - 2) / Height, (pixel.x + 2) / Width, (pixel.y + 2) / Height,
                      filter);
 }
 
@@ -59,7 +59,7 @@ Point middleOf(const BoxLine& line)
 
 std::size_t countSelected(const Picture& picture)
 {
-    return picture.countNear(palette::selected.red, palette::selected.green, palette::selected.blue, 3);
+    return picture.countNear(palette::Selected.red, palette::Selected.green, palette::Selected.blue, 3);
 }
 
 } // namespace
@@ -68,7 +68,7 @@ TEST(SurfacePlot, HigherGroundIsDrawnHigherAndBrighter)
 {
     const auto grid = hill(61);
     GridPlot plot(grid);
-    Picture picture(width, height);
+    Picture picture(Width, Height);
     ASSERT_TRUE(picture.draw(plot));
     const Point top = placeOf(plot, *grid, 30, 30);
     const Point foot = placeOf(plot, *grid, 55, 55);
@@ -97,7 +97,7 @@ TEST(SurfacePlot, HillsHideWhatIsBehindThem)
     const auto grid = gridOf(41, 41, [](int, int row) { return row > 26 && row < 33 ? 12.0 : 0; });
     GridPlot plot(grid);
     plot.rotate(-plot.view().aboutVertical, 12 - plot.view().tilt);
-    Picture picture(width, height);
+    Picture picture(Width, Height);
     ASSERT_TRUE(picture.draw(plot));
     const Picture::Pixel behind = pixelOf(picture, placeOf(plot, *grid, 20, 2));
     const Picture::Pixel front = pixelOf(picture, placeOf(plot, *grid, 20, 37));
@@ -111,7 +111,7 @@ TEST(SurfacePlot, AGapIsAHoleInTheSurface)
     });
     GridPlot plot(grid);
     plot.rotate(0, 90);
-    Picture picture(width, height);
+    Picture picture(Width, Height);
     ASSERT_TRUE(picture.draw(plot));
     const SurfaceShape shape(*grid);
     const StrokePoint hole = layoutOf(plot, *grid).camera.project({shape.x(15), shape.y(15), 0});
@@ -131,7 +131,7 @@ TEST(SurfacePlot, ShadingChangesWithTheDirectionOfSight)
     const auto brightness = [&](double turn) {
         plot.fit();
         plot.rotate(turn - plot.view().aboutVertical, 0);
-        Picture picture(width, height);
+        Picture picture(Width, Height);
         picture.draw(plot);
         double sum = 0;
         for (int row = 12; row <= 18; ++row) {
@@ -148,7 +148,7 @@ TEST(SurfacePlot, ShadingChangesWithTheDirectionOfSight)
 TEST(SurfacePlot, FitRestoresThePicture)
 {
     GridPlot plot(hill(31));
-    Picture first(width, height);
+    Picture first(Width, Height);
     first.draw(plot);
     const std::vector<unsigned char> before = first.bytes();
     plot.rotate(40, 20);
@@ -167,11 +167,11 @@ TEST(SurfacePlot, ZoomKeepsThePlaceUnderThePoint)
 {
     const auto grid = hill(31);
     GridPlot plot(grid);
-    Picture(width, height).draw(plot);
+    Picture(Width, Height).draw(plot);
     plot.translate(0.05, -0.07);
     const Point before = placeOf(plot, *grid, 22, 9);
-    plot.zoom(2.5, before.x / width, before.y / height);
-    plot.zoom(0.7, before.x / width, before.y / height);
+    plot.zoom(2.5, before.x / Width, before.y / Height);
+    plot.zoom(0.7, before.x / Width, before.y / Height);
     const Point after = placeOf(plot, *grid, 22, 9);
     EXPECT_NEAR(after.x, before.x, 1e-6);
     EXPECT_NEAR(after.y, before.y, 1e-6);
@@ -184,12 +184,12 @@ TEST(SurfacePlot, TranslateMovesByFractionsOfTheFrame)
 {
     const auto grid = hill(31);
     GridPlot plot(grid);
-    Picture(width, height).draw(plot);
+    Picture(Width, Height).draw(plot);
     const Point before = placeOf(plot, *grid, 3, 9);
     plot.translate(0.25, -0.1);
     const Point after = placeOf(plot, *grid, 3, 9);
-    EXPECT_NEAR(after.x - before.x, 0.25 * width, 1e-6);
-    EXPECT_NEAR(after.y - before.y, -0.1 * height, 1e-6);
+    EXPECT_NEAR(after.x - before.x, 0.25 * Width, 1e-6);
+    EXPECT_NEAR(after.y - before.y, -0.1 * Height, 1e-6);
 }
 
 TEST(SurfacePlot, TheTiltStaysAboveTheGround)
@@ -216,7 +216,7 @@ TEST(SurfacePlot, TheWholeBoxFitsWheneverItIsTurned)
                 const StrokePoint at = camera.project({corner & 1 ? shape.halfX() : -shape.halfX(),
                                                        corner & 2 ? shape.halfY() : -shape.halfY(),
                                                        corner & 4 ? shape.halfZ() : -shape.halfZ()});
-                EXPECT_TRUE((Rect{30, 30, width - 60, height - 15}).contains({at.x, at.y})) << turn << " " << tilt;
+                EXPECT_TRUE((Rect{30, 30, Width - 60, Height - 15}).contains({at.x, at.y})) << turn << " " << tilt;
             }
         }
     }
@@ -226,7 +226,7 @@ TEST(SurfacePlot, PicksTheSurfaceWhereItIs)
 {
     const auto grid = hill(31);
     GridPlot plot(grid);
-    Picture(width, height).draw(plot);
+    Picture(Width, Height).draw(plot);
     const PickFilter zones{true, false, false, true};
     EXPECT_EQ(pickAt(plot, {20, 20}, zones), 0);
     EXPECT_EQ(plot.selectedCount(), 0);
@@ -243,7 +243,7 @@ TEST(SurfacePlot, AHoleIsNotPicked)
         return std::abs(column - 15) < 6 && std::abs(row - 15) < 6 ? missing : 5.0;
     });
     GridPlot plot(grid);
-    Picture(width, height).draw(plot);
+    Picture(Width, Height).draw(plot);
     const SurfaceShape shape(*grid);
     const StrokePoint hole = layoutOf(plot, *grid).camera.project({shape.x(15), shape.y(15), shape.z(5)});
     EXPECT_EQ(pickAt(plot, {hole.x, hole.y}, {true, false, false, true}), 0);
@@ -253,7 +253,7 @@ TEST(SurfacePlot, PicksTextsAxesAndTheColorBar)
 {
     const auto grid = hill(31);
     GridPlot plot(grid);
-    Picture(width, height).draw(plot);
+    Picture(Width, Height).draw(plot);
     const SurfaceLayout layout = layoutOf(plot, *grid);
     EXPECT_EQ(pickAt(plot, middleOf(layout.bar), {false, true, false, true}), 1);
     EXPECT_EQ(pickAt(plot, middleOf(layout.bar), {true, false, true, true}), 0);
@@ -268,7 +268,7 @@ TEST(SurfacePlot, SelectedThingsAreSeen)
 {
     const auto grid = hill(31);
     GridPlot plot(grid);
-    Picture picture(width, height);
+    Picture picture(Width, Height);
     picture.draw(plot);
     EXPECT_EQ(countSelected(picture), 0u);
     ASSERT_EQ(pickAt(plot, placeOf(plot, *grid, 10, 20), {true, false, false, true}), 1);
@@ -297,12 +297,12 @@ TEST(SurfacePlot, UnusualGridsAreDrawn)
     for (const std::shared_ptr<Grid>& grid : grids) {
         GridPlot plot(grid);
         plot.rotate(0, 40);
-        Picture picture(width, height);
+        Picture picture(Width, Height);
         EXPECT_TRUE(picture.draw(plot));
         EXPECT_EQ(currentGL().GetError(), GLenum(GL_NO_ERROR));
         const Rect bar = layoutOf(plot, *grid).bar;
         std::size_t surface = 0;
-        for (int y = 0; y < height; ++y)
+        for (int y = 0; y < Height; ++y)
             for (int x = 0; x < static_cast<int>(bar.x1) - 2; ++x)
                 surface += isSurfaceColored(picture.at(x, y)) ? 1 : 0;
         EXPECT_GT(surface, 60u) << grid->columns << " x " << grid->rows;
@@ -312,7 +312,7 @@ TEST(SurfacePlot, UnusualGridsAreDrawn)
 TEST(SurfacePlot, NothingButGapsStillHasABox)
 {
     GridPlot plot(gridOf(5, 5, [](int, int) { return missing; }));
-    Picture picture(width, height);
+    Picture picture(Width, Height);
     EXPECT_TRUE(picture.draw(plot));
     EXPECT_GT(picture.countInk(), 2000u);
     EXPECT_EQ(plot.pick(0, 0, 1, 1, {true, false, false, true}), 0);

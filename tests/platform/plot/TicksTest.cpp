@@ -99,8 +99,8 @@ TEST(RangeAround, OneValueOrNoneHasARangeToo)
 
 TEST(RangeAround, TheLargestNumbersHaveOneThatHoldsThem)
 {
-    constexpr double most = std::numeric_limits<double>::max();
-    for (const double size : {1e300, 1e308, most}) {
+    constexpr double Most = std::numeric_limits<double>::max();
+    for (const double size : {1e300, 1e308, Most}) {
         for (const AxisRange& range : {rangeAround(-size, size, 0.05), rangeAround(size, size, 0.05)}) {
             EXPECT_TRUE(std::isfinite(range.from) && std::isfinite(range.to));
             EXPECT_GE(range.fractionOf(size), 0.5);
@@ -159,14 +159,14 @@ TEST(DateTicks, BeforeTheEpochTimesGoForwardsToo)
 TEST(DateTicks, FractionsOfASecondDownToAMicrosecond)
 {
     const double start = daysOf(2024_y / 1 / 5) + 36000.0 / 86400;
-    constexpr double second = 1.0 / 86400;
-    EXPECT_EQ(labelsOf(dateTicks({start, start + 1.1 * second}, 3)),
+    constexpr double Second = 1.0 / 86400;
+    EXPECT_EQ(labelsOf(dateTicks({start, start + 1.1 * Second}, 3)),
               (std::vector<std::string>{"2024-01-05 10:00:00.0", "10:00:00.5", "10:00:01.0"}));
-    EXPECT_EQ(labelsOf(dateTicks({start + 0.1221 * second, start + 0.1245 * second}, 3)),
+    EXPECT_EQ(labelsOf(dateTicks({start + 0.1221 * Second, start + 0.1245 * Second}, 3)),
               (std::vector<std::string>{"2024-01-05 10:00:00.123", "10:00:00.124"}));
-    EXPECT_EQ(labelsOf(dateTicks({start - second, start + second}, 2)),
+    EXPECT_EQ(labelsOf(dateTicks({start - Second, start + Second}, 2)),
               (std::vector<std::string>{"2024-01-05 09:59:59", "10:00:00", "10:00:01"}));
-    EXPECT_EQ(labelsOf(dateTicks({start - 0.4e-5 * second, start + 1.4e-5 * second}, 2)),
+    EXPECT_EQ(labelsOf(dateTicks({start - 0.4e-5 * Second, start + 1.4e-5 * Second}, 2)),
               (std::vector<std::string>{"2024-01-05 10:00:00.00000", "10:00:00.00001"}));
 }
 

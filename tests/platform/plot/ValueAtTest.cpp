@@ -16,15 +16,15 @@ using namespace velmora::engine::test;
 
 namespace {
 
-constexpr double width = 792; // of a plot that was not drawn yet
-constexpr double height = 612;
+constexpr double Width = 792; // of a plot that was not drawn yet
+constexpr double Height = 612;
 
 /// Where a value stands, in fractions of the frame.
 Point placeOf(const XYPlot& plot, const std::shared_ptr<const Table>& table, Point value)
 {
     const XYContent content{table, seriesOf(*table, noCheckpoint()), {plot.xRange(), plot.yRange(), {}}};
     const Point at = layOut(content, FrameSize()).map(value);
-    return {at.x / width, at.y / height};
+    return {at.x / Width, at.y / Height};
 }
 
 std::string textAt(const Plot& plot, double x, double y)
@@ -49,7 +49,7 @@ TEST(ValueAt, TheNearestValueOfAllLinesIsToldWithItsPlaceAndItsLine)
     const XYPlot plot(table, noCheckpoint());
     const Point place = placeOf(plot, table, {2, 5.25});
     ShownValue found;
-    ASSERT_TRUE(plot.valueAt(place.x - 4 / width, place.y + 5 / height, found));
+    ASSERT_TRUE(plot.valueAt(place.x - 4 / Width, place.y + 5 / Height, found));
     EXPECT_EQ(found.text, "y1 = 5.25, x = 2");
     EXPECT_NEAR(found.x, place.x, 1e-9);
     EXPECT_NEAR(found.y, place.y, 1e-9);
@@ -104,10 +104,10 @@ TEST(ValueAt, ValuesAreToldAsTheyWereWritten)
 // Wherever the pointer is and however the rows lie. A run under valgrind or a sanitizer takes longer.
 TEST(ValueAt, TenMillionRowsAreSearchedInAMoment)
 {
-    constexpr std::size_t rows = 10000000;
+    constexpr std::size_t Rows = 10000000;
     auto table = std::make_shared<Table>();
-    table->columns = {{"x", false, std::vector<double>(rows)}, {"y", false, std::vector<double>(rows)}};
-    for (std::size_t row = 0; row < rows; ++row) {
+    table->columns = {{"x", false, std::vector<double>(Rows)}, {"y", false, std::vector<double>(Rows)}};
+    for (std::size_t row = 0; row < Rows; ++row) {
         table->columns[0].values[row] = static_cast<double>(row);
         table->columns[1].values[row] = std::sin(static_cast<double>(row) * 1e-5) + (row % 1000 == 7 ? missing : 0);
     }
@@ -130,7 +130,7 @@ Point placeOfCell(const Grid& grid, int column, int row, const SurfaceView& view
     const SurfaceShape shape(grid);
     const StrokePoint at =
         cameraFor(view, shape, FrameSize()).project({shape.x(column), shape.y(row), shape.z(grid.at(column, row))});
-    return {at.x / width, at.y / height};
+    return {at.x / Width, at.y / Height};
 }
 
 } // namespace
@@ -167,7 +167,7 @@ TEST(ValueAt, AGapHasNoValueAndALoneCellHas)
     EXPECT_NE(textAt(plot, lone.x, lone.y), "");
     const SurfaceShape shape(*gap);
     const StrokePoint hole = cameraFor({}, shape, FrameSize()).project({shape.x(12.5), shape.y(10), shape.z(1)});
-    EXPECT_EQ(textAt(plot, hole.x / width, hole.y / height), "");
+    EXPECT_EQ(textAt(plot, hole.x / Width, hole.y / Height), "");
 }
 
 TEST(ValueAt, AHillHidesWhatIsBehindIt)

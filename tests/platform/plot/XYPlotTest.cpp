@@ -11,13 +11,13 @@ using namespace velmora::engine::test;
 
 namespace {
 
-constexpr int width = 640;
-constexpr int height = 480;
+constexpr int Width = 640;
+constexpr int Height = 480;
 
 XYLayout layoutOf(const XYPlot& plot, const std::shared_ptr<const Table>& table)
 {
     const XYContent content{table, seriesOf(*table, noCheckpoint()), {plot.xRange(), plot.yRange(), {}}};
-    return layOut(content, {width, height, 1});
+    return layOut(content, {Width, Height, 1});
 }
 
 /// How much of the pixel a line of this colour covers on white ground, when it is such a pixel.
@@ -58,7 +58,7 @@ std::size_t countColor(const Picture& picture, Color color)
 
 int pickAt(XYPlot& plot, Point pixel, const PickFilter& filter = {})
 {
-    return plot.pick((pixel.x - 3) / width, (pixel.y - 3) / height, (pixel.x + 3) / width, (pixel.y + 3) / height,
+    return plot.pick((pixel.x - 3) / Width, (pixel.y - 3) / Height, (pixel.x + 3) / Width, (pixel.y + 3) / Height,
                      filter);
 }
 
@@ -81,7 +81,7 @@ TEST(XYPlot, LinesLieWhereTheirValuesAre)
 {
     const auto table = tableOf({{0, 10, 5, 8}, {9, 3, 3, 1}});
     XYPlot plot(table, noCheckpoint());
-    Picture picture(width, height);
+    Picture picture(Width, Height);
     ASSERT_TRUE(picture.draw(plot));
     const XYLayout layout = layoutOf(plot, table);
     EXPECT_TRUE(showsLineAt(picture, layout, {0.5, 5}, 0));
@@ -95,7 +95,7 @@ TEST(XYPlot, AGapBreaksTheLine)
 {
     const auto table = tableOf({{5, 5, missing, 5, 5}});
     XYPlot plot(table, noCheckpoint());
-    Picture picture(width, height);
+    Picture picture(Width, Height);
     ASSERT_TRUE(picture.draw(plot));
     const XYLayout layout = layoutOf(plot, table);
     EXPECT_TRUE(showsLineAt(picture, layout, {0.6, 5}, 0));
@@ -108,7 +108,7 @@ TEST(XYPlot, LinesEndAtTheAxes)
 {
     const auto table = tableOf({{0, 10, 0, 10, 0}});
     XYPlot plot(table, noCheckpoint());
-    Picture picture(width, height);
+    Picture picture(Width, Height);
     ASSERT_TRUE(picture.draw(plot));
     plot.zoom(4, 0.5, 0.5);
     picture.clear();
@@ -116,8 +116,8 @@ TEST(XYPlot, LinesEndAtTheAxes)
     const Rect frame = layoutOf(plot, table).map.plot;
     const Color color = lineColor(0);
     std::size_t inside = 0;
-    for (int y = 0; y < height; ++y)
-        for (int x = 0; x < width; ++x)
+    for (int y = 0; y < Height; ++y)
+        for (int x = 0; x < Width; ++x)
             if (picture.at(x, y).isNear(color.red, color.green, color.blue, 10)) {
                 const bool within = frame.contains({x + 0.5, y + 0.5});
                 EXPECT_TRUE(within) << x << ' ' << y;
@@ -130,7 +130,7 @@ TEST(XYPlot, SteepPeaksReachTheirValue)
 {
     const auto table = tableOf({{0, 0, 10, 0, 0}});
     XYPlot plot(table, noCheckpoint());
-    Picture picture(width, height);
+    Picture picture(Width, Height);
     ASSERT_TRUE(picture.draw(plot));
     EXPECT_TRUE(showsLineAt(picture, layoutOf(plot, table), {2, 10}, 0));
 }
@@ -142,12 +142,12 @@ TEST(XYPlot, ManyColumnsAllShowAndTheLegendNamesWhatItHasRoomFor)
         columns.push_back({i * 1.0, i * 1.0});
     const auto table = tableOf(columns);
     XYPlot plot(table, noCheckpoint());
-    Picture picture(width, height);
+    Picture picture(Width, Height);
     ASSERT_TRUE(picture.draw(plot));
     const XYLayout layout = layoutOf(plot, table);
     for (std::size_t line = 0; line < 60; ++line)
         EXPECT_TRUE(showsLineNear(picture, layout, {0.5, line * 1.0}, line)) << line;
-    EXPECT_GT(layout.map.plot.height(), height / 2);
+    EXPECT_GT(layout.map.plot.height(), Height / 2);
     EXPECT_LT(layout.samples.size(), 60u);
     const TextItem& last = layout.texts[layout.texts.size() - 3].item;
     EXPECT_EQ(last.text, "… " + std::to_string(60 - layout.samples.size()) + " more");
@@ -170,7 +170,7 @@ TEST(XYPlot, TheLargestNumbersShow)
     XYPlot plot(table, noCheckpoint());
     const XYLayout layout = layoutOf(plot, table);
     EXPECT_GE(layout.yTicks.size(), 3u);
-    Picture picture(width, height);
+    Picture picture(Width, Height);
     ASSERT_TRUE(picture.draw(plot));
     const Column& axis = table->columns[0];
     EXPECT_TRUE(showsLineAt(picture, layout, {axis.values[0], -1e308}, 0));
@@ -228,11 +228,11 @@ TEST(XYPlot, ZoomKeepsTheValueUnderThePoint)
 {
     const auto table = tableOf({{0, 10, 5}});
     XYPlot plot(table, noCheckpoint());
-    Picture picture(width, height);
+    Picture picture(Width, Height);
     picture.draw(plot);
     const Point value{1.2, 7};
     const Point before = layoutOf(plot, table).map(value);
-    plot.zoom(2, before.x / width, before.y / height);
+    plot.zoom(2, before.x / Width, before.y / Height);
     const Point after = layoutOf(plot, table).map(value);
     EXPECT_NEAR(after.x, before.x, 8) << "the labels' width may change the plot's a little";
     EXPECT_NEAR(after.y, before.y, 1);
@@ -242,19 +242,19 @@ TEST(XYPlot, TranslateMovesThePictureByFractionsOfTheFrame)
 {
     const auto table = tableOf({{0, 10, 5}});
     XYPlot plot(table, noCheckpoint());
-    Picture picture(width, height);
+    Picture picture(Width, Height);
     picture.draw(plot);
     const Point before = layoutOf(plot, table).map({1, 5});
     plot.translate(0.1, 0.05);
     const Point after = layoutOf(plot, table).map({1, 5});
-    EXPECT_NEAR(after.x - before.x, 0.1 * width, 8);
-    EXPECT_NEAR(after.y - before.y, 0.05 * height, 1);
+    EXPECT_NEAR(after.x - before.x, 0.1 * Width, 8);
+    EXPECT_NEAR(after.y - before.y, 0.05 * Height, 1);
 }
 
 TEST(XYPlot, EndlessZoomingStaysDrawable)
 {
     XYPlot plot(tableOf({{1e6, 1e6 + 10, 1e6 + 5}}), noCheckpoint());
-    Picture picture(width, height);
+    Picture picture(Width, Height);
     for (double factor : {7.0, 1 / 7.0}) {
         for (int i = 0; i < 200; ++i)
             plot.zoom(factor, 0.4, 0.4);
@@ -270,7 +270,7 @@ TEST(XYPlot, PicksALineWhereItIsAndNowhereElse)
 {
     const auto table = tableOf({{0, 10, 0}, {8, 8, 8}});
     XYPlot plot(table, noCheckpoint());
-    Picture picture(width, height);
+    Picture picture(Width, Height);
     picture.draw(plot);
     const XYLayout layout = layoutOf(plot, table);
     EXPECT_EQ(pickAt(plot, layout.map({1, 3})), 0);
@@ -288,13 +288,13 @@ TEST(XYPlot, PicksTextsAndGeometriesByKind)
 {
     const auto table = tableOf({{0, 10, 0}, {8, 8, 8}});
     XYPlot plot(table, noCheckpoint());
-    Picture picture(width, height);
+    Picture picture(Width, Height);
     picture.draw(plot);
     const XYLayout layout = layoutOf(plot, table);
-    const Point title = middleOf(rectOfText(layout, xyobject::title));
+    const Point title = middleOf(rectOfText(layout, xyobject::Title));
     EXPECT_EQ(pickAt(plot, title, {true, true, false, true}), 0);
     EXPECT_EQ(pickAt(plot, title, {false, false, true, true}), 1);
-    EXPECT_EQ(pickAt(plot, middleOf(rectOfText(layout, xyobject::yTitle)), {false, false, true, true}), 1);
+    EXPECT_EQ(pickAt(plot, middleOf(rectOfText(layout, xyobject::YTitle)), {false, false, true, true}), 1);
     EXPECT_EQ(pickAt(plot, middleOf(layout.xAxis), {false, true, false, true}), 1);
     EXPECT_EQ(pickAt(plot, middleOf(layout.legend), {false, true, false, true}), 1);
     EXPECT_EQ(plot.selectedCount(), 4);
@@ -306,7 +306,7 @@ TEST(XYPlot, WhatTheAxesCutOffIsPickedOnlyWhenStyleDoesNotCount)
 {
     const auto table = tableOf({{0, 0, 0}, {9, 9, 9}});
     XYPlot plot(table, noCheckpoint());
-    Picture picture(width, height);
+    Picture picture(Width, Height);
     picture.draw(plot);
     plot.translate(0, -0.6);
     const Point below = layoutOf(plot, table).map({1, 0});
@@ -318,9 +318,9 @@ TEST(XYPlot, SelectedThingsAreSeen)
 {
     const auto table = tableOf({{0, 10, 0}, {8, 8, 8}});
     XYPlot plot(table, noCheckpoint());
-    Picture picture(width, height);
+    Picture picture(Width, Height);
     picture.draw(plot);
-    EXPECT_EQ(countColor(picture, palette::selected), 0u);
+    EXPECT_EQ(countColor(picture, palette::Selected), 0u);
     const XYLayout layout = layoutOf(plot, table);
     std::size_t last = 0;
     for (const Point& place :
@@ -328,20 +328,20 @@ TEST(XYPlot, SelectedThingsAreSeen)
         ASSERT_GE(pickAt(plot, place, {true, true, false, true}), 1);
         picture.clear();
         picture.draw(plot);
-        EXPECT_GT(countColor(picture, palette::selected), last + 20);
-        last = countColor(picture, palette::selected);
+        EXPECT_GT(countColor(picture, palette::Selected), last + 20);
+        last = countColor(picture, palette::Selected);
     }
-    ASSERT_EQ(pickAt(plot, middleOf(rectOfText(layout, xyobject::title)), {false, false, true, true}), 1);
+    ASSERT_EQ(pickAt(plot, middleOf(rectOfText(layout, xyobject::Title)), {false, false, true, true}), 1);
     picture.clear();
     picture.draw(plot);
-    EXPECT_GT(countColor(picture, palette::selectedGround), 100u);
+    EXPECT_GT(countColor(picture, palette::SelectedGround), 100u);
 }
 
 TEST(XYPlot, OneRowIsADot)
 {
     const auto table = tableOf({{5}});
     XYPlot plot(table, noCheckpoint());
-    Picture picture(width, height);
+    Picture picture(Width, Height);
     ASSERT_TRUE(picture.draw(plot));
     EXPECT_TRUE(showsLineAt(picture, layoutOf(plot, table), {0, 5}, 0));
 }
@@ -351,7 +351,7 @@ TEST(XYPlot, OneColumnIsALineOverTheRowNumbers)
     auto table = tableOf({{1}});
     table->columns = {{"height", false, {3, 1, 2}}};
     XYPlot plot(table, noCheckpoint());
-    Picture picture(width, height);
+    Picture picture(Width, Height);
     ASSERT_TRUE(picture.draw(plot));
     const XYLayout layout = layoutOf(plot, table);
     EXPECT_TRUE(showsLineAt(picture, layout, {1.5, 2}, 0));
@@ -362,7 +362,7 @@ TEST(XYPlot, AConstantLineLiesInTheMiddle)
 {
     const auto table = tableOf({{-7, -7, -7}});
     XYPlot plot(table, noCheckpoint());
-    Picture picture(width, height);
+    Picture picture(Width, Height);
     ASSERT_TRUE(picture.draw(plot));
     const XYLayout layout = layoutOf(plot, table);
     EXPECT_TRUE(showsLineAt(picture, layout, {1, -7}, 0));
@@ -372,14 +372,14 @@ TEST(XYPlot, AConstantLineLiesInTheMiddle)
 TEST(XYPlot, NothingButGapsStillHasAxes)
 {
     XYPlot plot(tableOf({{missing, missing}}), noCheckpoint());
-    Picture picture(width, height);
+    Picture picture(Width, Height);
     ASSERT_TRUE(picture.draw(plot));
-    EXPECT_GT(countColor(picture, palette::axis), 500u);
+    EXPECT_GT(countColor(picture, palette::Axis), 500u);
     auto empty = std::make_shared<Table>();
     XYPlot nothing(empty, noCheckpoint());
     picture.clear();
     EXPECT_TRUE(picture.draw(nothing));
-    EXPECT_GT(countColor(picture, palette::axis), 500u);
+    EXPECT_GT(countColor(picture, palette::Axis), 500u);
 }
 
 TEST(XYPlot, DescribesItself)

@@ -9,8 +9,8 @@ namespace velmora::engine {
 
 namespace {
 
-constexpr std::size_t mostBytes = std::size_t{16} << 20;
-constexpr std::size_t mostLeftOut = 8; ///< points in a row
+constexpr std::size_t MostBytes = std::size_t{16} << 20;
+constexpr std::size_t MostLeftOut = 8; ///< points in a row
 
 /// Two corners of the mesh, the smaller index first: neighbouring triangles cross the same line there.
 using Edge = std::pair<unsigned, unsigned>;
@@ -131,7 +131,7 @@ ContourLine withoutStraightPoints(const ContourLine& points, double tolerance)
     std::size_t leftOut = 0;
     for (std::size_t i = 0; i < points.size(); ++i) {
         const bool isInside = i > 0 && i + 1 < points.size();
-        if (isInside && leftOut < mostLeftOut && distanceFromLine(kept.back(), points[i + 1], points[i]) < tolerance) {
+        if (isInside && leftOut < MostLeftOut && distanceFromLine(kept.back(), points[i + 1], points[i]) < tolerance) {
             ++leftOut;
             continue;
         }
@@ -173,7 +173,7 @@ std::shared_ptr<const ContourLines> KeptContours::find(const Key& key) const
 
 std::shared_ptr<const ContourLines> KeptContours::add(const Key& key, ContourLines lines)
 {
-    if (m_bytes > mostBytes) {
+    if (m_bytes > MostBytes) {
         m_lines.clear();
         m_bytes = 0;
     }

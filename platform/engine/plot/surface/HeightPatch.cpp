@@ -7,9 +7,9 @@ namespace velmora::engine {
 
 namespace {
 
-constexpr float gap = std::numeric_limits<float>::quiet_NaN();
+constexpr float Gap = std::numeric_limits<float>::quiet_NaN();
 // Of all heights: two extremes in one node less apart than this need not both be seen.
-constexpr float leastApart = 0.004F;
+constexpr float LeastApart = 0.004F;
 
 enum class Extreme : unsigned char { None, Summit, Bottom, Both };
 
@@ -17,8 +17,8 @@ enum class Extreme : unsigned char { None, Summit, Bottom, Both };
 class Choice {
 public:
     Choice(const SurfaceLevels& levels, int level, int column, int row, int columns, int rows)
-        : m_column(column - margin), m_row(row - margin), m_columns(columns + 2 * margin), m_rows(rows + 2 * margin),
-          m_leastApart(leastApart * levels.grid().maximum - leastApart * levels.grid().minimum)
+        : m_column(column - Margin), m_row(row - Margin), m_columns(columns + 2 * Margin), m_rows(rows + 2 * Margin),
+          m_leastApart(LeastApart * levels.grid().maximum - LeastApart * levels.grid().minimum)
     {
         readRanges(levels, level);
         findExtremes();
@@ -28,7 +28,7 @@ public:
     {
         const HeightRange& range = m_ranges[index(column, row)];
         if (range.isGap())
-            return gap;
+            return Gap;
         switch (extreme(column, row)) {
         case Extreme::Summit:
             return range.high;
@@ -47,7 +47,7 @@ public:
     }
 
 private:
-    static constexpr int margin = 2;
+    static constexpr int Margin = 2;
 
     std::size_t index(int column, int row) const
     {
@@ -140,7 +140,7 @@ void HeightPatch::copyGrid(const Grid& grid)
     for (int row = m_row; row < m_row + m_rows; ++row)
         for (int column = m_column; column < m_column + m_columns; ++column) {
             const bool isInside = column >= 0 && row >= 0 && column < grid.columns && row < grid.rows;
-            m_heights.push_back(isInside ? grid.at(column, row) : gap);
+            m_heights.push_back(isInside ? grid.at(column, row) : Gap);
         }
 }
 

@@ -9,16 +9,16 @@ namespace velmora::engine {
 namespace {
 
 // Points.
-constexpr double labelRoom = 40;
-constexpr double roomBesideBar = 40; ///< for labels between it and the surface
+constexpr double LabelRoom = 40;
+constexpr double RoomBesideBar = 40; ///< for labels between it and the surface
 
 } // namespace
 
 Rect surfaceArea(const FrameSize& frame)
 {
-    Rect area = frame.rect().grown(-frame.points(plotsize::edge + labelRoom));
-    area.y2 += frame.points(labelRoom - plotsize::title - plotsize::gap);
-    area.x2 -= frame.points(barRoom - labelRoom + roomBesideBar);
+    Rect area = frame.rect().grown(-frame.points(plotsize::Edge + LabelRoom));
+    area.y2 += frame.points(LabelRoom - plotsize::Title - plotsize::Gap);
+    area.x2 -= frame.points(BarRoom - LabelRoom + RoomBesideBar);
     return {area.x1, area.y1, std::max(area.x2, area.x1 + 1), std::max(area.y2, area.y1 + 1)};
 }
 

@@ -11,14 +11,14 @@ namespace velmora::engine {
 namespace {
 
 // Points.
-constexpr double barWidth = 14;
-constexpr double labelDistance = 2;
-constexpr double shortestScale = 40; ///< an axis that is shorter in the picture has none
-constexpr int mostTicks = 12;
-constexpr int mostLines = 4; ///< of labels beside an axis where there is little room
-constexpr double lineHeight = 1.3;
+constexpr double BarWidth = 14;
+constexpr double LabelDistance = 2;
+constexpr double ShortestScale = 40; ///< an axis that is shorter in the picture has none
+constexpr int MostTicks = 12;
+constexpr int MostLines = 4; ///< of labels beside an axis where there is little room
+constexpr double LineHeight = 1.3;
 
-constexpr double barShare = 0.62; ///< of the frame's height
+constexpr double BarShare = 0.62; ///< of the frame's height
 
 /// Text beside a line: on which side of the anchor it stands the direction away from the box says.
 Align alignFor(double direction)
@@ -158,19 +158,19 @@ void Builder::addAxes()
     const double hy = m_shape.halfY();
     const double hz = m_shape.halfZ();
     addAxis(
-        {surfaceobject::xAxis, surfaceobject::xTitle, "x", {-hx, m_nearY, -hz}, {hx, m_nearY, -hz}, m_shape.mapX()});
+        {surfaceobject::XAxis, surfaceobject::XTitle, "x", {-hx, m_nearY, -hz}, {hx, m_nearY, -hz}, m_shape.mapX()});
     addAxis(
-        {surfaceobject::yAxis, surfaceobject::yTitle, "y", {m_nearX, -hy, -hz}, {m_nearX, hy, -hz}, m_shape.mapY()});
+        {surfaceobject::YAxis, surfaceobject::YTitle, "y", {m_nearX, -hy, -hz}, {m_nearX, hy, -hz}, m_shape.mapY()});
     const bool isFirstLeft = at({m_nearX, -m_nearY, 0}).x < at({-m_nearX, m_nearY, 0}).x;
     const double x = isFirstLeft ? m_nearX : -m_nearX;
     const double y = isFirstLeft ? -m_nearY : m_nearY;
-    addAxis({surfaceobject::zAxis, surfaceobject::zTitle, "z", {x, y, -hz}, {x, y, hz}, m_shape.heights()});
+    addAxis({surfaceobject::ZAxis, surfaceobject::ZTitle, "z", {x, y, -hz}, {x, y, hz}, m_shape.heights()});
 }
 
 bool Builder::isFree(const Rect& rect) const
 {
     const Rect frame = m_frame.rect();
-    const Rect room = rect.grown(points(labelDistance));
+    const Rect room = rect.grown(points(LabelDistance));
     return frame.contains({rect.x1, rect.y1}) && frame.contains({rect.x2, rect.y2}) &&
            std::none_of(m_taken.begin(), m_taken.end(), [&room](const Rect& taken) { return room.meets(taken); });
 }
@@ -186,7 +186,7 @@ double Builder::insideBox(const AxisEdge& axisEdge, Point away) const
         const Point top = at(end);
         inside = std::max(inside, (top.x - foot.x) * away.x + (top.y - foot.y) * away.y);
     }
-    return axisEdge.object == surfaceobject::zAxis ? 0 : inside;
+    return axisEdge.object == surfaceobject::ZAxis ? 0 : inside;
 }
 
 Point Builder::pointOn(const AxisEdge& axisEdge, double t) const
@@ -199,8 +199,8 @@ TextItem Builder::labelAt(const std::string& text, Point foot, Point away, doubl
 {
     TextItem label;
     label.text = text;
-    label.size = points(plotsize::label);
-    label.color = palette::label;
+    label.size = points(plotsize::Label);
+    label.color = palette::Label;
     label.along = alignFor(away.x);
     label.across = alignFor(away.y);
     label.anchor = {foot.x + away.x * distance, foot.y + away.y * distance};
@@ -216,16 +216,16 @@ SurfaceAxis Builder::withTicks(const AxisEdge& axisEdge, const Outwards& outward
     SurfaceAxis axis{axisEdge.object, {at(axisEdge.from), at(axisEdge.to)}, {}, {}};
     const Point away = outwards.direction;
     const auto isApart = [&](const Rect& rect) {
-        const Rect room = rect.grown(points(labelDistance));
+        const Rect room = rect.grown(points(LabelDistance));
         return std::none_of(axis.labels.begin(), axis.labels.end(),
                             [&room](const TextItem& label) { return room.meets(textRect(label)); });
     };
     for (const Tick& tick : numberTicks(axisEdge.range, most)) {
         const Point foot = pointOn(axisEdge, (tick.value - axisEdge.range.from) / axisEdge.range.span());
-        double end = outwards.inside + points(plotsize::tick);
+        double end = outwards.inside + points(plotsize::Tick);
         for (int line = 0; line < lines; ++line) {
-            const double further = line * points(plotsize::label) * lineHeight;
-            const TextItem label = labelAt(tick.label, foot, away, end + further + points(plotsize::gap / 2));
+            const double further = line * points(plotsize::Label) * LineHeight;
+            const TextItem label = labelAt(tick.label, foot, away, end + further + points(plotsize::Gap / 2));
             if (!isApart(textRect(label)) || !isFree(textRect(label)))
                 continue;
             axis.labels.push_back(label);
@@ -251,9 +251,9 @@ SurfaceAxis Builder::withBestTicks(const AxisEdge& axisEdge, const Outwards& out
     SurfaceAxis best{axisEdge.object, {at(axisEdge.from), at(axisEdge.to)}, {}, {}};
     const Point along{best.line.to.x - best.line.from.x, best.line.to.y - best.line.from.y};
     const double length = std::hypot(along.x, along.y);
-    if (length < points(shortestScale))
+    if (length < points(ShortestScale))
         return best;
-    const int usual = std::clamp(static_cast<int>(length / points(plotsize::label * 1.9)), 2, 6);
+    const int usual = std::clamp(static_cast<int>(length / points(plotsize::Label * 1.9)), 2, 6);
     for (int most = usual; most >= 1; --most) {
         SurfaceAxis axis = withTicks(axisEdge, outwards, most, 1);
         if (axis.labels.size() >= 2 && axis.labels.size() == axis.ticks.size())
@@ -261,8 +261,8 @@ SurfaceAxis Builder::withBestTicks(const AxisEdge& axisEdge, const Outwards& out
         if (axis.labels.size() > best.labels.size())
             best = std::move(axis);
     }
-    for (int most = 1; most <= mostTicks && best.labels.size() < 2; ++most) {
-        SurfaceAxis axis = withTicks(axisEdge, outwards, most, mostLines);
+    for (int most = 1; most <= MostTicks && best.labels.size() < 2; ++most) {
+        SurfaceAxis axis = withTicks(axisEdge, outwards, most, MostLines);
         if (axis.labels.size() > best.labels.size())
             best = std::move(axis);
     }
@@ -274,25 +274,25 @@ void Builder::addAxis(const AxisEdge& axisEdge)
     const Point a = at(axisEdge.from);
     const Point b = at(axisEdge.to);
     const Point middle{(a.x + b.x) / 2, (a.y + b.y) / 2};
-    const Point center = at({0, 0, axisEdge.object == surfaceobject::zAxis ? 0 : -m_shape.halfZ()});
+    const Point center = at({0, 0, axisEdge.object == surfaceobject::ZAxis ? 0 : -m_shape.halfZ()});
     Point away = unit({-(b.y - a.y), b.x - a.x});
     if (away.x * (middle.x - center.x) + away.y * (middle.y - center.y) < 0)
         away = {-away.x, -away.y};
     // From above the upright axis is a point or nearly so: what belongs to it stands beyond the corner.
     const double length = std::hypot(b.x - a.x, b.y - a.y);
-    const bool isShort = length < points(shortestScale);
+    const bool isShort = length < points(ShortestScale);
     if (isShort)
         away = unit({middle.x - center.x, middle.y - center.y});
     const Outwards outwards{away, insideBox(axisEdge, away)};
     SurfaceAxis axis = withBestTicks(axisEdge, outwards);
-    double reach = outwards.inside + points(plotsize::tick) + (isShort ? length / 2 : 0);
+    double reach = outwards.inside + points(plotsize::Tick) + (isShort ? length / 2 : 0);
     for (const TextItem& label : axis.labels) {
         const Rect rect = textRect(label);
         m_taken.push_back(rect);
         const Point back{-away.x, -away.y};
         reach = std::max(reach, -nearestCorner(rect, middle, back));
     }
-    addAxisTitle(axisEdge, away, reach + points(plotsize::gap));
+    addAxisTitle(axisEdge, away, reach + points(plotsize::Gap));
     m_layout.axes.push_back(std::move(axis));
 }
 
@@ -301,9 +301,9 @@ void Builder::addAxisTitle(const AxisEdge& axisEdge, Point away, double reach)
 {
     TextItem title;
     title.text = axisEdge.title;
-    title.size = points(plotsize::axisTitle);
+    title.size = points(plotsize::AxisTitle);
     title.bold = true;
-    title.color = palette::ink;
+    title.color = palette::Ink;
     const auto place = [&](double t, double distance, Point direction) {
         const Point foot = pointOn(axisEdge, t);
         title.anchor = {foot.x + direction.x * distance, foot.y + direction.y * distance};
@@ -328,40 +328,40 @@ void Builder::addAxisTitle(const AxisEdge& axisEdge, Point away, double reach)
 void Builder::addTitle()
 {
     m_layout.texts.push_back(
-        {plotTitle(m_grid.name, m_frame, m_frame.height - points(plotsize::edge)), surfaceobject::title});
+        {plotTitle(m_grid.name, m_frame, m_frame.height - points(plotsize::Edge)), surfaceobject::Title});
 }
 
 void Builder::addBar()
 {
-    const double height = m_frame.height * barShare;
-    const double left = std::round(m_frame.width - points(barRoom) + points(plotsize::gap));
-    const double bottom = std::round((m_frame.height - height) / 2 - points(plotsize::title));
-    m_layout.bar = {left, bottom, left + std::round(points(barWidth)), bottom + std::round(height)};
+    const double height = m_frame.height * BarShare;
+    const double left = std::round(m_frame.width - points(BarRoom) + points(plotsize::Gap));
+    const double bottom = std::round((m_frame.height - height) / 2 - points(plotsize::Title));
+    m_layout.bar = {left, bottom, left + std::round(points(BarWidth)), bottom + std::round(height)};
     const Rect& bar = m_layout.bar;
     const std::vector<double>& edges = m_shape.bandEdges();
     const double step = edges[1] - edges[0];
     const double apart = bar.height() / static_cast<double>(edges.size() - 1);
-    const auto every = static_cast<std::size_t>(std::max(1.0, std::ceil(points(plotsize::label) * 1.5 / apart)));
+    const auto every = static_cast<std::size_t>(std::max(1.0, std::ceil(points(plotsize::Label) * 1.5 / apart)));
     for (std::size_t i = 0; i < edges.size(); i += every) {
         const double y = bar.y1 + m_shape.bandPlace(edges[i]) * bar.height();
         m_layout.barLabels.push_back({formatNumber(edges[i], step),
-                                      {bar.x2 + points(plotsize::gap), y},
-                                      points(plotsize::label),
+                                      {bar.x2 + points(plotsize::Gap), y},
+                                      points(plotsize::Label),
                                       Align::Start,
                                       Align::Middle,
                                       false,
                                       false,
-                                      palette::label});
+                                      palette::Label});
     }
     m_layout.texts.push_back({{"z",
-                               {bar.x1 + bar.width() / 2, bar.y2 + points(plotsize::gap)},
-                               points(plotsize::axisTitle),
+                               {bar.x1 + bar.width() / 2, bar.y2 + points(plotsize::Gap)},
+                               points(plotsize::AxisTitle),
                                Align::Middle,
                                Align::Start,
                                false,
                                true,
-                               palette::ink},
-                              surfaceobject::barTitle});
+                               palette::Ink},
+                              surfaceobject::BarTitle});
 }
 
 void Builder::takePlaces()

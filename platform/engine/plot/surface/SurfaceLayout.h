@@ -12,9 +12,9 @@ namespace velmora::engine {
 /// The numbers of the objects of a surface plot.
 namespace surfaceobject {
 
-constexpr int surface = 0;                                                 ///< the zone
-constexpr int title = 0, xTitle = 1, yTitle = 2, zTitle = 3, barTitle = 4; ///< texts
-constexpr int xAxis = 0, yAxis = 1, zAxis = 2, colorBar = 3;               ///< geometries
+constexpr int Surface = 0;                                                 ///< the zone
+constexpr int Title = 0, XTitle = 1, YTitle = 2, ZTitle = 3, BarTitle = 4; ///< texts
+constexpr int XAxis = 0, YAxis = 1, ZAxis = 2, ColorBar = 3;               ///< geometries
 
 } // namespace surfaceobject
 

@@ -8,9 +8,9 @@ namespace velmora::engine {
 namespace {
 
 // What is worked off in a portion takes about a tenth of a millisecond.
-constexpr int cellsAPortion = 65536;
+constexpr int CellsAPortion = 65536;
 // With fewer a shape is not to be recognised.
-constexpr int leastNodes = 12;
+constexpr int LeastNodes = 12;
 
 std::size_t index(int columns, int column, int row)
 {
@@ -45,7 +45,7 @@ void SurfaceLevels::addLevel(Checkpoint& checkpoint)
     const auto across = static_cast<std::size_t>(columns(finer + 1));
     std::vector<HeightRange> made;
     made.reserve(across * static_cast<std::size_t>(rows(finer + 1)));
-    const int rowsAPortion = std::max(1, cellsAPortion / finerColumns);
+    const int rowsAPortion = std::max(1, CellsAPortion / finerColumns);
     for (int row = 0; row < finerRows; ++row) {
         if (row % rowsAPortion == 0 && !checkpoint.goOn(1))
             throw ReadInterrupted();
@@ -63,7 +63,7 @@ void SurfaceLevels::addLevel(Checkpoint& checkpoint)
 int SurfaceLevels::coarsest() const
 {
     const auto isFineEnough = [this](int level) {
-        return std::max(columns(level), rows(level)) >= leastNodes && (columns(level) > 1 || m_grid->columns == 1) &&
+        return std::max(columns(level), rows(level)) >= LeastNodes && (columns(level) > 1 || m_grid->columns == 1) &&
                (rows(level) > 1 || m_grid->rows == 1);
     };
     int level = 0;

@@ -7,11 +7,11 @@ namespace velmora::engine {
 
 namespace {
 
-constexpr double unitNormal = 32767;
+constexpr double UnitNormal = 32767;
 
 void setNormal(MeshVertex& vertex, double x, double y, double z)
 {
-    const double scale = unitNormal / std::sqrt(x * x + y * y + z * z);
+    const double scale = UnitNormal / std::sqrt(x * x + y * y + z * z);
     vertex.normal[0] = static_cast<std::int16_t>(std::lrint(x * scale));
     vertex.normal[1] = static_cast<std::int16_t>(std::lrint(y * scale));
     vertex.normal[2] = static_cast<std::int16_t>(std::lrint(z * scale));
@@ -70,7 +70,7 @@ SurfaceMesh::SurfaceMesh(const SurfaceLevels& levels, const SurfaceShape& shape,
 
 int SurfaceMesh::pieces(int nodes)
 {
-    return std::max(1, (nodes - 1 + pieceSide - 1) / pieceSide);
+    return std::max(1, (nodes - 1 + PieceSide - 1) / PieceSide);
 }
 
 glm::dvec3 SurfaceMesh::place(const HeightPatch& patch, int column, int row) const
@@ -111,10 +111,10 @@ MeshVertex SurfaceMesh::vertex(const HeightPatch& patch, int column, int row) co
 void SurfaceMesh::makePiece(int pieceColumn, int pieceRow, MeshPart& part) const
 {
     part.clear();
-    const int firstColumn = pieceColumn * pieceSide;
-    const int firstRow = pieceRow * pieceSide;
-    const int lastColumn = std::min(firstColumn + pieceSide, m_columns - 1);
-    const int lastRow = std::min(firstRow + pieceSide, m_rows - 1);
+    const int firstColumn = pieceColumn * PieceSide;
+    const int firstRow = pieceRow * PieceSide;
+    const int lastColumn = std::min(firstColumn + PieceSide, m_columns - 1);
+    const int lastRow = std::min(firstRow + PieceSide, m_rows - 1);
     const auto across = static_cast<unsigned>(lastColumn - firstColumn + 1);
     const HeightPatch patch(m_levels, m_level, firstColumn - 1, firstRow - 1, lastColumn - firstColumn + 3,
                             lastRow - firstRow + 3);
@@ -152,19 +152,19 @@ std::vector<glm::dvec3> SurfaceMesh::pieceBox(int pieceColumn, int pieceRow) con
 {
     // A piece takes its last nodes from its neighbours.
     HeightRange heights;
-    const int above = std::min(m_level + pieceLevels, m_levels.count() - 1);
+    const int above = std::min(m_level + PieceLevels, m_levels.count() - 1);
     const int shift = above - m_level;
     for (int i = 0; i < 4; ++i)
         heights.take(
-            m_levels.range(above, (pieceColumn * pieceSide >> shift) + i % 2, (pieceRow * pieceSide >> shift) + i / 2));
+            m_levels.range(above, (pieceColumn * PieceSide >> shift) + i % 2, (pieceRow * PieceSide >> shift) + i / 2));
     std::vector<glm::dvec3> corners;
     if (heights.isGap())
         return corners;
     // Half a node more on each side: level cells reach that far.
     const double reach = (1 << m_level) / 2.0;
     for (int i = 0; i < 8; ++i) {
-        const int column = std::min(pieceColumn * pieceSide + (i & 1 ? pieceSide : 0), m_columns - 1);
-        const int row = std::min(pieceRow * pieceSide + (i & 2 ? pieceSide : 0), m_rows - 1);
+        const int column = std::min(pieceColumn * PieceSide + (i & 1 ? PieceSide : 0), m_columns - 1);
+        const int row = std::min(pieceRow * PieceSide + (i & 2 ? PieceSide : 0), m_rows - 1);
         corners.push_back({m_shape.x(m_levels.columnPlace(m_level, column) + (i & 1 ? reach : -reach)),
                            m_shape.y(m_levels.rowPlace(m_level, row) + (i & 2 ? reach : -reach)),
                            m_shape.z(i & 4 ? heights.high : heights.low)});

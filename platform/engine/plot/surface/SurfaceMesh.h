@@ -30,8 +30,8 @@ class SurfaceMesh {
 public:
     /// Meshes along the side of a piece. A power of two: the nodes of a level this many levels further up
     /// stand for whole pieces.
-    static constexpr int pieceLevels = 5;
-    static constexpr int pieceSide = 1 << pieceLevels;
+    static constexpr int PieceLevels = 5;
+    static constexpr int PieceSide = 1 << PieceLevels;
 
     SurfaceMesh(const SurfaceLevels& levels, const SurfaceShape& shape, int level);
 

@@ -7,18 +7,18 @@ namespace velmora::engine {
 namespace {
 
 // Points.
-constexpr double gridWidth = 0.6;
-constexpr double edgeWidth = 0.7;
-constexpr double axisWidth = 0.9;
-constexpr double contourWidth = 0.5;
-constexpr double borderWidth = 0.7;
-constexpr double selectedWidth = 2.2;
+constexpr double GridWidth = 0.6;
+constexpr double EdgeWidth = 0.7;
+constexpr double AxisWidth = 0.9;
+constexpr double ContourWidth = 0.5;
+constexpr double BorderWidth = 0.7;
+constexpr double SelectedWidth = 2.2;
 
 // Of the whole work.
-constexpr double boxEnds = 0.03;
-constexpr double piecesEnd = 0.62;
-constexpr double skirtsEnd = 0.66;
-constexpr double linesEnd = 0.9;
+constexpr double BoxEnds = 0.03;
+constexpr double PiecesEnd = 0.62;
+constexpr double SkirtsEnd = 0.66;
+constexpr double LinesEnd = 0.9;
 
 } // namespace
 
@@ -41,34 +41,34 @@ bool SurfacePainter::paint()
 
 void SurfacePainter::paintBox()
 {
-    m_canvas.beginPhase(boxEnds, 1);
+    m_canvas.beginPhase(BoxEnds, 1);
     for (const BoxLine& line : m_layout.grid)
-        m_canvas.line(line.from, line.to, points(gridWidth), palette::grid);
+        m_canvas.line(line.from, line.to, points(GridWidth), palette::Grid);
     for (const BoxLine& line : m_layout.edges)
-        m_canvas.line(line.from, line.to, points(edgeWidth), palette::boxEdge);
+        m_canvas.line(line.from, line.to, points(EdgeWidth), palette::BoxEdge);
     m_canvas.step();
 }
 
 void SurfacePainter::paintTerrain()
 {
     TerrainPainter terrain(m_canvas, *m_content.data, m_layout.camera);
-    terrain.paintSurface(piecesEnd, skirtsEnd);
-    const bool selected = isSelectedObject(ObjectKind::Zone, surfaceobject::surface);
-    terrain.paintLines({points(selected ? 2 * contourWidth : contourWidth),
-                        selected ? palette::selected : palette::contour, points(selected ? selectedWidth : borderWidth),
-                        selected ? palette::selected : palette::surfaceBorder},
-                       linesEnd);
+    terrain.paintSurface(PiecesEnd, SkirtsEnd);
+    const bool selected = isSelectedObject(ObjectKind::Zone, surfaceobject::Surface);
+    terrain.paintLines({points(selected ? 2 * ContourWidth : ContourWidth),
+                        selected ? palette::Selected : palette::Contour, points(selected ? SelectedWidth : BorderWidth),
+                        selected ? palette::Selected : palette::SurfaceBorder},
+                       LinesEnd);
 }
 
 void SurfacePainter::paintAxes()
 {
-    m_canvas.beginPhase(linesEnd + 0.01, 1);
+    m_canvas.beginPhase(LinesEnd + 0.01, 1);
     for (const SurfaceAxis& axis : m_layout.axes) {
         const bool selected = isSelectedObject(ObjectKind::Geometry, axis.object);
-        const Color color = selected ? palette::selected : palette::axis;
+        const Color color = selected ? palette::Selected : palette::Axis;
         for (const BoxLine& tick : axis.ticks)
-            m_canvas.line(tick.from, tick.to, points(axisWidth), color);
-        m_canvas.line(axis.line.from, axis.line.to, points(selected ? selectedWidth : axisWidth), color);
+            m_canvas.line(tick.from, tick.to, points(AxisWidth), color);
+        m_canvas.line(axis.line.from, axis.line.to, points(selected ? SelectedWidth : AxisWidth), color);
     }
     m_canvas.step();
 }
@@ -79,9 +79,9 @@ void SurfacePainter::paintBarVeil()
     for (const TextItem& label : m_layout.barLabels)
         veiled.take({textRect(label).x2, textRect(label).y2});
     for (const PlotText& text : m_layout.texts)
-        if (text.object == surfaceobject::barTitle)
+        if (text.object == surfaceobject::BarTitle)
             veiled.take({textRect(text.item).x1, textRect(text.item).y2});
-    m_canvas.fill(veiled.grown(points(3)), palette::veil);
+    m_canvas.fill(veiled.grown(points(3)), palette::Veil);
 }
 
 void SurfacePainter::paintColorBar()
@@ -95,10 +95,10 @@ void SurfacePainter::paintColorBar()
         m_canvas.fill({bar.x1, from, bar.x2, to},
                       heightColor(bands < 2 ? 0.5 : static_cast<double>(band) / static_cast<double>(bands - 1)));
     }
-    const bool selected = isSelectedObject(ObjectKind::Geometry, surfaceobject::colorBar);
-    m_canvas.outline(bar, points(selected ? selectedWidth : axisWidth), selected ? palette::selected : palette::axis);
+    const bool selected = isSelectedObject(ObjectKind::Geometry, surfaceobject::ColorBar);
+    m_canvas.outline(bar, points(selected ? SelectedWidth : AxisWidth), selected ? palette::Selected : palette::Axis);
     for (const TextItem& label : m_layout.barLabels)
-        m_canvas.line({bar.x2, label.anchor.y}, {bar.x2 + points(3), label.anchor.y}, points(axisWidth), palette::axis);
+        m_canvas.line({bar.x2, label.anchor.y}, {bar.x2 + points(3), label.anchor.y}, points(AxisWidth), palette::Axis);
     m_canvas.step();
 }
 
@@ -112,8 +112,8 @@ void SurfacePainter::paintTexts()
         m_canvas.text(label);
     for (const PlotText& text : m_layout.texts) {
         const bool selected = isSelectedObject(ObjectKind::Text, text.object);
-        if (text.object == surfaceobject::title && !selected)
-            m_canvas.fill(textRect(text.item).grown(points(2)), palette::veil);
+        if (text.object == surfaceobject::Title && !selected)
+            m_canvas.fill(textRect(text.item).grown(points(2)), palette::Veil);
         paintPlotText(m_canvas, m_frame, text.item, selected);
     }
 }

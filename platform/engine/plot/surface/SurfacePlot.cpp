@@ -11,10 +11,10 @@ namespace velmora::engine {
 
 namespace {
 
-constexpr double lowestTilt = 3;
-constexpr double highestTilt = 90;
-constexpr double smallestZoom = 0.1;
-constexpr double largestZoom = 400;
+constexpr double LowestTilt = 3;
+constexpr double HighestTilt = 90;
+constexpr double SmallestZoom = 0.1;
+constexpr double LargestZoom = 400;
 
 bool meetsAxis(const SurfaceAxis& axis, const Rect& rect)
 {
@@ -64,7 +64,7 @@ void SurfacePlot::rotate(double aboutVertical, double tilt)
     if (!std::isfinite(aboutVertical) || !std::isfinite(tilt))
         return;
     view.aboutVertical = std::remainder(view.aboutVertical + aboutVertical, 360.0);
-    view.tilt = std::clamp(view.tilt + tilt, lowestTilt, highestTilt);
+    view.tilt = std::clamp(view.tilt + tilt, LowestTilt, HighestTilt);
 }
 
 void SurfacePlot::translate(double dx, double dy)
@@ -79,7 +79,7 @@ void SurfacePlot::zoom(double factor, double x, double y)
     SurfaceView& view = m_content.view;
     if (!(factor > 0))
         return;
-    const double zoomed = std::clamp(view.zoom * factor, smallestZoom, largestZoom);
+    const double zoomed = std::clamp(view.zoom * factor, SmallestZoom, LargestZoom);
     const double real = zoomed / view.zoom;
     const Point center = surfaceCenter(frameSize());
     view.panX = (x - center.x) * (1 - real) + view.panX * real;
@@ -138,13 +138,13 @@ void SurfacePlot::collect(const Rect& rect, const PickFilter& filter, Selection&
 {
     const SurfaceLayout layout = layOut(m_content.data->grid(), m_content.data->shape, m_content.view, frameSize());
     if (filter.zones && meetsSurface(layout.camera, rect))
-        found.insert({ObjectKind::Zone, surfaceobject::surface});
+        found.insert({ObjectKind::Zone, surfaceobject::Surface});
     if (filter.geometries) {
         for (const SurfaceAxis& axis : layout.axes)
             if (meetsAxis(axis, rect))
                 found.insert({ObjectKind::Geometry, axis.object});
         if (rect.meets(layout.bar))
-            found.insert({ObjectKind::Geometry, surfaceobject::colorBar});
+            found.insert({ObjectKind::Geometry, surfaceobject::ColorBar});
     }
     if (filter.text)
         collectTexts(layout.texts, rect, found);

@@ -7,13 +7,13 @@ namespace velmora::engine {
 
 namespace {
 
-constexpr double lowestRelief = 0.17;
-constexpr double highestRelief = 0.34;
-constexpr double usualRelief = 0.25;
+constexpr double LowestRelief = 0.17;
+constexpr double HighestRelief = 0.34;
+constexpr double UsualRelief = 0.25;
 // A relief this high is no relief: heights and floor are in different units.
-constexpr double incomparable = 1.5;
-constexpr double narrowest = 0.12;
-constexpr int mostBands = 12;
+constexpr double Incomparable = 1.5;
+constexpr double Narrowest = 0.12;
+constexpr int MostBands = 12;
 
 bool isEmpty(const Grid& grid)
 {
@@ -22,9 +22,9 @@ bool isEmpty(const Grid& grid)
 
 double reliefFor(double trueRelief)
 {
-    if (!std::isfinite(trueRelief) || trueRelief > incomparable || trueRelief <= 0)
-        return usualRelief;
-    return std::clamp(trueRelief, lowestRelief, highestRelief);
+    if (!std::isfinite(trueRelief) || trueRelief > Incomparable || trueRelief <= 0)
+        return UsualRelief;
+    return std::clamp(trueRelief, LowestRelief, HighestRelief);
 }
 
 } // namespace
@@ -32,8 +32,8 @@ double reliefFor(double trueRelief)
 SurfaceShape::SurfaceShape(const Grid& grid)
 {
     const double longest = std::max(grid.columns, grid.rows);
-    m_halfX = std::max(grid.columns / longest, narrowest) / 2;
-    m_halfY = std::max(grid.rows / longest, narrowest) / 2;
+    m_halfX = std::max(grid.columns / longest, Narrowest) / 2;
+    m_halfY = std::max(grid.rows / longest, Narrowest) / 2;
     m_stepX = 2 * m_halfX / grid.columns;
     m_stepY = 2 * m_halfY / grid.rows;
     const double half = grid.cellSize / 2;
@@ -49,7 +49,7 @@ void SurfaceShape::chooseBands(const Grid& grid)
     if (!isEmpty(grid))
         range = grid.maximum > grid.minimum ? AxisRange{grid.minimum, grid.maximum}
                                             : rangeAround(grid.minimum, grid.maximum, 0);
-    const double step = niceStep(range, mostBands);
+    const double step = niceStep(range, MostBands);
     const double first = std::floor(range.from / step + 1e-9);
     const double last = std::max(std::ceil(range.to / step - 1e-9), first + 1);
     for (double i = first; i <= last; ++i)
@@ -63,7 +63,7 @@ void SurfaceShape::chooseHeight(const Grid& grid)
     const double longest = std::max(grid.columns, grid.rows) * grid.cellSize;
     const double relief = reliefFor(difference / longest);
     const double share = difference > 0 ? difference / m_heights.span() : 1;
-    m_halfZ = std::min(relief / share, 2 * highestRelief) / 2;
+    m_halfZ = std::min(relief / share, 2 * HighestRelief) / 2;
 }
 
 } // namespace velmora::engine

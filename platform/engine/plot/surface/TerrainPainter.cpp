@@ -14,25 +14,25 @@ namespace velmora::engine {
 namespace {
 
 // Lines on the surface lie a little nearer to the viewer than the surface.
-constexpr double lineLift = 1.2e-3;
+constexpr double LineLift = 1.2e-3;
 
 // A piece that covers more than a few of these squares is filled square by square.
-constexpr double blockSide = 256;
-constexpr int skirtNodes = 129;
-constexpr int borderNodes = 129;
-constexpr std::size_t strokeIndices = 6000; ///< drawn together
+constexpr double BlockSide = 256;
+constexpr int SkirtNodes = 129;
+constexpr int BorderNodes = 129;
+constexpr std::size_t StrokeIndices = 6000; ///< drawn together
 
 // In vertex buffers, beyond as much memory as the grid itself takes. With the levels of detail and the contours
 // all geometry so takes less than two grids and 64 MiB.
-constexpr std::size_t keptBesideGrid = std::size_t{40} << 20;
+constexpr std::size_t KeptBesideGrid = std::size_t{40} << 20;
 
 // Of contour lines, in meshes.
-constexpr double straightness = 0.06;
+constexpr double Straightness = 0.06;
 
 // Beside the levels of all grids: walls of the four sides are pieces of a key of their own.
 int skirtPiece(int side, int first)
 {
-    return -1 - (first / (skirtNodes - 1)) * 4 - side;
+    return -1 - (first / (SkirtNodes - 1)) * 4 - side;
 }
 
 GeometryBytes bytesOf(const MeshPart& part)
@@ -59,7 +59,7 @@ TerrainPainter::TerrainPainter(Canvas& canvas, SurfaceData& data, const Camera& 
       m_mesh(data.levels, data.shape, m_visible.level), m_kept(canvas.drawing().kept)
 {
     if (m_kept)
-        m_kept->beginDrawing(canvas.gl(), data.number, keptBesideGrid + data.grid().values.size() * sizeof(float));
+        m_kept->beginDrawing(canvas.gl(), data.number, KeptBesideGrid + data.grid().values.size() * sizeof(float));
 }
 
 void TerrainPainter::paintSurface(double piecesEnd, double skirtsEnd)
@@ -72,7 +72,7 @@ void TerrainPainter::paintSurface(double piecesEnd, double skirtsEnd)
     m_canvas.beginPhase(piecesEnd, pieces());
     paintPieces();
     m_canvas.beginPhase(skirtsEnd,
-                        static_cast<std::size_t>(2 * (m_mesh.columns() + m_mesh.rows()) / (skirtNodes - 1) + 4));
+                        static_cast<std::size_t>(2 * (m_mesh.columns() + m_mesh.rows()) / (SkirtNodes - 1) + 4));
     paintSkirts();
 }
 
@@ -151,17 +151,17 @@ void TerrainPainter::paintTriangles(const Triangles& triangles, const Rect& wher
 {
     const double cost = triangles.count() / 3.0;
     const Rect visible = m_canvas.visiblePart(where);
-    if (where.width() <= 2 * blockSide && where.height() <= 2 * blockSide) {
+    if (where.width() <= 2 * BlockSide && where.height() <= 2 * BlockSide) {
         draw(triangles);
         m_canvas.charge(cost, visible);
         m_canvas.step();
         return;
     }
-    for (double y = visible.y1; y < visible.y2; y += blockSide)
-        for (double x = visible.x1; x < visible.x2; x += blockSide) {
+    for (double y = visible.y1; y < visible.y2; y += BlockSide)
+        for (double x = visible.x1; x < visible.x2; x += BlockSide) {
             if (m_canvas.stopped())
                 return;
-            const Rect block{x, y, std::min(x + blockSide, visible.x2), std::min(y + blockSide, visible.y2)};
+            const Rect block{x, y, std::min(x + BlockSide, visible.x2), std::min(y + BlockSide, visible.y2)};
             m_canvas.clip(block);
             draw(triangles);
             m_canvas.charge(cost / 2, block);
@@ -207,13 +207,13 @@ void TerrainPainter::paintSkirts()
     m_canvas.gl().Materialfv(GL_FRONT_AND_BACK, GL_EMISSION, glow);
     m_canvas.gl().Materialfv(GL_FRONT_AND_BACK, GL_AMBIENT_AND_DIFFUSE, stone);
     for (int side = 0; side < 4; ++side)
-        for (int first = 0; first + 1 < m_mesh.sideLength(side) && !m_canvas.stopped(); first += skirtNodes - 1)
+        for (int first = 0; first + 1 < m_mesh.sideLength(side) && !m_canvas.stopped(); first += SkirtNodes - 1)
             paintSkirt(side, first);
 }
 
 void TerrainPainter::paintSkirt(int side, int first)
 {
-    const int count = std::min(skirtNodes, m_mesh.sideLength(side) - first);
+    const int count = std::min(SkirtNodes, m_mesh.sideLength(side) - first);
     const Rect where = sideRect(side, first, count);
     if (!m_canvas.shows(where)) {
         m_canvas.step();
@@ -234,7 +234,7 @@ Rect TerrainPainter::sideRect(int side, int first, int count) const
 StrokePoint TerrainPainter::onSurface(const glm::dvec3& place) const
 {
     const StrokePoint point = m_camera.project(place);
-    return {point.x, point.y, -(point.z - lineLift)};
+    return {point.x, point.y, -(point.z - LineLift)};
 }
 
 void TerrainPainter::useLinesOnSurface()
@@ -264,7 +264,7 @@ std::shared_ptr<const ContourLines> TerrainPainter::keepContours(int piece) cons
     if (auto kept = m_data.contours.find(key))
         return kept;
     const double mesh = std::min(m_data.shape.stepX(), m_data.shape.stepY()) * (1 << m_visible.level);
-    return m_data.contours.add(key, contoursOf(m_part, m_data.shape, straightness * mesh));
+    return m_data.contours.add(key, contoursOf(m_part, m_data.shape, Straightness * mesh));
 }
 
 std::shared_ptr<const ContourLines> TerrainPainter::contours(const VisiblePiece& piece)
@@ -288,7 +288,7 @@ void TerrainPainter::paintContours(const TerrainLines& lines)
                 points.push_back(onSurface(place));
             stroke.addLine(points.data(), points.size());
         }
-        if (stroke.indices().size() > strokeIndices)
+        if (stroke.indices().size() > StrokeIndices)
             paintStroke(stroke);
         m_canvas.step();
     }
@@ -305,8 +305,8 @@ void TerrainPainter::paintBorder(int side, const TerrainLines& lines)
 {
     Stroke stroke(lines.borderWidth, lines.borderColor);
     const int length = m_mesh.sideLength(side);
-    for (int first = 0; first < length && !m_canvas.stopped(); first += borderNodes - 1) {
-        const int count = std::min(borderNodes, length - first);
+    for (int first = 0; first < length && !m_canvas.stopped(); first += BorderNodes - 1) {
+        const int count = std::min(BorderNodes, length - first);
         if (!m_canvas.shows(sideRect(side, first, count).grown(lines.borderWidth)))
             continue;
         std::vector<StrokePoint> line;

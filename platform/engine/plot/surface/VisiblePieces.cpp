@@ -7,8 +7,8 @@ namespace velmora::engine {
 namespace {
 
 // Smaller meshes cost much and show no more than the next level.
-constexpr double leastMeshPixels = 1.2;
-constexpr std::size_t trianglesAPiece = std::size_t{2} * SurfaceMesh::pieceSide * SurfaceMesh::pieceSide;
+constexpr double LeastMeshPixels = 1.2;
+constexpr std::size_t TrianglesAPiece = std::size_t{2} * SurfaceMesh::PieceSide * SurfaceMesh::PieceSide;
 
 class Chooser {
 public:
@@ -78,7 +78,7 @@ VisiblePieces chooseVisiblePieces(const SurfaceData& data, const Camera& camera,
     VisiblePieces chosen = chooser.all(data.levels.coarsest());
     while (chosen.level > finest) {
         VisiblePieces finer = chooser.finer(chosen);
-        if (finer.pieces.size() * trianglesAPiece > mostTriangles)
+        if (finer.pieces.size() * TrianglesAPiece > mostTriangles)
             break;
         chosen = std::move(finer);
     }
@@ -91,7 +91,7 @@ int fullLevel(const SurfaceData& data, const Camera& camera)
 {
     const double cell = camera.scale() * std::min(data.shape.stepX(), data.shape.stepY());
     int level = 0;
-    while (level < data.levels.coarsest() && cell * (1 << level) < leastMeshPixels)
+    while (level < data.levels.coarsest() && cell * (1 << level) < LeastMeshPixels)
         ++level;
     return level;
 }

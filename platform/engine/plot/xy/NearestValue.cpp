@@ -7,7 +7,7 @@ namespace velmora::engine {
 
 namespace {
 
-constexpr double nearEnough = 0.5; // pixels
+constexpr double NearEnough = 0.5; // pixels
 
 double distance(Point a, Point b)
 {
@@ -27,7 +27,7 @@ public:
     bool look(const Series& series, std::size_t line)
     {
         bool hasFound = false;
-        for (std::size_t row = 0; row < series.size() && m_distance > nearEnough; row += SeriesBlocks::rowsABlock)
+        for (std::size_t row = 0; row < series.size() && m_distance > NearEnough; row += SeriesBlocks::RowsABlock)
             if (mayHold(series.blocks->blockOf(row)))
                 hasFound = lookInBlock(series, line, row) || hasFound;
         return hasFound;
@@ -49,7 +49,7 @@ private:
     bool lookInBlock(const Series& series, std::size_t line, std::size_t first)
     {
         bool hasFound = false;
-        const std::size_t end = std::min(first + SeriesBlocks::rowsABlock, series.size());
+        const std::size_t end = std::min(first + SeriesBlocks::RowsABlock, series.size());
         for (std::size_t row = first; row < end; ++row) {
             const Point at = m_map(series.at(row));
             const double away = distance(at, m_place);

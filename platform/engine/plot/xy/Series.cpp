@@ -9,8 +9,8 @@ namespace velmora::engine {
 
 namespace {
 
-constexpr double roomBeside = 0.015;
-constexpr double roomAbove = 0.05;
+constexpr double RoomBeside = 0.015;
+constexpr double RoomAbove = 0.05;
 
 } // namespace
 
@@ -32,18 +32,18 @@ std::vector<Series> seriesOf(const Table& table, Checkpoint& checkpoint)
 
 void findRanges(const std::vector<Series>& series, AxisRange& x, AxisRange& y)
 {
-    constexpr double most = std::numeric_limits<double>::infinity();
-    Rect covered{most, most, -most, -most};
+    constexpr double Most = std::numeric_limits<double>::infinity();
+    Rect covered{Most, Most, -Most, -Most};
     for (const Series& line : series)
-        for (std::size_t row = 0; line.isShown && row < line.size(); row += SeriesBlocks::rowsABlock) {
+        for (std::size_t row = 0; line.isShown && row < line.size(); row += SeriesBlocks::RowsABlock) {
             const Rect& block = line.blocks->blockOf(row).covered;
             if (block.x1 > block.x2)
                 continue;
             covered.take({block.x1, block.y1});
             covered.take({block.x2, block.y2});
         }
-    x = rangeAround(covered.x1, covered.x2, roomBeside);
-    y = rangeAround(covered.y1, covered.y2, roomAbove);
+    x = rangeAround(covered.x1, covered.x2, RoomBeside);
+    y = rangeAround(covered.y1, covered.y2, RoomAbove);
 }
 
 } // namespace velmora::engine

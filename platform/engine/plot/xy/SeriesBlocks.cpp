@@ -12,7 +12,7 @@ namespace velmora::engine {
 
 namespace {
 
-constexpr std::size_t blocksAPortion = 256;
+constexpr std::size_t BlocksAPortion = 256;
 
 bool growsWithoutGap(const double* values, std::size_t count)
 {
@@ -28,7 +28,7 @@ SeriesBlocks::Block blockOfValues(const double* values)
     std::size_t lowest = 0;
     std::size_t highest = 0;
     bool isFinite = true;
-    for (std::size_t i = 0; i < SeriesBlocks::rowsABlock; ++i) {
+    for (std::size_t i = 0; i < SeriesBlocks::RowsABlock; ++i) {
         isFinite = isFinite && std::isfinite(values[i]);
         lowest = values[i] < values[lowest] ? i : lowest;
         highest = values[i] > values[highest] ? i : highest;
@@ -41,8 +41,8 @@ SeriesBlocks::Block blockOfValues(const double* values)
 
 Rect coveredBy(const double* x, const double* y, std::size_t firstRow, std::size_t count)
 {
-    constexpr double most = std::numeric_limits<double>::infinity();
-    Rect covered{most, most, -most, -most};
+    constexpr double Most = std::numeric_limits<double>::infinity();
+    Rect covered{Most, Most, -Most, -Most};
     for (std::size_t i = 0; i < count; ++i) {
         const Point point{x ? x[i] : static_cast<double>(firstRow + i) + 1, y[i]};
         if (std::isfinite(point.x) && std::isfinite(point.y))
@@ -56,14 +56,14 @@ Rect coveredBy(const double* x, const double* y, std::size_t firstRow, std::size
 SeriesBlocks::SeriesBlocks(const Column* x, const Column& y, Checkpoint& checkpoint)
 {
     const std::size_t rows = x ? std::min(x->values.size(), y.values.size()) : y.values.size();
-    m_blocks.reserve(rows / rowsABlock + 1);
-    for (std::size_t row = 0; row < rows; row += rowsABlock) {
-        if (m_blocks.size() % blocksAPortion == 0 && !checkpoint.goOn(1))
+    m_blocks.reserve(rows / RowsABlock + 1);
+    for (std::size_t row = 0; row < rows; row += RowsABlock) {
+        if (m_blocks.size() % BlocksAPortion == 0 && !checkpoint.goOn(1))
             throw ReadInterrupted();
-        const std::size_t count = std::min(rowsABlock, rows - row);
+        const std::size_t count = std::min(RowsABlock, rows - row);
         const double* const across = x ? &x->values[row] : nullptr;
-        m_blocks.push_back(count == rowsABlock ? blockOfValues(&y.values[row]) : Block());
-        m_blocks.back().isPlain = m_blocks.back().isPlain && (!x || growsWithoutGap(across, rowsABlock));
+        m_blocks.push_back(count == RowsABlock ? blockOfValues(&y.values[row]) : Block());
+        m_blocks.back().isPlain = m_blocks.back().isPlain && (!x || growsWithoutGap(across, RowsABlock));
         m_blocks.back().covered = coveredBy(across, &y.values[row], row, count);
     }
 }

@@ -15,7 +15,7 @@ struct Column;
 /// not look at all of them, and neither need a search.
 class SeriesBlocks {
 public:
-    static constexpr std::size_t rowsABlock = 256;
+    static constexpr std::size_t RowsABlock = 256;
 
     struct Block {
         std::uint8_t lowest = 0; ///< row in the block
@@ -27,7 +27,7 @@ public:
     /// `x` is null for row numbers. Asks `checkpoint` to go on; throws ReadInterrupted when it says no.
     SeriesBlocks(const Column* x, const Column& y, Checkpoint& checkpoint);
 
-    const Block& blockOf(std::size_t row) const { return m_blocks[row / rowsABlock]; }
+    const Block& blockOf(std::size_t row) const { return m_blocks[row / RowsABlock]; }
 
 private:
     std::vector<Block> m_blocks;

@@ -9,10 +9,10 @@ namespace {
 
 // A portion ends after so many rows read or segments made, whichever is first: both take well
 // under half a millisecond, the latter with their drawing by a software OpenGL.
-constexpr std::size_t rowsAPortion = 8192;
-constexpr std::size_t segmentsAPortion = 160;
+constexpr std::size_t RowsAPortion = 8192;
+constexpr std::size_t SegmentsAPortion = 160;
 // In a column of pixels: more than these are drawn as a bar where a coarse picture will do.
-constexpr std::size_t mostPointsOfLines = 4;
+constexpr std::size_t MostPointsOfLines = 4;
 
 } // namespace
 
@@ -22,7 +22,7 @@ SeriesPath::SeriesPath(const Series& series, const AxisMap& map, double lineWidt
 
 std::size_t SeriesPath::mostPortions(const Series& series)
 {
-    return series.size() / segmentsAPortion + 1;
+    return series.size() / SegmentsAPortion + 1;
 }
 
 bool SeriesPath::next(Portion& portion)
@@ -34,7 +34,7 @@ bool SeriesPath::next(Portion& portion)
         return false;
     m_segments = 0;
     portion.rows = 0;
-    for (; portion.rows < rowsAPortion && m_segments < segmentsAPortion && m_row < m_series.size(); ++portion.rows)
+    for (; portion.rows < RowsAPortion && m_segments < SegmentsAPortion && m_row < m_series.size(); ++portion.rows)
         if (!takeBlock(portion))
             takeRow(portion);
     if (m_row == m_series.size())
@@ -70,18 +70,18 @@ void SeriesPath::takeRow(Portion& portion)
 /// Many rows that are all in the same column of pixels: those that show are known.
 bool SeriesPath::takeBlock(Portion& portion)
 {
-    if (m_row % SeriesBlocks::rowsABlock != 0 || !m_series.blocks || !m_series.blocks->blockOf(m_row).isPlain)
+    if (m_row % SeriesBlocks::RowsABlock != 0 || !m_series.blocks || !m_series.blocks->blockOf(m_row).isPlain)
         return false;
     const SeriesBlocks::Block& block = m_series.blocks->blockOf(m_row);
     const Point first = m_map(m_series.at(m_row));
-    const Point last = m_map(m_series.at(m_row + SeriesBlocks::rowsABlock - 1));
+    const Point last = m_map(m_series.at(m_row + SeriesBlocks::RowsABlock - 1));
     if (std::floor(first.x) != std::floor(last.x))
         return false;
     addToColumn(first, portion);
     addToColumn(m_map(m_series.at(m_row + std::min(block.lowest, block.highest))), portion);
     addToColumn(m_map(m_series.at(m_row + std::max(block.lowest, block.highest))), portion);
     addToColumn(last, portion);
-    m_row += SeriesBlocks::rowsABlock;
+    m_row += SeriesBlocks::RowsABlock;
     return true;
 }
 
@@ -113,7 +113,7 @@ void SeriesPath::endColumn(Portion& portion)
         return;
     const bool lowestFirst = column.lowestAt < column.highestAt;
     lineTo(column.first, portion);
-    if (m_detail == Detail::Coarse && column.points > mostPointsOfLines) {
+    if (m_detail == Detail::Coarse && column.points > MostPointsOfLines) {
         addBar(column, portion);
         return;
     }

@@ -11,10 +11,10 @@ namespace velmora::engine {
 namespace {
 
 // Points.
-constexpr double sampleLength = 20;
-constexpr double entryGap = 16;
+constexpr double SampleLength = 20;
+constexpr double EntryGap = 16;
 
-constexpr std::size_t mostLegendRows = 3;
+constexpr std::size_t MostLegendRows = 3;
 
 /// Lays out one plot from the outside inwards: each part takes its room from `free`.
 class Builder {
@@ -22,17 +22,17 @@ public:
     Builder(const XYContent& content, const FrameSize& frame) : m_content(content), m_frame(frame)
     {
         m_layout.map = content.map;
-        m_free = frame.rect().grown(-points(plotsize::edge));
+        m_free = frame.rect().grown(-points(plotsize::Edge));
     }
 
     XYLayout build()
     {
         addTitle();
         addLegend();
-        m_free.y1 += points(plotsize::axisTitle) * 1.2 + points(plotsize::gap) + points(plotsize::label) * 1.3 +
-                     points(plotsize::tick + plotsize::gap);
+        m_free.y1 += points(plotsize::AxisTitle) * 1.2 + points(plotsize::Gap) + points(plotsize::Label) * 1.3 +
+                     points(plotsize::Tick + plotsize::Gap);
         chooseYTicks();
-        m_free.x2 -= points(plotsize::edge);
+        m_free.x2 -= points(plotsize::Edge);
         snap(m_free);
         m_layout.map.plot = m_free;
         chooseXTicks();
@@ -62,8 +62,8 @@ private:
 
 std::string titleOf(const Column& column)
 {
-    const std::string unit = column.unit.empty() ? "" : " (" + shortened(column.unit, longestName) + ")";
-    return shortened(column.name, longestName) + unit;
+    const std::string unit = column.unit.empty() ? "" : " (" + shortened(column.unit, LongestName) + ")";
+    return shortened(column.name, LongestName) + unit;
 }
 
 bool allDates(const std::vector<Series>& series)
@@ -81,20 +81,20 @@ void Builder::snap(Rect& rect)
 
 void Builder::addTitle()
 {
-    m_layout.texts.push_back({plotTitle(m_content.table->name, m_frame, m_free.y2), xyobject::title});
-    m_free.y2 -= points(plotsize::title) * 1.2 + points(plotsize::gap) * 2;
+    m_layout.texts.push_back({plotTitle(m_content.table->name, m_frame, m_free.y2), xyobject::Title});
+    m_free.y2 -= points(plotsize::Title) * 1.2 + points(plotsize::Gap) * 2;
 }
 
 bool Builder::placeEntry(std::size_t line, Point& at, std::size_t& row)
 {
-    const double size = points(plotsize::label);
+    const double size = points(plotsize::Label);
     const Series& series = m_content.series[line];
-    const auto& colour = series.isShown ? palette::ink : palette::hidden;
+    const auto& colour = series.isShown ? palette::Ink : palette::Hidden;
     TextItem text{titleOf(*series.y), at, size, Align::Start, Align::Middle, false, false, colour};
-    const double width = points(sampleLength + plotsize::gap) + measureText(FontFace::regular(), text.text, size).width;
+    const double width = points(SampleLength + plotsize::Gap) + measureText(FontFace::regular(), text.text, size).width;
     if (at.x + width > m_free.x2 && at.x > m_free.x1) {
         at = {m_free.x1, at.y - size * 1.6};
-        if (++row == mostLegendRows) {
+        if (++row == MostLegendRows) {
             text = {"… " + std::to_string(m_content.series.size() - line) + " more",
                     at,
                     size,
@@ -102,16 +102,16 @@ bool Builder::placeEntry(std::size_t line, Point& at, std::size_t& row)
                     Align::Middle,
                     false,
                     false,
-                    palette::label};
-            m_layout.texts.push_back({text, xyobject::legendText + static_cast<int>(line)});
+                    palette::Label};
+            m_layout.texts.push_back({text, xyobject::LegendText + static_cast<int>(line)});
             return false;
         }
     }
     const Rect entry{at.x, at.y - size * 0.8, at.x + width, at.y + size * 0.8};
-    m_layout.samples.push_back({at, {at.x + points(sampleLength), at.y}, entry, line});
-    text.anchor = {at.x + points(sampleLength + plotsize::gap), at.y};
-    m_layout.texts.push_back({text, xyobject::legendText + static_cast<int>(line)});
-    at.x += width + points(entryGap);
+    m_layout.samples.push_back({at, {at.x + points(SampleLength), at.y}, entry, line});
+    text.anchor = {at.x + points(SampleLength + plotsize::Gap), at.y};
+    m_layout.texts.push_back({text, xyobject::LegendText + static_cast<int>(line)});
+    at.x += width + points(EntryGap);
     return true;
 }
 
@@ -120,7 +120,7 @@ void Builder::addLegend()
 {
     if (m_content.series.size() < 2)
         return;
-    const double size = points(plotsize::label);
+    const double size = points(plotsize::Label);
     Point at{m_free.x1, m_free.y2 - size / 2};
     std::size_t row = 0;
     const std::size_t firstText = m_layout.texts.size();
@@ -130,17 +130,17 @@ void Builder::addLegend()
     m_layout.legend = {at.x, at.y, at.x, at.y};
     for (std::size_t i = firstText; i < m_layout.texts.size(); ++i) {
         const Rect text = textRect(m_layout.texts[i].item);
-        m_layout.legend.take({text.x1 - points(sampleLength + plotsize::gap), text.y1});
+        m_layout.legend.take({text.x1 - points(SampleLength + plotsize::Gap), text.y1});
         m_layout.legend.take({text.x2, text.y2});
     }
-    m_free.y2 = m_layout.legend.y1 - points(plotsize::gap) * 1.6;
+    m_free.y2 = m_layout.legend.y1 - points(plotsize::Gap) * 1.6;
 }
 
 double Builder::widestLabel(const std::vector<Tick>& ticks) const
 {
     double widest = 0;
     for (const Tick& tick : ticks)
-        widest = std::max(widest, measureText(FontFace::regular(), tick.label, points(plotsize::label)).width);
+        widest = std::max(widest, measureText(FontFace::regular(), tick.label, points(plotsize::Label)).width);
     return widest;
 }
 
@@ -151,10 +151,10 @@ std::vector<Tick> Builder::yTicksFor(int most) const
 
 void Builder::chooseYTicks()
 {
-    const int most = std::clamp(static_cast<int>(m_free.height() / points(plotsize::label * 3.6)), 1, 12);
+    const int most = std::clamp(static_cast<int>(m_free.height() / points(plotsize::Label * 3.6)), 1, 12);
     m_layout.yTicks = yTicksFor(most);
-    m_free.x1 += points(plotsize::axisTitle) * 1.2 + points(plotsize::gap) + widestLabel(m_layout.yTicks) +
-                 points(plotsize::tick + plotsize::gap);
+    m_free.x1 += points(plotsize::AxisTitle) * 1.2 + points(plotsize::Gap) + widestLabel(m_layout.yTicks) +
+                 points(plotsize::Tick + plotsize::Gap);
 }
 
 // As many ticks as the widths of their labels allow; how wide they are the ticks tell.
@@ -162,11 +162,11 @@ void Builder::chooseXTicks()
 {
     const Rect& plot = m_layout.map.plot;
     const bool isDate = !m_content.series.empty() && m_content.series.front().x && m_content.series.front().x->isDate;
-    const int upper = std::clamp(static_cast<int>(plot.width() / points(plotsize::label * 4)), 1, 12);
+    const int upper = std::clamp(static_cast<int>(plot.width() / points(plotsize::Label * 4)), 1, 12);
     for (int most = upper; most >= 1; --most) {
         m_layout.xTicks = isDate ? dateTicks(m_layout.map.x, most) : numberTicks(m_layout.map.x, most);
-        const double needed = widestLabel(m_layout.xTicks) + points(plotsize::label) * 1.5;
-        if (needed * static_cast<double>(m_layout.xTicks.size()) <= plot.width() + points(plotsize::label))
+        const double needed = widestLabel(m_layout.xTicks) + points(plotsize::Label) * 1.5;
+        if (needed * static_cast<double>(m_layout.xTicks.size()) <= plot.width() + points(plotsize::Label))
             return;
     }
 }
@@ -174,49 +174,49 @@ void Builder::chooseXTicks()
 void Builder::addAxisTitles()
 {
     const Rect& plot = m_layout.map.plot;
-    const double size = points(plotsize::axisTitle);
+    const double size = points(plotsize::AxisTitle);
     const bool single = m_content.series.size() == 1;
     const std::string xTitle =
         m_content.series.empty() || !m_content.series[0].x ? "Row" : titleOf(*m_content.series[0].x);
     const std::string yTitle = single ? titleOf(*m_content.series[0].y) : "Value";
     m_layout.texts.push_back({{xTitle,
-                               {(plot.x1 + plot.x2) / 2, points(plotsize::edge)},
+                               {(plot.x1 + plot.x2) / 2, points(plotsize::Edge)},
                                size,
                                Align::Middle,
                                Align::Start,
                                false,
                                false,
-                               palette::ink},
-                              xyobject::xTitle});
+                               palette::Ink},
+                              xyobject::XTitle});
     m_layout.texts.push_back({{yTitle,
-                               {points(plotsize::edge), (plot.y1 + plot.y2) / 2},
+                               {points(plotsize::Edge), (plot.y1 + plot.y2) / 2},
                                size,
                                Align::Middle,
                                Align::End,
                                true,
                                false,
-                               palette::ink},
-                              xyobject::yTitle});
+                               palette::Ink},
+                              xyobject::YTitle});
 }
 
 void Builder::addTickLabels()
 {
     const Rect& plot = m_layout.map.plot;
-    const double size = points(plotsize::label);
-    const double away = points(plotsize::tick + plotsize::gap / 2);
+    const double size = points(plotsize::Label);
+    const double away = points(plotsize::Tick + plotsize::Gap / 2);
     m_layout.xAxis = {plot.x1, plot.y1 - away, plot.x2, plot.y1};
     m_layout.yAxis = {plot.x1 - away, plot.y1, plot.x1, plot.y2};
     std::vector<TextItem>& labels = m_layout.tickLabels;
     for (const Tick& tick : m_layout.xTicks) {
         const double x = m_layout.map({tick.value, 0}).x;
         labels.push_back(
-            {tick.label, {x, plot.y1 - away}, size, Align::Middle, Align::End, false, false, palette::label});
+            {tick.label, {x, plot.y1 - away}, size, Align::Middle, Align::End, false, false, palette::Label});
         m_layout.xAxis.y1 = std::min(m_layout.xAxis.y1, textRect(labels.back()).y1);
     }
     for (const Tick& tick : m_layout.yTicks) {
         const double y = m_layout.map({0, tick.value}).y;
         labels.push_back(
-            {tick.label, {plot.x1 - away, y}, size, Align::End, Align::Middle, false, false, palette::label});
+            {tick.label, {plot.x1 - away, y}, size, Align::End, Align::Middle, false, false, palette::Label});
         m_layout.yAxis.x1 = std::min(m_layout.yAxis.x1, textRect(labels.back()).x1);
     }
 }

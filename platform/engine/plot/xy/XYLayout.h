@@ -11,12 +11,12 @@ namespace velmora::engine {
 /// The numbers of the objects of a plot of lines.
 namespace xyobject {
 
-constexpr int title = 0, xTitle = 1, yTitle = 2, legendText = 100; ///< texts; legendText + line
-constexpr int xAxis = 0, yAxis = 1, legend = 2;                    ///< geometries
+constexpr int Title = 0, XTitle = 1, YTitle = 2, LegendText = 100; ///< texts; legendText + line
+constexpr int XAxis = 0, YAxis = 1, Legend = 2;                    ///< geometries
 
 } // namespace xyobject
 
-constexpr std::size_t longestName = 40; ///< of a line or an axis, in characters
+constexpr std::size_t LongestName = 40; ///< of a line or an axis, in characters
 
 /// What a plot of lines shows, for as long as one drawing of it lasts.
 struct XYContent {

@@ -10,25 +10,25 @@ namespace velmora::engine {
 namespace {
 
 // Points.
-constexpr double lineWidth = 1.2;
-constexpr double selectedWidth = 2;
-constexpr double haloWidth = 5;
-constexpr double dotRadius = 2;
-constexpr double markerRadius = 2.8;
-constexpr double markerDistance = 14;
-constexpr double gridWidth = 0.6;
-constexpr double axisWidth = 0.8;
-constexpr double selectedAxisWidth = 2;
+constexpr double LineWidth = 1.2;
+constexpr double SelectedWidth = 2;
+constexpr double HaloWidth = 5;
+constexpr double DotRadius = 2;
+constexpr double MarkerRadius = 2.8;
+constexpr double MarkerDistance = 14;
+constexpr double GridWidth = 0.6;
+constexpr double AxisWidth = 0.8;
+constexpr double SelectedAxisWidth = 2;
 
 // So many rows are read while a triangle is set up.
-constexpr double rowsATriangle = 16;
-constexpr std::size_t verticesAtOnce = 4000; ///< a line of many dashes is drawn in parts
+constexpr double RowsATriangle = 16;
+constexpr std::size_t VerticesAtOnce = 4000; ///< a line of many dashes is drawn in parts
 
-constexpr Color halo{255, 178, 80, 150};
+constexpr Color Halo{255, 178, 80, 150};
 
 // Of the whole work: the grid, then the lines, then the rest.
-constexpr double gridEnds = 0.05;
-constexpr double linesEnd = 0.7;
+constexpr double GridEnds = 0.05;
+constexpr double LinesEnd = 0.7;
 
 } // namespace
 
@@ -50,14 +50,14 @@ bool XYPainter::paint()
 void XYPainter::paintGrid()
 {
     const Rect& plot = m_layout.map.plot;
-    m_canvas.beginPhase(gridEnds, 1);
+    m_canvas.beginPhase(GridEnds, 1);
     for (const Tick& tick : m_layout.xTicks) {
         const double x = m_layout.map({tick.value, 0}).x;
-        m_canvas.line({x, plot.y1}, {x, plot.y2}, points(gridWidth), palette::grid);
+        m_canvas.line({x, plot.y1}, {x, plot.y2}, points(GridWidth), palette::Grid);
     }
     for (const Tick& tick : m_layout.yTicks) {
         const double y = m_layout.map({0, tick.value}).y;
-        m_canvas.line({plot.x1, y}, {plot.x2, y}, points(gridWidth), palette::grid);
+        m_canvas.line({plot.x1, y}, {plot.x2, y}, points(GridWidth), palette::Grid);
     }
     m_canvas.step();
 }
@@ -83,16 +83,16 @@ std::size_t XYPainter::lineSteps() const
 // Selected lines come last: they lie above the others.
 void XYPainter::paintLines()
 {
-    m_canvas.beginPhase(linesEnd, lineSteps());
+    m_canvas.beginPhase(LinesEnd, lineSteps());
     m_canvas.clip(m_layout.map.plot);
     const std::vector<Series>& series = m_content.series;
     for (std::size_t i = 0; i < series.size(); ++i)
         if (isDrawn(i, false))
-            paintLine(i, points(lineWidth), series[i].color, true);
+            paintLine(i, points(LineWidth), series[i].color, true);
     for (std::size_t i = 0; i < series.size(); ++i)
         if (isDrawn(i, true)) {
-            paintLine(i, points(haloWidth), halo, false);
-            paintLine(i, points(selectedWidth), series[i].color, false);
+            paintLine(i, points(HaloWidth), Halo, false);
+            paintLine(i, points(SelectedWidth), series[i].color, false);
             paintMarkers(i);
         }
     m_canvas.clipToFrame();
@@ -102,7 +102,7 @@ void XYPainter::paintLine(std::size_t line, double width, Color color, bool with
 {
     SeriesPath path(m_content.series[line], m_layout.map, width, m_canvas.drawing().detail);
     SeriesPath::Portion portion;
-    Dashes dashes(m_content.series[line].dashes, points(lineWidth));
+    Dashes dashes(m_content.series[line].dashes, points(LineWidth));
     Stroke stroke(width, color);
     while (!m_canvas.stopped() && path.next(portion)) {
         stroke.clear();
@@ -115,16 +115,16 @@ void XYPainter::paintLine(std::size_t line, double width, Color color, bool with
             stroke.addBar(bar);
         for (const StrokePoint& dot : portion.dots)
             if (withDots)
-                stroke.addDisc(dot, points(dotRadius));
+                stroke.addDisc(dot, points(DotRadius));
         m_canvas.stroke(stroke);
-        m_canvas.charge(static_cast<double>(portion.rows) / rowsATriangle);
+        m_canvas.charge(static_cast<double>(portion.rows) / RowsATriangle);
         m_canvas.step();
     }
 }
 
 void XYPainter::drawWhenLong(Stroke& stroke)
 {
-    if (stroke.vertices().size() < verticesAtOnce)
+    if (stroke.vertices().size() < VerticesAtOnce)
         return;
     m_canvas.stroke(stroke);
     stroke.clear();
@@ -135,18 +135,18 @@ void XYPainter::drawWhenLong(Stroke& stroke)
 void XYPainter::paintMarkers(std::size_t line)
 {
     const Series& series = m_content.series[line];
-    Stroke markers(2, palette::selected);
+    Stroke markers(2, palette::Selected);
     Point last{-1e30, 0};
     for (std::size_t row = 0; row < series.size() && !m_canvas.stopped(); ++row) {
         const Point at = m_layout.map(series.at(row));
-        const bool isRoomy = std::hypot(at.x - last.x, at.y - last.y) >= points(markerDistance);
+        const bool isRoomy = std::hypot(at.x - last.x, at.y - last.y) >= points(MarkerDistance);
         if (isRoomy && m_layout.map.plot.contains(at)) {
-            markers.addDisc({at.x, at.y, 0}, points(markerRadius));
+            markers.addDisc({at.x, at.y, 0}, points(MarkerRadius));
             last = at;
         }
         if ((row + 1) % 1024 == 0 || markers.vertices().size() > 1000 || row + 1 == series.size()) {
             m_canvas.stroke(markers);
-            m_canvas.charge(1024 / rowsATriangle);
+            m_canvas.charge(1024 / RowsATriangle);
             markers.clear();
             m_canvas.step();
         }
@@ -158,31 +158,31 @@ void XYPainter::paintTicks(double length, double width)
     const Rect& plot = m_layout.map.plot;
     for (const Tick& tick : m_layout.xTicks) {
         const double x = m_layout.map({tick.value, 0}).x;
-        m_canvas.line({x, plot.y1 - length}, {x, plot.y1}, width, palette::axis);
+        m_canvas.line({x, plot.y1 - length}, {x, plot.y1}, width, palette::Axis);
     }
     for (const Tick& tick : m_layout.yTicks) {
         const double y = m_layout.map({0, tick.value}).y;
-        m_canvas.line({plot.x1 - length, y}, {plot.x1, y}, width, palette::axis);
+        m_canvas.line({plot.x1 - length, y}, {plot.x1, y}, width, palette::Axis);
     }
 }
 
 void XYPainter::paintAxes()
 {
     const Rect& plot = m_layout.map.plot;
-    m_canvas.beginPhase(linesEnd + 0.02, 1);
-    paintTicks(points(plotsize::tick), points(axisWidth));
-    m_canvas.outline(plot, points(axisWidth), palette::axis);
-    if (isSelected(m_selection, ObjectKind::Geometry, xyobject::xAxis))
-        m_canvas.line({plot.x1, plot.y1}, {plot.x2, plot.y1}, points(selectedAxisWidth), palette::selected);
-    if (isSelected(m_selection, ObjectKind::Geometry, xyobject::yAxis))
-        m_canvas.line({plot.x1, plot.y1}, {plot.x1, plot.y2}, points(selectedAxisWidth), palette::selected);
+    m_canvas.beginPhase(LinesEnd + 0.02, 1);
+    paintTicks(points(plotsize::Tick), points(AxisWidth));
+    m_canvas.outline(plot, points(AxisWidth), palette::Axis);
+    if (isSelected(m_selection, ObjectKind::Geometry, xyobject::XAxis))
+        m_canvas.line({plot.x1, plot.y1}, {plot.x2, plot.y1}, points(SelectedAxisWidth), palette::Selected);
+    if (isSelected(m_selection, ObjectKind::Geometry, xyobject::YAxis))
+        m_canvas.line({plot.x1, plot.y1}, {plot.x1, plot.y2}, points(SelectedAxisWidth), palette::Selected);
     m_canvas.step();
 }
 
 void XYPainter::paintLegend()
 {
-    if (isSelected(m_selection, ObjectKind::Geometry, xyobject::legend))
-        m_canvas.outline(m_layout.legend.grown(points(2)), points(1.2), palette::selected);
+    if (isSelected(m_selection, ObjectKind::Geometry, xyobject::Legend))
+        m_canvas.outline(m_layout.legend.grown(points(2)), points(1.2), palette::Selected);
     for (const LegendSample& sample : m_layout.samples)
         paintSample(sample);
     m_canvas.step();
@@ -191,10 +191,10 @@ void XYPainter::paintLegend()
 void XYPainter::paintSample(const LegendSample& sample)
 {
     const Series& line = m_content.series[sample.line];
-    Dashes dashes(line.dashes, points(lineWidth));
+    Dashes dashes(line.dashes, points(LineWidth));
     for (const Dashes::Line& dash : dashes.cut({{sample.from.x, sample.from.y, 0}, {sample.to.x, sample.to.y, 0}}))
         m_canvas.line({dash.front().x, dash.front().y}, {dash.back().x, dash.back().y},
-                      points(isLineSelected(sample.line) ? 3 : 2), line.isShown ? line.color : palette::hidden);
+                      points(isLineSelected(sample.line) ? 3 : 2), line.isShown ? line.color : palette::Hidden);
 }
 
 void XYPainter::paintTexts()

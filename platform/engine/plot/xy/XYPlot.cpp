@@ -14,17 +14,17 @@ namespace velmora::engine {
 namespace {
 
 // Beyond these nothing is to be seen, and soon nothing to be computed.
-constexpr double nearest = 1e-9;
-constexpr double farthest = 1e3;
+constexpr double Nearest = 1e-9;
+constexpr double Farthest = 1e3;
 // Of the larger number: a few thousand doubles are between them, more than a picture is wide.
-constexpr double closestTogether = 1e-12;
+constexpr double ClosestTogether = 1e-12;
 
 bool isRange(const AxisRange& range)
 {
     return std::isfinite(range.from) && std::isfinite(range.to) && range.span() > 0;
 }
 
-constexpr double reachOfValue = 12; // points
+constexpr double ReachOfValue = 12; // points
 
 /// Scales the range about the value that lies at `fraction` of it.
 AxisRange zoomed(const AxisRange& range, const AxisRange& full, double factor, double fraction)
@@ -33,8 +33,8 @@ AxisRange zoomed(const AxisRange& range, const AxisRange& full, double factor, d
     const AxisRange result{range.valueAt(fraction - fraction / factor),
                            range.valueAt(fraction + (1 - fraction) / factor)};
     const double share = full.fractionOf(result.to) - full.fractionOf(result.from);
-    const bool isTooNear = share < nearest || result.span() < size * closestTogether;
-    if (!isRange(result) || (factor > 1 && isTooNear) || (factor < 1 && share > farthest))
+    const bool isTooNear = share < Nearest || result.span() < size * ClosestTogether;
+    if (!isRange(result) || (factor > 1 && isTooNear) || (factor < 1 && share > Farthest))
         return range;
     return result;
 }
@@ -209,16 +209,16 @@ std::string XYPlot::nameOf(const ObjectId& object) const
 {
     const auto [kind, number] = object;
     const auto lineName = [this](int line) {
-        return shortened(m_content.series[static_cast<std::size_t>(line)].y->name, longestName);
+        return shortened(m_content.series[static_cast<std::size_t>(line)].y->name, LongestName);
     };
     if (kind == ObjectKind::Zone)
         return "line " + lineName(number);
     if (kind == ObjectKind::Geometry)
-        return number == xyobject::xAxis ? "horizontal axis" : number == xyobject::yAxis ? "vertical axis" : "legend";
-    if (number >= xyobject::legendText)
-        return "legend entry " + lineName(number - xyobject::legendText);
-    return number == xyobject::title    ? "title"
-           : number == xyobject::xTitle ? "title of the horizontal axis"
+        return number == xyobject::XAxis ? "horizontal axis" : number == xyobject::YAxis ? "vertical axis" : "legend";
+    if (number >= xyobject::LegendText)
+        return "legend entry " + lineName(number - xyobject::LegendText);
+    return number == xyobject::Title    ? "title"
+           : number == xyobject::XTitle ? "title of the horizontal axis"
                                         : "title of the vertical axis";
 }
 
@@ -228,14 +228,14 @@ bool XYPlot::valueAt(double x, double y, ShownValue& found) const
     const Point place{x * frameSize().width, y * frameSize().height};
     NearestValue nearest;
     if (!map.plot.contains(place) ||
-        !findNearestValue(m_content.series, map, place, frameSize().points(reachOfValue), nearest))
+        !findNearestValue(m_content.series, map, place, frameSize().points(ReachOfValue), nearest))
         return false;
     const Series& line = m_content.series[nearest.line];
     const Point value = line.at(nearest.row);
-    const std::string xName = line.x ? shortened(line.x->name, longestName) : "row";
+    const std::string xName = line.x ? shortened(line.x->name, LongestName) : "row";
     const std::string xText = line.x ? textOf(*line.x, value.x) : valueText(value.x);
     found = {nearest.at.x / frameSize().width, nearest.at.y / frameSize().height,
-             shortened(line.y->name, longestName) + " = " + textOf(*line.y, value.y) + ", " + xName + " = " + xText};
+             shortened(line.y->name, LongestName) + " = " + textOf(*line.y, value.y) + ", " + xName + " = " + xText};
     return true;
 }
 
@@ -264,11 +264,11 @@ void XYPlot::collectLines(const XYLayout& layout, const Rect& rect, bool shownOn
 void XYPlot::collectGeometries(const XYLayout& layout, const Rect& rect, Selection& found)
 {
     if (rect.meets(layout.xAxis))
-        found.insert({ObjectKind::Geometry, xyobject::xAxis});
+        found.insert({ObjectKind::Geometry, xyobject::XAxis});
     if (rect.meets(layout.yAxis))
-        found.insert({ObjectKind::Geometry, xyobject::yAxis});
+        found.insert({ObjectKind::Geometry, xyobject::YAxis});
     if (!layout.samples.empty() && rect.meets(layout.legend))
-        found.insert({ObjectKind::Geometry, xyobject::legend});
+        found.insert({ObjectKind::Geometry, xyobject::Legend});
 }
 
 } // namespace velmora::engine
