@@ -2,6 +2,7 @@
 
 #include "engine/VelUtil.h"
 #include "integration/Manager.h"
+#include "integration/toolkit/EventLoopLevel.h"
 #include "interfaces/ApplicationEventMonitorInterface.h"
 
 #include <QApplication>
@@ -13,6 +14,13 @@ namespace {
 
 constexpr int LookMilliseconds = 20;
 constexpr int QuietLooks = 10;
+
+/// Whether no dialog's loop waits to return. One that was answered still does while the picture is drawn inside
+/// of it: the dialog and who opened it live, as children of the window.
+bool isInOutermostLoop()
+{
+    return sdk::integration::toolkit::eventLoopLevel() <= 1;
+}
 
 bool isDrawn()
 {
@@ -56,7 +64,7 @@ bool Rest::endOneThing()
     else if (VelUtilIsBusy())
         sdk::integration::Manager::getInstance().getApplicationEventMonitor().interrupt();
     else
-        return false;
+        return !isInOutermostLoop(); // Qt 4 does not tell: there a dialog counts until it was answered
     return true;
 }
 
@@ -65,7 +73,8 @@ void Rest::timerEvent(QTimerEvent*)
     const bool closed = !m_window->isVisible() && !m_window->isMinimized();
     if (m_step != Step::None)
         goOn();
-    else if (closed && !VelUtilIsBusy() && !QApplication::activeModalWidget() && !QApplication::activePopupWidget())
+    else if (closed && !VelUtilIsBusy() && isInOutermostLoop() && !QApplication::activeModalWidget() &&
+             !QApplication::activePopupWidget())
         newWindow();
 }
 
