@@ -7,7 +7,6 @@
 #include "interfaces/MouseEventInterface.h"
 #include "interfaces/OnIdleObservableInterface.h"
 
-#include <QApplication>
 #include <QEvent>
 
 namespace viewer {
@@ -47,12 +46,19 @@ void ValueLabel::mouseMoved(MouseEventInterface& event, MouseEventObservableInte
 
 void ValueLabel::buttonPressed(MouseEventInterface&, MouseEventObservableInterface&)
 {
+    m_isPressed = true;
     showNothing();
 }
 
-void ValueLabel::buttonReleased(MouseEventInterface&, MouseEventObservableInterface&) {}
+void ValueLabel::buttonReleased(MouseEventInterface&, MouseEventObservableInterface&)
+{
+    m_isPressed = false;
+}
 
-void ValueLabel::buttonDoublePressed(MouseEventInterface&, MouseEventObservableInterface&) {}
+void ValueLabel::buttonDoublePressed(MouseEventInterface& event, MouseEventObservableInterface& source)
+{
+    buttonPressed(event, source);
+}
 
 // What is under the pointer may have changed although it rests.
 void ValueLabel::onIdle(OnIdleObservableInterface&)
@@ -75,7 +81,7 @@ void ValueLabel::showValueAt(const QPoint& position)
     double x = 0.0;
     double y = 0.0;
     QString value;
-    if (QApplication::mouseButtons() == Qt::NoButton)
+    if (!m_isPressed)
         value = QString::fromUtf8(VelUtilViewValueAt(position.x(), position.y(), &x, &y));
     if (value.isEmpty()) {
         showNothing();

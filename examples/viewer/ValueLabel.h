@@ -44,8 +44,9 @@ private:
     void showValueAt(const QPoint& position);
     void showNothing();
 
-    bool m_isInside = false; ///< the pointer in the area
-    QPoint m_position;       ///< of it, in pixels of the screen
+    bool m_isPressed = false; ///< a button, in the area
+    bool m_isInside = false;  ///< the pointer in the area
+    QPoint m_position;        ///< of it, in pixels of the screen
 };
 
 } // namespace viewer
