@@ -160,6 +160,8 @@ void measureEvents()
     Sink<QObject> object;
     Sink<QWidget> widget;
     widget.setMouseTracking(true);
+    // As whatever gets mouse events; without it Qt 6 looks for the widget's screen at every one of them.
+    widget.winId();
     QEvent user(QEvent::User);
     QTimerEvent timer(1 << 30);
     QMouseEvent move(QEvent::MouseMove, QPoint(1, 2), QPoint(3, 4), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
