@@ -35,10 +35,12 @@ private:
 } // namespace
 
 // Of the window where there is one: the widget itself tells it in whole 65536ths only, with which 1.1 times
-// 505 is rounded down.
+// 505 is rounded down. A widget's own window first: on Wayland its picture is as large as that one is scaled, and
+// on another screen it may come to it earlier or later than the window around it.
 double screenPixelsPerPixel(const QWidget& widget)
 {
-    const QWindow* const window = widget.window()->windowHandle();
+    const QWindow* const own = widget.windowHandle();
+    const QWindow* const window = own ? own : widget.window()->windowHandle();
     return window ? window->devicePixelRatio() : widget.devicePixelRatioF();
 }
 
