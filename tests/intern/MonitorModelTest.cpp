@@ -11,6 +11,7 @@
 #include "integration/HeldBackEvents.h"
 #include "tests/intern/RealWorld.h"
 #include "tests/intern/WatchedAllocations.h"
+#include "tests/support/ToolkitFacts.h"
 
 #include <QApplication>
 #include <cstdlib>
@@ -56,6 +57,10 @@ private:
         step.what = what < DoCount ? static_cast<Do>(what) : static_cast<Do>(what % 3);
         if (step.what == Do::Loop && m_loops == NoLoops)
             step.what = Do::Pump;
+        // Such a toolkit delivers what the receiver of a posted event posts in this turn or in the next one, as the
+        // window system has something to tell of the dialog.
+        if (step.what == Do::Post && m_loops == WithDialogs && depth > 0 && deliversPostedEventsBeforeWaking())
+            step.what = Do::Send;
         step.receiver = static_cast<Who>(take(ReceiverCount));
         if (step.what > Do::Loop)
             return step;
