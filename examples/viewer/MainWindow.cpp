@@ -1,6 +1,7 @@
 #include "MainWindow.h"
 
 #include "Animation.h"
+#include "HelpWindow.h"
 #include "OutputCommands.h"
 #include "RecentFiles.h"
 #include "ScreenPixels.h"
@@ -152,6 +153,7 @@ QAction* MainWindow::addTool(QActionGroup& group, const char* iconName, const QS
 void MainWindow::createHelpMenu()
 {
     QMenu* const menu = menuBar()->addMenu(tr("&Help"));
+    menu->addAction(tr("&Help"), new HelpWindow(this), SLOT(present()), QKeySequence(Qt::Key_F1));
     menu->addAction(tr("&About Viewer"), this, SLOT(about()));
 }
 
