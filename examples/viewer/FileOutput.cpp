@@ -52,6 +52,7 @@ int exportFile(const Options& options)
     image.width = options.pictureSize().width();
     image.height = options.pictureSize().height();
     image.supersample = options.supersample;
+    image.dotsPerInch = options.dotsPerInch;
     image.region = ExportRegion_CurrentFrame;
     image.strategy = options.software ? ImageRenderingStrategy_Software : ImageRenderingStrategy_Hardware;
     image.transparent = options.transparent ? 1 : 0;

@@ -9,16 +9,28 @@ namespace velmora::engine {
 namespace {
 
 // Points.
-constexpr double labelRoom = 40;
+constexpr double besideLabels = 21; ///< free room between an axis, its labels, its title and what comes next
+constexpr double barAndGaps = 36;
+constexpr double barLabels = 40;
 constexpr double roomBesideBar = 40; ///< for labels between it and the surface
+
+double labelRoom(const FrameSize& frame)
+{
+    return frame.points(besideLabels) + frame.textSize(plotsize::label) + frame.textSize(plotsize::axisTitle);
+}
 
 } // namespace
 
+double barRoom(const FrameSize& frame)
+{
+    return frame.points(barAndGaps) + frame.besideLabel(barLabels);
+}
+
 Rect surfaceArea(const FrameSize& frame)
 {
-    Rect area = frame.rect().grown(-frame.points(plotsize::edge + labelRoom));
-    area.y2 += frame.points(labelRoom - plotsize::title - plotsize::gap);
-    area.x2 -= frame.points(barRoom - labelRoom + roomBesideBar);
+    Rect area = frame.rect().grown(-frame.points(plotsize::edge) - labelRoom(frame));
+    area.y2 += labelRoom(frame) - frame.textSize(plotsize::title) - frame.points(plotsize::gap);
+    area.x2 -= barRoom(frame) - labelRoom(frame) + frame.points(roomBesideBar);
     return {area.x1, area.y1, std::max(area.x2, area.x1 + 1), std::max(area.y2, area.y1 + 1)};
 }
 
