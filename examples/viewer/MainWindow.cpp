@@ -25,6 +25,7 @@
 #include <QMenuBar>
 #include <QMimeData>
 #include <QStatusBar>
+#include <QStyle>
 #include <QTimer>
 #include <QToolBar>
 #include <QUrl>
@@ -93,7 +94,11 @@ MainWindow::MainWindow() : m_area(new GLDrawArea(this)), m_tools(new ViewTools(*
 void MainWindow::createFileMenu()
 {
     QMenu* const menu = menuBar()->addMenu(tr("&File"));
-    menu->addAction(tr("&Open..."), this, SLOT(chooseFile()), QKeySequence::Open);
+    QAction* const open =
+        menu->addAction(style()->standardIcon(QStyle::SP_DialogOpenButton), tr("&Open..."), this, SLOT(chooseFile()));
+    setShortcut(*open, QKeySequence::Open);
+    m_toolBar->addAction(open);
+    m_toolBar->addSeparator();
     QMenu* const recent = menu->addMenu(tr("Open &Recent"));
     m_recentFiles = new RecentFiles(*recent, this);
     connect(m_recentFiles, SIGNAL(chosen(QString)), this, SLOT(openFile(QString)));
