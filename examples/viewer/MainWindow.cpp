@@ -77,10 +77,12 @@ MainWindow::MainWindow() : m_area(new GLDrawArea(this)), m_tools(new ViewTools(*
     setAcceptDrops(true);
     setCentralWidget(m_area);
     m_area->setMinimumSize(160, 120);
+    m_area->setAccessibleName(tr("Plot"));
     m_area->setPageManager(Manager::getInstance().getPageManager());
 
     m_toolBar = addToolBar(tr("Tools"));
     m_toolBar->setObjectName(QLatin1String("tools"));
+    m_toolBar->setAccessibleName(tr("Tools"));
     createFileMenu();
     createViewMenu();
     createHelpMenu();
@@ -214,6 +216,7 @@ void MainWindow::showData(const QString& name)
         m_description->setText(tr("Open a table or a grid with File > Open, or drop it here."));
     else
         m_description->setText(name.isEmpty() ? shown : tr("%1: %2").arg(name, shown));
+    m_area->setAccessibleDescription(m_description->text());
     m_output->setEnabled(!shown.isEmpty());
     m_animation->setEnabled(VelUtilViewCanRotate() != 0);
     offerRotating(shown.isEmpty() || VelUtilViewCanRotate());

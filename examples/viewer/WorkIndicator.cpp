@@ -66,6 +66,7 @@ WorkIndicator::WorkIndicator(QWidget* parent)
     row->addWidget(m_bar);
     m_bar->setRange(0, BarSteps);
     m_bar->setFixedWidth(140);
+    m_bar->setAccessibleName(tr("Progress"));
     m_bar->hide();
     m_stop = makeButton(tr("Stop"), withShortcut(tr("Stop what is going on"), QKeySequence(Qt::Key_Escape)));
     m_finishCommand->setToolTip(tr("Draw what is missing"));
