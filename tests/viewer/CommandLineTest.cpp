@@ -48,6 +48,26 @@ TEST_F(CommandLine, HelpTellsTheOptionsAndEndsWell)
     }
 }
 
+TEST_F(CommandLine, TheManPageHasEveryOptionOfTheHelpAndNoOther)
+{
+    QFile file(MAN_PAGE);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QString page = QString::fromUtf8(file.readAll()).remove('\\');
+    QStringList described;
+    const QStringList items = page.split(".TP\n").mid(1);
+    for (const QString& item : items) // such as ".BR --help ", " -h"
+        described += item.section('\n', 0, 0).split(' ').filter("-");
+    QStringList offered;
+    const QStringList lines = run(words("--help")).output.split('\n');
+    for (const QString& line : lines)
+        if (line.startsWith("  -"))
+            offered += line.left(26).remove(',').split(' ').filter("-");
+    described.sort();
+    offered.sort();
+    EXPECT_GE(offered.size(), 13);
+    EXPECT_EQ(described.join(" ").toStdString(), offered.join(" ").toStdString());
+}
+
 TEST_F(CommandLine, HelpNamesEveryPaperAndTheOneThatIsTakenWithoutAnOption)
 {
     const std::string help = run(words("--help")).output.toStdString();
