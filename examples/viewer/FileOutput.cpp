@@ -70,6 +70,7 @@ int printFile(EngineSession& session, const Options& options)
     printer.setOutputFormat(QPrinter::PdfFormat);
     printer.setOutputFileName(options.output);
     printer.setResolution(DotsPerInch);
+    nameDocument(printer, options.files.first());
     UpdatePrinterFromKernel(printer);
     if (printPage(printer))
         return 0;

@@ -4,6 +4,8 @@
 #include "tests/viewer/PrintedPage.h"
 #include "tests/viewer/ViewerProcess.h"
 
+#include <QFile>
+
 using namespace velmora::test;
 
 namespace {
@@ -57,6 +59,15 @@ TEST_F(Print, ThePaperIsTheEnginesFirstAndUprightUnlessAnotherIsNamed)
 {
     print(QStringList(), folder.writeGrid());
     expectPage(215.9, 279.4);
+}
+
+TEST_F(Print, TheFileIsTitledWithTheNameOfTheDataAndTellsTheProgram)
+{
+    const QString named = folder.path() + QString::fromUtf8("/H\u00f6hen (1).asc");
+    ASSERT_TRUE(QFile::rename(folder.writeGrid(), named));
+    print(QStringList(), named);
+    EXPECT_EQ(descriptionInPdf(pdf, "Title").toStdString(), "H\u00f6hen (1).asc");
+    EXPECT_EQ(descriptionInPdf(pdf, "Creator").toStdString(), "Viewer " LIBRARY_VERSION);
 }
 
 TEST_F(Print, ThePageHasThreeHundredDotsToTheInchAndNoPhotographsOfIt)
