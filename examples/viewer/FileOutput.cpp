@@ -1,7 +1,6 @@
 #include "FileOutput.h"
 
 #include "EndSignals.h"
-#include "EngineSession.h"
 #include "Options.h"
 #include "PagePrinter.h"
 #include "engine/VelUtil.h"
@@ -59,11 +58,9 @@ int exportFile(const Options& options)
     return VelUtilExportImage(options.output.toUtf8().constData(), &image) ? 0 : failWithLastMessage();
 }
 
-int printFile(EngineSession& session, const Options& options)
+int printFile(const Options& options)
 {
     constexpr int DotsPerInch = 300;
-    // Before the file is loaded, which then fills the paper.
-    session.setPaper(options.paper, options.landscape);
     if (!loadFirst(options))
         return failWithLastMessage();
     QPrinter printer(QPrinter::HighResolution);

@@ -1,6 +1,7 @@
 #include "Options.h"
 
 #include "EngineSession.h"
+#include "LocalePaper.h"
 
 #include <QFileInfo>
 
@@ -87,12 +88,12 @@ int parsePaper(const QString& text, Options& options)
     return index;
 }
 
-/// The papers in words; the first is the one that options begin with.
+/// The papers in words.
 QString paperChoice()
 {
     QStringList names = EngineSession::paperNames();
+    names[paperOfLocale()] += QLatin1String(" (the default)");
     const QString last = names.takeLast();
-    names.first() += QLatin1String(" (the default)");
     return names.join(QLatin1String(", ")) + QLatin1String(" or ") + last;
 }
 
@@ -180,6 +181,7 @@ QString problemOfWriting(const Options& options)
 Options parseOptions(const QStringList& arguments)
 {
     Options options;
+    options.paper = paperOfLocale();
     Words words(arguments);
     while (!words.atEnd() && options.error.isEmpty())
         parseWord(words.take(), words, options);

@@ -23,7 +23,7 @@ struct Options {
     int dotsPerInch = 0;      ///< of an export; 0: text grows and shrinks with the picture
     bool software = false;    ///< draws an export with software
     bool transparent = false; ///< exports without the white ground
-    int paper = 0;            ///< by the place of its name in EngineSession::paperNames()
+    int paper = 0; ///< by the place of its name in EngineSession::paperNames(); the locale's if none is named
     bool landscape = false;
     bool slow = false;
     QString error; ///< what is wrong with the command line; empty when nothing is

@@ -34,7 +34,7 @@ int showWindow(const viewer::Options& options)
     return QApplication::exec();
 }
 
-int carryOut(viewer::EngineSession& session, const viewer::Options& options)
+int carryOut(const viewer::Options& options)
 {
     if (!options.writes())
         return showWindow(options);
@@ -45,7 +45,7 @@ int carryOut(viewer::EngineSession& session, const viewer::Options& options)
     case viewer::Options::ExportImage:
         return viewer::exportFile(options);
     default:
-        return viewer::printFile(session, options);
+        return viewer::printFile(options);
     }
 }
 
@@ -66,9 +66,11 @@ int run(const viewer::Options& options, char** argv)
         return tell(Failed, session.error());
     if (options.slow)
         session.makeDrawingSlow();
+    // Before a file is loaded, which then fills the paper.
+    session.setPaper(options.paper, options.landscape);
     const viewer::DisplayWatch watch(NoDisplay);
     try {
-        return carryOut(session, options);
+        return carryOut(options);
     } catch (const velmora::ExceptionBase& error) {
         return tell(NoDisplay, QString::fromUtf8(error.what()) + QLatin1Char(' ') + viewer::openGLRemedy());
     }

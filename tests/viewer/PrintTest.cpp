@@ -5,6 +5,7 @@
 #include "tests/viewer/ViewerProcess.h"
 
 #include <QFile>
+#include <cstdlib>
 
 using namespace velmora::test;
 
@@ -55,10 +56,23 @@ TEST_F(Print, EveryPaperOfTheEngineIsThePageAndHasTheWholePictureUpright)
     }
 }
 
-TEST_F(Print, ThePaperIsTheEnginesFirstAndUprightUnlessAnotherIsNamed)
+TEST_F(Print, ThePaperIsTheUsualOneOfTheLocaleAndUprightUnlessAnotherIsNamed)
 {
-    print(QStringList(), folder.writeGrid());
-    expectPage(215.9, 279.4);
+    const QString data = folder.writeGrid();
+    qputenv("LOCPATH", LOCALES);
+    for (const char* const variable : {"LC_ALL", "LC_PAPER"}) {
+        SCOPED_TRACE(variable);
+        qputenv(variable, "en_US.UTF-8");
+        EXPECT_TRUE(run(QStringList("--help")).output.contains("Letter (the default)"));
+        print(QStringList(), data);
+        expectPage(215.9, 279.4);
+        qputenv(variable, "de_DE.UTF-8");
+        EXPECT_TRUE(run(QStringList("--help")).output.contains("A4 (the default)"));
+        print(QStringList(), data);
+        expectPage(210, 297);
+        unsetenv(variable);
+    }
+    unsetenv("LOCPATH");
 }
 
 TEST_F(Print, TheFileIsTitledWithTheNameOfTheDataAndTellsTheProgram)
