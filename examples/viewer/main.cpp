@@ -6,6 +6,7 @@
 #include "Options.h"
 #include "Snapshot.h"
 #include "Toolkit.h"
+#include "WindowPlace.h"
 #include "exception/ExceptionBase.h"
 #include "integration/HeldBackEvents.h"
 #include "integration/glarea/GLDrawArea.h"
@@ -27,6 +28,7 @@ int showWindow(const viewer::Options& options)
 {
     viewer::MainWindow window;
     viewer::requireOpenGL(window.drawArea());
+    new viewer::WindowPlace(window); // the window's
     if (options.size.isValid())
         window.resize(options.size.boundedTo(viewer::desktopSize()));
     window.show();
