@@ -2,7 +2,8 @@
 #   runtime, development                      the product: its library; its headers, CMake package and .pc file
 #   platform, platform_development            the same of the reference platform, which a maker's SDK replaces
 #   platform_ui, platform_ui_development      its one library that is made of the toolkit
-#   examples                                  the viewer, the sources of the examples and their data
+#   examples                                  the viewer with what a desktop is told of it, the sources of the examples and
+#                                             their data
 # Headers are included as in this tree: those of the platform, which are the same for every toolkit, are below one
 # folder, the product's below another. Where the names below end in the toolkit's suffix, the products for several
 # toolkits lie side by side.

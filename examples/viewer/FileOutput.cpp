@@ -1,7 +1,6 @@
 #include "FileOutput.h"
 
 #include "EndSignals.h"
-#include "EngineSession.h"
 #include "Options.h"
 #include "PagePrinter.h"
 #include "engine/VelUtil.h"
@@ -52,23 +51,23 @@ int exportFile(const Options& options)
     image.width = options.pictureSize().width();
     image.height = options.pictureSize().height();
     image.supersample = options.supersample;
+    image.dotsPerInch = options.dotsPerInch;
     image.region = ExportRegion_CurrentFrame;
     image.strategy = options.software ? ImageRenderingStrategy_Software : ImageRenderingStrategy_Hardware;
     image.transparent = options.transparent ? 1 : 0;
     return VelUtilExportImage(options.output.toUtf8().constData(), &image) ? 0 : failWithLastMessage();
 }
 
-int printFile(EngineSession& session, const Options& options)
+int printFile(const Options& options)
 {
     constexpr int DotsPerInch = 300;
-    // Before the file is loaded, which then fills the paper.
-    session.setPaper(options.paper, options.landscape);
     if (!loadFirst(options))
         return failWithLastMessage();
     QPrinter printer(QPrinter::HighResolution);
     printer.setOutputFormat(QPrinter::PdfFormat);
     printer.setOutputFileName(options.output);
     printer.setResolution(DotsPerInch);
+    nameDocument(printer, options.files.first());
     UpdatePrinterFromKernel(printer);
     if (printPage(printer))
         return 0;

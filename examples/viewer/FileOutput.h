@@ -5,7 +5,6 @@ class QString;
 
 namespace viewer {
 
-class EngineSession;
 struct Options;
 
 // What the command line asks for instead of a window. They return the exit code; what goes wrong is
@@ -14,7 +13,7 @@ struct Options;
 /// Draws the file of the options into an image file, without a window.
 int exportFile(const Options& options);
 /// Prints the file of the options into a PDF file.
-int printFile(EngineSession& session, const Options& options);
+int printFile(const Options& options);
 
 /// Loads the first file of the options and tells on standard error what there is to know about the reading; false when
 /// it failed or was stopped.

@@ -1,6 +1,7 @@
 #include "MainWindow.h"
 
 #include "Animation.h"
+#include "HelpWindow.h"
 #include "OutputCommands.h"
 #include "RecentFiles.h"
 #include "ScreenPixels.h"
@@ -24,6 +25,7 @@
 #include <QMenuBar>
 #include <QMimeData>
 #include <QStatusBar>
+#include <QStyle>
 #include <QTimer>
 #include <QToolBar>
 #include <QUrl>
@@ -75,10 +77,12 @@ MainWindow::MainWindow() : m_area(new GLDrawArea(this)), m_tools(new ViewTools(*
     setAcceptDrops(true);
     setCentralWidget(m_area);
     m_area->setMinimumSize(160, 120);
+    m_area->setAccessibleName(tr("Plot"));
     m_area->setPageManager(Manager::getInstance().getPageManager());
 
     m_toolBar = addToolBar(tr("Tools"));
     m_toolBar->setObjectName(QLatin1String("tools"));
+    m_toolBar->setAccessibleName(tr("Tools"));
     createFileMenu();
     createViewMenu();
     createHelpMenu();
@@ -92,7 +96,11 @@ MainWindow::MainWindow() : m_area(new GLDrawArea(this)), m_tools(new ViewTools(*
 void MainWindow::createFileMenu()
 {
     QMenu* const menu = menuBar()->addMenu(tr("&File"));
-    menu->addAction(tr("&Open..."), this, SLOT(chooseFile()), QKeySequence::Open);
+    QAction* const open =
+        menu->addAction(style()->standardIcon(QStyle::SP_DialogOpenButton), tr("&Open..."), this, SLOT(chooseFile()));
+    setShortcut(*open, QKeySequence::Open);
+    m_toolBar->addAction(open);
+    m_toolBar->addSeparator();
     QMenu* const recent = menu->addMenu(tr("Open &Recent"));
     m_recentFiles = new RecentFiles(*recent, this);
     connect(m_recentFiles, SIGNAL(chosen(QString)), this, SLOT(openFile(QString)));
@@ -152,6 +160,7 @@ QAction* MainWindow::addTool(QActionGroup& group, const char* iconName, const QS
 void MainWindow::createHelpMenu()
 {
     QMenu* const menu = menuBar()->addMenu(tr("&Help"));
+    menu->addAction(tr("&Help"), new HelpWindow(this), SLOT(present()), QKeySequence(Qt::Key_F1));
     menu->addAction(tr("&About Viewer"), this, SLOT(about()));
 }
 
@@ -207,6 +216,7 @@ void MainWindow::showData(const QString& name)
         m_description->setText(tr("Open a table or a grid with File > Open, or drop it here."));
     else
         m_description->setText(name.isEmpty() ? shown : tr("%1: %2").arg(name, shown));
+    m_area->setAccessibleDescription(m_description->text());
     m_output->setEnabled(!shown.isEmpty());
     m_animation->setEnabled(VelUtilViewCanRotate() != 0);
     offerRotating(shown.isEmpty() || VelUtilViewCanRotate());

@@ -1,6 +1,7 @@
 #include "Options.h"
 
 #include "EngineSession.h"
+#include "LocalePaper.h"
 
 #include <QFileInfo>
 
@@ -44,9 +45,10 @@ QSize parseSize(const QString& text, Options& options)
     const QStringList parts = text.split(QLatin1Char('x'));
     const QSize size = parts.size() == 2 ? QSize(parts[0].toInt(), parts[1].toInt()) : QSize();
     if (options.error.isEmpty() && !(isSide(size.width()) && isSide(size.height())))
-        options.error = QString::fromLatin1("\"%1\" is not a size; write it as WxH in pixels, 1 to %2 each, for "
-                                            "example 800x600.")
-                            .arg(text, QString::number(Options::LargestSide));
+        options.error =
+            QString::fromLatin1("\"%1\" is not a size; write it as WxH in pixels, 1 to %2 each, for "
+                                "example 800x600.")
+                .arg(text, QString::number(Options::LargestSide), QString::number(Options::MostDotsPerInch));
     return size;
 }
 
@@ -56,6 +58,15 @@ int parseSupersample(const QString& text, Options& options)
     if (options.error.isEmpty() && (factor < 1 || factor > 8))
         options.error = QString::fromLatin1("\"%1\" is not a factor of supersampling; write 1 to 8.").arg(text);
     return factor;
+}
+
+int parseDotsPerInch(const QString& text, Options& options)
+{
+    const int dots = text.toInt();
+    if (options.error.isEmpty() && (dots < 1 || dots > Options::MostDotsPerInch))
+        options.error = QString::fromLatin1("The dots per inch \"%1\" are none; give a whole number from 1 to %2.")
+                            .arg(text, QString::number(Options::MostDotsPerInch));
+    return dots;
 }
 
 bool parseStrategy(const QString& text, Options& options)
@@ -77,12 +88,12 @@ int parsePaper(const QString& text, Options& options)
     return index;
 }
 
-/// The papers in words; the first is the one that options begin with.
+/// The papers in words.
 QString paperChoice()
 {
     QStringList names = EngineSession::paperNames();
+    names[paperOfLocale()] += QLatin1String(" (the default)");
     const QString last = names.takeLast();
-    names.first() += QLatin1String(" (the default)");
     return names.join(QLatin1String(", ")) + QLatin1String(" or ") + last;
 }
 
@@ -122,6 +133,8 @@ bool parseSetting(const QString& word, Words& rest, Options& options)
         options.size = parseSize(rest.takeValueOf(word, options), options);
     else if (word == QLatin1String("--supersample"))
         options.supersample = parseSupersample(rest.takeValueOf(word, options), options);
+    else if (word == QLatin1String("--dpi"))
+        options.dotsPerInch = parseDotsPerInch(rest.takeValueOf(word, options), options);
     else if (word == QLatin1String("--strategy"))
         options.software = parseStrategy(rest.takeValueOf(word, options), options);
     else if (word == QLatin1String("--paper"))
@@ -168,6 +181,7 @@ QString problemOfWriting(const Options& options)
 Options parseOptions(const QStringList& arguments)
 {
     Options options;
+    options.paper = paperOfLocale();
     Words words(arguments);
     while (!words.atEnd() && options.error.isEmpty())
         parseWord(words.take(), words, options);
@@ -190,6 +204,8 @@ QString helpText()
         "  --size WxH              size of the picture, or of the window, in pixels: each side at most\n"
         "                          %2, and a window or snapshot no larger than the screen\n"
         "  --supersample N         draws an export N times (1 to 8) larger and averages it\n"
+        "  --dpi N                 exports text and lines as large as at N dots per inch (1 to %3); without\n"
+        "                          it they grow and shrink with the picture, and text stays legible\n"
         "  --strategy NAME         draws an export with hardware (the default) or software\n"
         "  --transparent           exports without the white ground\n"
         "  --paper NAME            prints on %1\n"
@@ -204,7 +220,7 @@ QString helpText()
         "\n"
         "Exit code: 0 when all went well, 1 when a file could not be read or written, 2 for a wrong\n"
         "command line, 3 when the display or its OpenGL cannot be used or was lost.\n");
-    return text.arg(paperChoice(), QString::number(Options::LargestSide));
+    return text.arg(paperChoice(), QString::number(Options::LargestSide), QString::number(Options::MostDotsPerInch));
 }
 
 } // namespace viewer

@@ -13,15 +13,17 @@ struct Options {
 
     /// Windows and images have no larger sides.
     static constexpr int LargestSide = 32768;
+    static constexpr int MostDotsPerInch = 2400;
 
     Task task = ShowWindow;
     QStringList files;
     QString output; ///< of a snapshot, an export or a print
     QSize size;     ///< of the picture or the window, not above LargestSide; invalid when not given
     int supersample = 1;
+    int dotsPerInch = 0;      ///< of an export; 0: text grows and shrinks with the picture
     bool software = false;    ///< draws an export with software
     bool transparent = false; ///< exports without the white ground
-    int paper = 0;            ///< by the place of its name in EngineSession::paperNames()
+    int paper = 0; ///< by the place of its name in EngineSession::paperNames(); the locale's if none is named
     bool landscape = false;
     bool slow = false;
     QString error; ///< what is wrong with the command line; empty when nothing is

@@ -158,6 +158,7 @@ QPrinter& OutputCommands::printerWithPage()
 {
     if (!m_printer)
         m_printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    nameDocument(*m_printer, m_dataFile);
     UpdatePrinterFromKernel(*m_printer);
     return *m_printer;
 }

@@ -5,6 +5,8 @@
 #include "engine/VelUtil.h"
 #include "interfaces/EngineEnumerations.h"
 
+#include <QApplication>
+#include <QFileInfo>
 #include <QImage>
 #include <QPaintEngine>
 #include <QPainter>
@@ -111,6 +113,12 @@ bool printPage(QPrinter& printer, int finest)
     if (!drawn && printer.paintEngine()->type() != QPaintEngine::Picture)
         printer.abort();
     return painter.end() && drawn && file.keep();
+}
+
+void nameDocument(QPrinter& printer, const QString& dataFile)
+{
+    printer.setDocName(QFileInfo(dataFile).fileName());
+    printer.setCreator(QApplication::applicationName() + QLatin1Char(' ') + QApplication::applicationVersion());
 }
 
 } // namespace viewer

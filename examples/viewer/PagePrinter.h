@@ -1,6 +1,7 @@
 #pragma once
 
 class QPrinter;
+class QString;
 
 namespace viewer {
 
@@ -8,5 +9,9 @@ namespace viewer {
 /// dots to the inch than `finest`. False when the printer cannot be printed on, or when the drawing
 /// failed or was stopped; the engine's last message then says why, unless a person stopped it.
 bool printPage(QPrinter& printer, int finest = 300);
+
+/// Titles what is printed with the name of the data file, and tells the program: in a PDF file, and where print jobs
+/// are listed.
+void nameDocument(QPrinter& printer, const QString& dataFile);
 
 } // namespace viewer

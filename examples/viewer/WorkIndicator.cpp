@@ -17,6 +17,7 @@
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QStackedWidget>
 #include <QTimer>
 #include <boost/make_shared.hpp>
 
@@ -44,20 +45,18 @@ OnIdleObservableInterface& idleTime()
     return dynamic_cast<OnIdleObservableInterface&>(monitor());
 }
 
-QPushButton* addButton(QBoxLayout& layout, const QString& text, const QString& toolTip)
+QPushButton* makeButton(const QString& text, const QString& toolTip)
 {
     QPushButton* const button = new QPushButton(text);
     button->setToolTip(toolTip);
     button->setFocusPolicy(Qt::NoFocus);
-    button->hide();
-    layout.addWidget(button);
     return button;
 }
 
 } // namespace
 
 WorkIndicator::WorkIndicator(QWidget* parent)
-    : QWidget(parent), m_text(new QLabel), m_idle(new QLabel), m_bar(new QProgressBar),
+    : QWidget(parent), m_text(new QLabel), m_end(new QStackedWidget), m_idle(new QLabel), m_bar(new QProgressBar),
       m_finishCommand(new QAction(tr("F&inish Drawing"), this))
 {
     QHBoxLayout* const row = new QHBoxLayout(this);
@@ -67,13 +66,19 @@ WorkIndicator::WorkIndicator(QWidget* parent)
     row->addWidget(m_bar);
     m_bar->setRange(0, BarSteps);
     m_bar->setFixedWidth(140);
+    m_bar->setAccessibleName(tr("Progress"));
     m_bar->hide();
-    m_stop = addButton(*row, tr("Stop"), withShortcut(tr("Stop what is going on"), QKeySequence(Qt::Key_Escape)));
+    m_stop = makeButton(tr("Stop"), withShortcut(tr("Stop what is going on"), QKeySequence(Qt::Key_Escape)));
     m_finishCommand->setToolTip(tr("Draw what is missing"));
     setShortcut(*m_finishCommand, QKeySequence(Qt::Key_F5));
-    m_finish = addButton(*row, tr("Finish"), m_finishCommand->toolTip());
+    m_finish = makeButton(tr("Finish"), m_finishCommand->toolTip());
+    row->addWidget(m_finish);
+    // Where Stop was nothing can be pressed once it is gone: a person who presses it twice means Stop.
+    row->addWidget(m_end);
+    m_end->addWidget(m_idle);
+    m_end->addWidget(m_stop);
+    offerToStop(false);
     offerToFinish(false);
-    row->addWidget(m_idle);
     // As high as ever it gets: a status bar that grows with the button would resize the plot, which
     // would have to be drawn anew.
     setFixedHeight(m_stop->sizeHint().height());
@@ -139,8 +144,14 @@ void WorkIndicator::showProgress(const QString& what, double fraction)
     m_text->setText(what);
     m_bar->setValue(static_cast<int>(fraction * BarSteps));
     m_bar->show();
-    m_stop->show();
+    offerToStop(true);
     offerToFinish(false);
+}
+
+void WorkIndicator::offerToStop(bool offered)
+{
+    QWidget* const shown = offered ? static_cast<QWidget*>(m_stop) : m_idle;
+    m_end->setCurrentWidget(shown);
 }
 
 void WorkIndicator::offerToFinish(bool offered)
@@ -153,7 +164,7 @@ void WorkIndicator::workEnded()
 {
     m_working.invalidate();
     m_bar->hide();
-    m_stop->hide();
+    offerToStop(false);
     const bool incomplete = VelUtilPageIsInterrupted() != 0;
     m_text->setText(incomplete ? tr("The plot is incomplete.") : QString());
     offerToFinish(incomplete);

@@ -12,6 +12,7 @@ class QAction;
 class QLabel;
 class QProgressBar;
 class QPushButton;
+class QStackedWidget;
 
 namespace velmora {
 namespace sdk {
@@ -52,9 +53,11 @@ private:
     static void progressed(const char* what, double fraction, long clientData);
     void showProgress(const QString& what, double fraction);
     void workEnded();
+    void offerToStop(bool offered);
     void offerToFinish(bool offered);
 
     QLabel* m_text;
+    QStackedWidget* m_end; ///< at the end of the row
     QLabel* m_idle;
     QProgressBar* m_bar;
     QPushButton* m_stop;

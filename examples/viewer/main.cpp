@@ -6,6 +6,7 @@
 #include "Options.h"
 #include "Snapshot.h"
 #include "Toolkit.h"
+#include "WindowPlace.h"
 #include "exception/ExceptionBase.h"
 #include "integration/HeldBackEvents.h"
 #include "integration/glarea/GLDrawArea.h"
@@ -27,6 +28,7 @@ int showWindow(const viewer::Options& options)
 {
     viewer::MainWindow window;
     viewer::requireOpenGL(window.drawArea());
+    new viewer::WindowPlace(window); // the window's
     if (options.size.isValid())
         window.resize(options.size.boundedTo(viewer::desktopSize()));
     window.show();
@@ -34,7 +36,7 @@ int showWindow(const viewer::Options& options)
     return QApplication::exec();
 }
 
-int carryOut(viewer::EngineSession& session, const viewer::Options& options)
+int carryOut(const viewer::Options& options)
 {
     if (!options.writes())
         return showWindow(options);
@@ -45,7 +47,7 @@ int carryOut(viewer::EngineSession& session, const viewer::Options& options)
     case viewer::Options::ExportImage:
         return viewer::exportFile(options);
     default:
-        return viewer::printFile(session, options);
+        return viewer::printFile(options);
     }
 }
 
@@ -66,9 +68,11 @@ int run(const viewer::Options& options, char** argv)
         return tell(Failed, session.error());
     if (options.slow)
         session.makeDrawingSlow();
+    // Before a file is loaded, which then fills the paper.
+    session.setPaper(options.paper, options.landscape);
     const viewer::DisplayWatch watch(NoDisplay);
     try {
-        return carryOut(session, options);
+        return carryOut(options);
     } catch (const velmora::ExceptionBase& error) {
         return tell(NoDisplay, QString::fromUtf8(error.what()) + QLatin1Char(' ') + viewer::openGLRemedy());
     }

@@ -8,12 +8,30 @@
 
 namespace velmora::test {
 
-QSizeF pageSizeOfPdf(const QString& fileName)
+namespace {
+
+std::string factsOf(const QString& fileName)
 {
     QProcess process;
     process.start("pdfinfo", QStringList() << fileName);
     EXPECT_TRUE(process.waitForFinished(30000)) << "Is pdfinfo (poppler-utils) installed?";
-    const std::string facts = process.readAllStandardOutput().constData();
+    return process.readAllStandardOutput().constData();
+}
+
+} // namespace
+
+QString descriptionInPdf(const QString& fileName, const char* what)
+{
+    const QStringList lines = QString::fromUtf8(factsOf(fileName).c_str()).split('\n');
+    for (const QString& line : lines)
+        if (line.startsWith(QLatin1String(what) + QLatin1Char(':')))
+            return line.section(':', 1).trimmed();
+    return QString();
+}
+
+QSizeF pageSizeOfPdf(const QString& fileName)
+{
+    const std::string facts = factsOf(fileName);
     const std::size_t place = facts.find("Page size:");
     double width = 0;
     double height = 0;

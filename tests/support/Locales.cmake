@@ -1,6 +1,6 @@
 # Locales other than the builder's. They are generated for the tests, because a machine need not have them.
 set(VELMORA_LOCALES "${PROJECT_BINARY_DIR}/tests/locales")
-foreach(locale de_DE ja_JP)
+foreach(locale de_DE en_US ja_JP)
   add_custom_command(OUTPUT "${VELMORA_LOCALES}/${locale}.UTF-8/LC_NUMERIC"
     COMMAND ${CMAKE_COMMAND} -E make_directory "${VELMORA_LOCALES}"
     COMMAND localedef --no-archive -i ${locale} -f UTF-8 "${VELMORA_LOCALES}/${locale}.UTF-8"

@@ -5,13 +5,16 @@
 #include "engine/VelUtil.h"
 #include "tests/support/Wait.h"
 #include "tests/support/XInput.h"
+#include "tests/viewer/DialogAnswer.h"
 #include "tests/viewer/PictureColours.h"
 
 #include <QAction>
 #include <QApplication>
+#include <QFileDialog>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QToolBar>
 #include <algorithm>
 
 // After Qt, whose enumerators some of Xlib's macros would replace.
@@ -120,12 +123,37 @@ TEST_F(Commands, EveryCommandOfAMenuHasALetterOfItsOwn)
 
 TEST_F(SurfaceCommands, ToolTipsNameTheKey)
 {
+    EXPECT_EQ(tool("&Open...")->toolTip(), "Open (Ctrl+O)");
     EXPECT_EQ(tool("&Rotate")->toolTip(), "Rotate (R)");
     EXPECT_EQ(tool("&Fit")->toolTip(), "Fit (F)");
     EXPECT_EQ(tool("&Turn the Surface")->toolTip(), "Turn the Surface (Space)");
     EXPECT_EQ(tool("Turn One St&ep On")->toolTip(), "Turn One Step On (Ctrl+Right)");
     EXPECT_EQ(button("Stop")->toolTip(), "Stop what is going on (Esc)");
     EXPECT_EQ(button("Finish")->toolTip(), "Draw what is missing (F5)");
+}
+
+TEST_F(Commands, EveryToolHasAnIconAndNamesItsKeyInItsToolTip)
+{
+    const QList<QAction*> tools = window->findChild<QToolBar*>()->actions();
+    int count = 0;
+    for (const QAction* const tool : tools) {
+        if (tool->isSeparator())
+            continue;
+        ++count;
+        EXPECT_FALSE(tool->icon().isNull()) << tool->text().toStdString();
+        EXPECT_FALSE(tool->shortcut().isEmpty()) << tool->text().toStdString();
+        const QString key = '(' + tool->shortcut().toString(QKeySequence::NativeText) + ')';
+        EXPECT_TRUE(tool->toolTip().endsWith(key)) << tool->toolTip().toStdString();
+    }
+    EXPECT_GE(count, 10);
+}
+
+TEST_F(Commands, TheToolBarOpensAFile)
+{
+    Answer<QFileDialog> person([](QFileDialog& dialog) { dialog.reject(); });
+    clickTool("&Open...");
+    EXPECT_TRUE(waitUntil([&] { return person.hasActed(); }));
+    EXPECT_EQ(window->windowTitle().toStdString(), "Viewer");
 }
 
 TEST_F(Commands, WithNothingOpenThereIsNothingToPutOut)

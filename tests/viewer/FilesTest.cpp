@@ -7,6 +7,7 @@
 #include "tests/support/Wait.h"
 #include "tests/support/XInput.h"
 #include "tests/viewer/DialogAnswer.h"
+#include "tests/viewer/EventWatch.h"
 
 #include <QAction>
 #include <QDir>
@@ -76,6 +77,11 @@ protected:
     }
 };
 
+QRect onScreen(const QWidget& widget)
+{
+    return QRect(widget.mapToGlobal(QPoint()), widget.size());
+}
+
 /// Markup would not be shown itself, and the text be shorter.
 bool showsEveryLetter(const QLabel& label)
 {
@@ -99,6 +105,31 @@ TEST_F(Files, WhoStopsTheReadingIsNotToldOfAnError)
     EXPECT_FALSE(noBox.hasActed());
     EXPECT_EQ(window->windowTitle().toStdString(), "lines.csv - Viewer");
     EXPECT_STREQ(VelUtilLastErrorMessage(), "");
+}
+
+TEST_F(Files, ASecondClickOnStopHitsNothingElse)
+{
+    open(folder.writeGrid());
+    EngineProbe::throwAt("drawing"); // leaves a picture to finish
+    VelUtilViewRotate(10, 0);
+    window->drawArea().update();
+    EXPECT_TRUE(waitUntil([] { return VelUtilPageIsInterrupted() != 0; }));
+    QRect stop;
+    openAndMeanwhile(folder.writeGrid(700), [&] {
+        stop = onScreen(*button("Stop"));
+        click(*button("Stop"), button("Stop")->rect().center());
+    });
+    EXPECT_TRUE(VelUtilWasInterrupted());
+    EXPECT_TRUE(waitUntil([this] { return button("Finish")->isVisible(); }));
+    EXPECT_FALSE(button("Stop")->isVisible());
+    EXPECT_FALSE(onScreen(*button("Finish")).intersects(stop));
+    const EventWatch released(QEvent::MouseButtonRelease);
+    click(*window, window->mapFromGlobal(stop.center()));
+    released.wait();
+    EXPECT_TRUE(VelUtilPageIsInterrupted());
+    EXPECT_TRUE(button("Finish")->isVisible());
+    click(*button("Finish"), button("Finish")->rect().center());
+    EXPECT_TRUE(waitUntil([] { return VelUtilPageIsComplete() != 0; }, 60000));
 }
 
 TEST_F(Files, ANameIsNotTakenForMarkup)

@@ -47,6 +47,31 @@ TEST_F(Output, SupersamplingSmoothsThePictureAndKeepsItsSize)
     EXPECT_LT(differingFraction(QImage(rough), QImage(smooth), 8), 0.2);
 }
 
+TEST_F(Output, TextIsAsLargeAsAtTheAskedResolution)
+{
+    const QString usual = folder.file("usual.png");
+    const QString same = folder.file("same.png");
+    const QString finer = folder.file("finer.png");
+    const QString data = folder.writeTable();
+    ASSERT_EQ(exportTo(usual, "--size 1000x700 --strategy software", data).exitCode, 0);
+    ASSERT_EQ(exportTo(same, "--size 1000x700 --strategy software --dpi 96", data).exitCode, 0);
+    ASSERT_EQ(exportTo(finer, "--size 1000x700 --strategy software --dpi 192", data).exitCode, 0);
+    EXPECT_EQ(differingFraction(QImage(usual), QImage(same), 0), 0);
+    EXPECT_GT(differingFraction(QImage(usual), QImage(finer), 8), 0.01);
+}
+
+// What is drawn larger to be averaged has larger text, too.
+TEST_F(Output, TextOfASmallPictureIsOfTheSameSizeHoweverItIsSmoothed)
+{
+    const QString data = folder.writeTable();
+    QList<QImage> pictures;
+    for (const char* const options : {"--size 160x120 --supersample 2", "--size 160x120 --supersample 8"}) {
+        ASSERT_EQ(exportTo(folder.file("out.png"), options, data).exitCode, 0);
+        pictures.append(QImage(folder.file("out.png")));
+    }
+    EXPECT_LT(differingFraction(pictures[0], pictures[1], 60), 0.03);
+}
+
 TEST_F(Output, WhatThereIsToKnowAboutTheReadingIsToldOnStandardError)
 {
     const QString data = folder.write("odd.csv", "t,v,w\n0,1,sun\n1,wet,fog\n2,3,sun\n");
@@ -85,6 +110,7 @@ TEST_F(Output, WhatCannotBeReadIsNamedAndNothingIsWritten)
 TEST_F(Output, ValuesThatAreNoneAreRefused)
 {
     const char* const wrong[] = {"--supersample 0", "--supersample 9", "--supersample x", "--strategy fast",
+                                 "--dpi 0",         "--dpi 2401",      "--dpi fine",      "--dpi",
                                  "--paper Napkin",  "--supersample",   "--strategy",      "--paper"};
     for (const char* const words : wrong) {
         const Ended ended = run(QString::fromLatin1(words).split(' '));

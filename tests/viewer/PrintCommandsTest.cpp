@@ -341,6 +341,7 @@ TEST_F(PrintCommand, PrintingWritesTheEnginesPaperAndIsAskedForByTheKeys)
         EXPECT_TRUE(waitUntil([this] { return QFile::exists(pdf) && !VelUtilIsBusy(); }));
     });
     expectPrinted(210, 297);
+    EXPECT_EQ(descriptionInPdf(pdf, "Title").toStdString(), "hill.asc");
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
 

@@ -4,6 +4,9 @@
 #include "tests/viewer/PrintedPage.h"
 #include "tests/viewer/ViewerProcess.h"
 
+#include <QFile>
+#include <cstdlib>
+
 using namespace velmora::test;
 
 namespace {
@@ -53,10 +56,32 @@ TEST_F(Print, EveryPaperOfTheEngineIsThePageAndHasTheWholePictureUpright)
     }
 }
 
-TEST_F(Print, ThePaperIsTheEnginesFirstAndUprightUnlessAnotherIsNamed)
+TEST_F(Print, ThePaperIsTheUsualOneOfTheLocaleAndUprightUnlessAnotherIsNamed)
 {
-    print(QStringList(), folder.writeGrid());
-    expectPage(215.9, 279.4);
+    const QString data = folder.writeGrid();
+    qputenv("LOCPATH", LOCALES);
+    for (const char* const variable : {"LC_ALL", "LC_PAPER"}) {
+        SCOPED_TRACE(variable);
+        qputenv(variable, "en_US.UTF-8");
+        EXPECT_TRUE(run(QStringList("--help")).output.contains("Letter (the default)"));
+        print(QStringList(), data);
+        expectPage(215.9, 279.4);
+        qputenv(variable, "de_DE.UTF-8");
+        EXPECT_TRUE(run(QStringList("--help")).output.contains("A4 (the default)"));
+        print(QStringList(), data);
+        expectPage(210, 297);
+        unsetenv(variable);
+    }
+    unsetenv("LOCPATH");
+}
+
+TEST_F(Print, TheFileIsTitledWithTheNameOfTheDataAndTellsTheProgram)
+{
+    const QString named = folder.path() + QString::fromUtf8("/H\u00f6hen (1).asc");
+    ASSERT_TRUE(QFile::rename(folder.writeGrid(), named));
+    print(QStringList(), named);
+    EXPECT_EQ(descriptionInPdf(pdf, "Title").toStdString(), "H\u00f6hen (1).asc");
+    EXPECT_EQ(descriptionInPdf(pdf, "Creator").toStdString(), "Viewer " LIBRARY_VERSION);
 }
 
 TEST_F(Print, ThePageHasThreeHundredDotsToTheInchAndNoPhotographsOfIt)

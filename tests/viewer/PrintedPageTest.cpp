@@ -65,7 +65,8 @@ protected:
         options.output = pdf;
         options.paper = paper;
         options.landscape = landscape;
-        ASSERT_EQ(viewer::printFile(m_session, options), 0);
+        m_session.setPaper(options.paper, options.landscape);
+        ASSERT_EQ(viewer::printFile(options), 0);
     }
 
     TempFolder folder;

@@ -13,6 +13,7 @@ struct Column {
     bool isDate = false;        ///< values are days since 1970-01-01 (fractions for the time of day)
     std::vector<double> values; ///< one a row
     std::string unit = {};      ///< as a row under the header gives it, or ""
+    bool countsRows = false;    ///< no column of the file: 1, 2, 3, …
 };
 
 /// What a column of a file holds, be it shown or left out.

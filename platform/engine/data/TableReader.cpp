@@ -246,6 +246,7 @@ Column TableReader::rowNumbers()
 {
     Column column;
     column.name = "Row";
+    column.countsRows = true;
     column.values.reserve(m_rows);
     for (std::size_t row = 1; row <= m_rows; ++row) {
         if (row % RowsAtATime == 0)

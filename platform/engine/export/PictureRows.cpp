@@ -135,6 +135,7 @@ ExportRequest PictureRows::partOfPicture(const Tile& tile, double drawn) const
     request.tileX = tile.x;
     request.tileY = m_request.drawnHeight() - tile.y - tile.height;
     request.pixelsPerPoint = m_request.pixelsPerPoint * m_request.supersample;
+    request.supersample = m_request.supersample;
     request.progressFrom = m_done;
     request.progressTo = drawn;
     return request;

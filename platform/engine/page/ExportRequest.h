@@ -11,6 +11,7 @@ struct ExportRequest {
     int tileX = 0; ///< the image's lower left corner in the whole picture
     int tileY = 0;
     double pixelsPerPoint = 0; ///< text and line widths; 0: as the size of the picture gives it
+    int supersample = 1;       ///< pixels drawn for one of the finished picture, in each direction
     double progressFrom = 0;   ///< the image's share of the progress of the whole
     double progressTo = 1;
 };

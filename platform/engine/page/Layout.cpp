@@ -94,6 +94,7 @@ Picture currentFramePicture(const Page& page, int width, int height, double pixe
 {
     const InchRect rect = page.currentFrameRect();
     Picture picture;
+    picture.leastText = LegibleText;
     picture.pixelsPerPoint = pixelsPerPoint > 0 ? pixelsPerPoint : pixelsPerPointFor(rect, width, height);
     if (page.currentPlot())
         picture.frames.push_back({filling(rect, width, height).toPixels(rect), page.currentPlot()});

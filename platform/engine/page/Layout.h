@@ -26,10 +26,12 @@ PaperView workAreaView(const Page& page, int width, int height);
 /// pixels.
 Picture workAreaPicture(const Page& page, int width, int height, double pixelsPerPoint, double magnification = 1);
 
-/// The current frame alone, over the whole of a target.
+/// The current frame alone, over the whole of a target; its text stays legible, however small that is.
 Picture currentFramePicture(const Page& page, int width, int height, double pixelsPerPoint);
 /// The whole paper with its frames, in the middle of a target and as large as fits.
 Picture paperPicture(const Page& page, int width, int height, double pixelsPerPoint);
+
+constexpr double LegibleText = 9; ///< pixels
 
 /// Pixels of the screen for one point of text or line width.
 double screenPixelsPerPoint();

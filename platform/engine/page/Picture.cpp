@@ -149,6 +149,7 @@ bool paintPicture(const Picture& picture, const GLFunctions& gl, int width, int 
                               frame.rect.width,
                               frame.rect.height,
                               picture.pixelsPerPoint,
+                              picture.leastText,
                               picture.detail,
                               picture.coarseTriangles,
                               picture.kept,

@@ -30,6 +30,7 @@ struct Picture {
     PixelRect printable;
     std::vector<PlacedFrame> frames;
     double pixelsPerPoint = 1;
+    double leastText = 0;     ///< see Drawing
     double magnification = 1; ///< of the sheet's shadow and lines, over a screen's
     Detail detail = Detail::Full;
     std::size_t coarseTriangles = 0; ///< see Drawing

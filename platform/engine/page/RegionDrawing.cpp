@@ -21,7 +21,10 @@ Picture enlargedWorkArea(const Page& page, int width, int height, double pixelsP
     page.area()->getSize(&areaWidth, &areaHeight);
     const double larger = std::min(static_cast<double>(width) / areaWidth, static_cast<double>(height) / areaHeight);
     const double shown = workAreaPicture(page, areaWidth, areaHeight, 0).pixelsPerPoint;
-    return workAreaPicture(page, width, height, pixelsPerPoint > 0 ? pixelsPerPoint : shown * larger, larger);
+    Picture picture =
+        workAreaPicture(page, width, height, pixelsPerPoint > 0 ? pixelsPerPoint : shown * larger, larger);
+    picture.leastText *= std::max(larger, 1.0);
+    return picture;
 }
 
 Picture wholePicture(const Page& page, ExportRegion_e region, int width, int height, double pixelsPerPoint)
@@ -47,6 +50,8 @@ Picture regionPicture(const Page& page, ExportRegion_e region, int width, int he
     Picture picture = wholePicture(page, region, fullWidth, fullHeight, request.pixelsPerPoint)
                           .seenFrom(request.tileX, request.tileY);
     picture.isOnBlack = request.onBlack;
+    if (picture.leastText > 0)
+        picture.leastText = std::max(picture.leastText, LegibleText * request.supersample);
     return picture;
 }
 

@@ -29,6 +29,7 @@ struct Drawing {
     double frameWidth = 0;
     double frameHeight = 0;
     double pixelsPerPoint = 1; ///< 1 point is 1/72 inch of paper: text and line widths
+    double leastText = 0;      ///< pixels that no text is lower than
     Detail detail = Detail::Full;
     std::size_t coarseTriangles = 0; ///< of a surface in a coarse drawing, at most
     KeptGeometry* kept = nullptr;    ///< of the current context; null: nothing is kept

@@ -6,7 +6,15 @@ namespace velmora::engine {
 
 TextItem plotTitle(const std::string& name, const FrameSize& frame, double top)
 {
-    return {name,        {frame.width / 2, top}, frame.points(plotsize::Title), Align::Middle, Align::End, false, true,
+    const double size = frame.textSize(plotsize::Title);
+    const double room = frame.width - 2 * frame.points(plotsize::Edge);
+    return {fitted(FontFace::bold(), name, size, room),
+            {frame.width / 2, top},
+            size,
+            Align::Middle,
+            Align::End,
+            false,
+            true,
             palette::Ink};
 }
 

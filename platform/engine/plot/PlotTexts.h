@@ -24,7 +24,7 @@ struct PlotText {
     int object; ///< of kind text
 };
 
-/// The plot's name in the middle of the frame, its top at `top`.
+/// The plot's name in the middle of the frame, its top at `top`; cut at its end where it is wider.
 TextItem plotTitle(const std::string& name, const FrameSize& frame, double top);
 
 /// Paints a text of a plot, on a ground that tells whether it is selected.

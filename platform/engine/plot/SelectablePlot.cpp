@@ -1,11 +1,17 @@
 #include "engine/plot/SelectablePlot.h"
 
+#include "engine/plot/PlotTexts.h"
+
 namespace velmora::engine {
 
 namespace {
 
 // In points: a frame with less than this on its shorter side shrinks what is in it.
 constexpr double ComfortableSide = 380;
+
+// The height of a small frame in lines of the lowest text; in a still smaller one that gives way too, or there
+// would be no room for the plot.
+constexpr double LeastLines = 12;
 
 constexpr std::size_t MostNames = 3;
 
@@ -17,9 +23,20 @@ double FrameSize::points(double length) const
     return length * pixelsPerPoint * std::min(1.0, shorter / ComfortableSide);
 }
 
+double FrameSize::textSize(double length) const
+{
+    const double least = std::min(leastText, std::min(width, height) / LeastLines);
+    return std::max(points(length), least);
+}
+
+double FrameSize::besideLabel(double length) const
+{
+    return std::max(points(length), length * textSize(plotsize::Label) / plotsize::Label);
+}
+
 FrameSize frameSizeOf(const Drawing& drawing)
 {
-    return {drawing.frameWidth, drawing.frameHeight, drawing.pixelsPerPoint};
+    return {drawing.frameWidth, drawing.frameHeight, drawing.pixelsPerPoint, drawing.leastText};
 }
 
 int SelectablePlot::pick(double x1, double y1, double x2, double y2, const PickFilter& filter)

@@ -24,9 +24,14 @@ struct FrameSize {
     double width = 792; ///< a landscape letter sheet, until something was drawn
     double height = 612;
     double pixelsPerPoint = 1;
+    double leastText = 0; ///< pixels
 
     /// Pixels for a length in points. In a small frame text and lines shrink with it.
     double points(double length) const;
+    /// The same for the height of a text, which stays legible.
+    double textSize(double length) const;
+    /// The same for what stands beside a label and grows with it.
+    double besideLabel(double length) const;
     Rect rect() const { return {0, 0, width, height}; }
 };
 

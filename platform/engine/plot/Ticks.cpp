@@ -99,12 +99,12 @@ double niceStep(const AxisRange& range, int most)
     return 10 * power;
 }
 
-std::vector<Tick> numberTicks(const AxisRange& range, int most)
+std::vector<Tick> numberTicks(const AxisRange& range, int most, double leastStep)
 {
     std::vector<Tick> ticks;
     if (!isUsable(range))
         return ticks;
-    const double step = niceStep(range, most);
+    const double step = std::max(niceStep(range, most), leastStep);
     if (!std::isfinite(step) && range.from <= 0 && range.to >= 0)
         ticks.push_back({0, "0"});
     if (!std::isfinite(step) || !(step > magnitudeOf(range) * Resolution))

@@ -27,8 +27,9 @@ AxisRange rangeAround(double smallest, double largest, double roomFraction);
 /// The step of 1, 2 or 5 times a power of ten that divides the range into at most `most` parts.
 double niceStep(const AxisRange& range, int most);
 
-/// Ticks at whole multiples of a nice step inside the range, `most` + 1 at the most.
-std::vector<Tick> numberTicks(const AxisRange& range, int most);
+/// Ticks at whole multiples of a nice step inside the range, `most` + 1 at the most; the step is no less than
+/// `leastStep`.
+std::vector<Tick> numberTicks(const AxisRange& range, int most, double leastStep = 0);
 
 /// A number as a person writes it, with the digits that a step of `step` needs: "0.25", "-1500",
 /// "3×10⁻⁹".

@@ -1,5 +1,7 @@
 #include "engine/text/TextLine.h"
 
+#include "engine/text/PlainText.h"
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -69,6 +71,20 @@ TextExtent measureText(FontFace& face, const std::string& text, double pixelSize
     extent.ascent = face.ascent(pixelSize);
     extent.descent = face.descent(pixelSize);
     return extent;
+}
+
+std::string fitted(FontFace& face, const std::string& text, double pixelSize, double width)
+{
+    const auto fits = [&](const std::string& part) { return measureText(face, part, pixelSize).width <= width; };
+    if (fits(text))
+        return text;
+    std::size_t fitting = 0;
+    std::size_t tooMany = std::min(text.size(), longestLine);
+    while (fitting + 1 < tooMany) {
+        const std::size_t middle = (fitting + tooMany) / 2;
+        (fits(shortened(text, middle)) ? fitting : tooMany) = middle;
+    }
+    return shortened(text, fitting);
 }
 
 TextImage turnedUpwards(const TextImage& image)

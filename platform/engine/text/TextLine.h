@@ -19,6 +19,9 @@ struct TextExtent {
 /// The size of a line of UTF-8 text; exactly proportional to `pixelSize`.
 TextExtent measureText(FontFace& face, const std::string& text, double pixelSize);
 
+/// The text, or as much of its beginning as is no wider than that, with an ellipsis.
+std::string fitted(FontFace& face, const std::string& text, double pixelSize, double width);
+
 /// A picture of text: coverage 0 to 255, row by row from the bottom.
 struct TextImage {
     int left = 0;   ///< of the first column, from the pen's start

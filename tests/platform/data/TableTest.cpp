@@ -99,6 +99,8 @@ TEST(Table, ALoneColumnHasTheRowNumberAsItsAxis)
     const Table table = readTable("level\n7\nNA\n9\n");
     EXPECT_THAT(names(table), ElementsAre("Row", "level"));
     EXPECT_THAT(table.columns[0].values, ElementsAre(1, 2, 3));
+    EXPECT_TRUE(table.columns[0].countsRows);
+    EXPECT_FALSE(table.columns[1].countsRows);
     EXPECT_TRUE(sameValues(table.columns[1].values, {7, Gap, 9}));
     EXPECT_THAT(table.notes, ElementsAre("No column can be the axis; the row number is."));
 }

@@ -113,6 +113,59 @@ TEST_P(SurfaceLabels, LieOutsideTheTerrainFromAbove)
     });
 }
 
+// Which from above is short, and whose labels stand above each other.
+TEST_P(SurfaceLabels, AreAtLeastTwoOnTheUprightAxisAlsoWhereItIsShort)
+{
+    int shortOnes = 0;
+    fromEverywhere([&](const SurfaceLayout& layout, const SurfaceShape&, double) {
+        const SurfaceAxis& upright = layout.axes[surfaceobject::zAxis];
+        const double length =
+            std::hypot(upright.line.to.x - upright.line.from.x, upright.line.to.y - upright.line.from.y);
+        if (length < GetParam().points(14))
+            return;
+        shortOnes += length < GetParam().points(40) ? 1 : 0;
+        EXPECT_GE(upright.labels.size(), 2u) << "of " << length;
+        EXPECT_GE(upright.ticks.size(), 2u) << "of " << length;
+    });
+    EXPECT_GT(shortOnes, 5);
+}
+
+TEST(SmallSurfaces, HaveTwoTicksOnTheUprightAxisAlsoWhereThereIsNoRoomForLabels)
+{
+    const auto grid = gridOf(24, 24, [](int column, int row) { return 1234567.0 + column + row; });
+    const SurfaceShape shape(*grid);
+    for (const double tilt : {5.0, 10.0, 20.0, 33.0}) {
+        SurfaceView view;
+        view.tilt = tilt;
+        const SurfaceLayout layout = layOut(*grid, shape, view, FrameSize{160, 120, 1.333, 9});
+        EXPECT_GE(layout.axes[surfaceobject::zAxis].ticks.size(), 2u) << tilt;
+    }
+}
+
+TEST(SmallSurfaces, HaveTextsThatAreLegibleAndInTheFrame)
+{
+    const auto grid = mapGrid(80, 80);
+    const SurfaceShape shape(*grid);
+    const FrameSize frame{320, 240, 0.427, 9};
+    const SurfaceLayout layout = layOut(*grid, shape, SurfaceView(), frame);
+    for (const SurfaceAxis& axis : layout.axes) {
+        EXPECT_GE(axis.labels.size(), 2u) << axis.object;
+        for (const TextItem& label : axis.labels)
+            EXPECT_GE(label.size, 9) << label.text;
+    }
+    for (const TextItem& label : layout.barLabels)
+        EXPECT_GE(label.size, 9) << label.text;
+    for (const PlotText& text : layout.texts)
+        EXPECT_GE(text.item.size, 9) << text.item.text;
+    const std::vector<Named> texts = textsOf(layout);
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        EXPECT_GE(texts[i].rect.x1, 0) << texts[i].what;
+        EXPECT_LE(texts[i].rect.x2, frame.width) << texts[i].what;
+        for (std::size_t j = 0; j < i; ++j)
+            EXPECT_FALSE(texts[i].rect.meets(texts[j].rect)) << texts[i].what << " and " << texts[j].what;
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(Frames, SurfaceLabels,
                          testing::Values(FrameSize{1000, 700, 1.333}, FrameSize{640, 480, 1},
                                          FrameSize{2400, 1700, 4.17}));

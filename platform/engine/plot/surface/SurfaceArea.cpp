@@ -9,16 +9,28 @@ namespace velmora::engine {
 namespace {
 
 // Points.
-constexpr double LabelRoom = 40;
+constexpr double BesideLabels = 21; ///< free room between an axis, its labels, its title and what comes next
+constexpr double BarAndGaps = 36;
+constexpr double BarLabels = 40;
 constexpr double RoomBesideBar = 40; ///< for labels between it and the surface
+
+double labelRoom(const FrameSize& frame)
+{
+    return frame.points(BesideLabels) + frame.textSize(plotsize::Label) + frame.textSize(plotsize::AxisTitle);
+}
 
 } // namespace
 
+double barRoom(const FrameSize& frame)
+{
+    return frame.points(BarAndGaps) + frame.besideLabel(BarLabels);
+}
+
 Rect surfaceArea(const FrameSize& frame)
 {
-    Rect area = frame.rect().grown(-frame.points(plotsize::Edge + LabelRoom));
-    area.y2 += frame.points(LabelRoom - plotsize::Title - plotsize::Gap);
-    area.x2 -= frame.points(BarRoom - LabelRoom + RoomBesideBar);
+    Rect area = frame.rect().grown(-frame.points(plotsize::Edge) - labelRoom(frame));
+    area.y2 += labelRoom(frame) - frame.textSize(plotsize::Title) - frame.points(plotsize::Gap);
+    area.x2 -= barRoom(frame) - labelRoom(frame) + frame.points(RoomBesideBar);
     return {area.x1, area.y1, std::max(area.x2, area.x1 + 1), std::max(area.y2, area.y1 + 1)};
 }
 

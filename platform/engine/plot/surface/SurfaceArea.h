@@ -5,7 +5,8 @@
 
 namespace velmora::engine {
 
-constexpr double BarRoom = 76; ///< points from the colour bar's left edge to the frame's right one
+/// From the colour bar's left edge to the frame's right one.
+double barRoom(const FrameSize& frame);
 
 /// The part of the frame that the surface fits into: between the title, the colour bar and the labels.
 Rect surfaceArea(const FrameSize& frame);

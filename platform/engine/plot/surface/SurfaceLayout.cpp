@@ -13,7 +13,8 @@ namespace {
 // Points.
 constexpr double BarWidth = 14;
 constexpr double LabelDistance = 2;
-constexpr double ShortestScale = 40; ///< an axis that is shorter in the picture has none
+constexpr double ShortestScale = 40;   ///< an axis of the floor that is shorter in the picture has none
+constexpr double ShortestUpright = 14; ///< the upright one, whose labels stand above each other
 constexpr int MostTicks = 12;
 constexpr int MostLines = 4; ///< of labels beside an axis where there is little room
 constexpr double LineHeight = 1.3;
@@ -74,6 +75,7 @@ public:
 
 private:
     double points(double length) const { return m_frame.points(length); }
+    double textSize(double height) const { return m_frame.textSize(height); }
     Point at(const glm::dvec3& point) const
     {
         const StrokePoint place = m_layout.camera.project(point);
@@ -86,6 +88,7 @@ private:
     bool isFree(const Rect& rect) const;
     double insideBox(const AxisEdge& axisEdge, Point away) const;
     Point pointOn(const AxisEdge& axisEdge, double t) const;
+    double shortestScaleOf(const AxisEdge& axisEdge) const;
     SurfaceAxis withTicks(const AxisEdge& axisEdge, const Outwards& outwards, int most, int lines) const;
     TextItem labelAt(const std::string& text, Point foot, Point away, double distance) const;
     static double nearestCorner(const Rect& rect, Point from, Point away);
@@ -194,12 +197,17 @@ Point Builder::pointOn(const AxisEdge& axisEdge, double t) const
     return at(axisEdge.from + (axisEdge.to - axisEdge.from) * t);
 }
 
+double Builder::shortestScaleOf(const AxisEdge& axisEdge) const
+{
+    return points(axisEdge.object == surfaceobject::ZAxis ? ShortestUpright : ShortestScale);
+}
+
 /// A label beside an axis, all of it at least `distance` away.
 TextItem Builder::labelAt(const std::string& text, Point foot, Point away, double distance) const
 {
     TextItem label;
     label.text = text;
-    label.size = points(plotsize::Label);
+    label.size = textSize(plotsize::Label);
     label.color = palette::Label;
     label.along = alignFor(away.x);
     label.across = alignFor(away.y);
@@ -224,7 +232,7 @@ SurfaceAxis Builder::withTicks(const AxisEdge& axisEdge, const Outwards& outward
         const Point foot = pointOn(axisEdge, (tick.value - axisEdge.range.from) / axisEdge.range.span());
         double end = outwards.inside + points(plotsize::Tick);
         for (int line = 0; line < lines; ++line) {
-            const double further = line * points(plotsize::Label) * LineHeight;
+            const double further = line * textSize(plotsize::Label) * LineHeight;
             const TextItem label = labelAt(tick.label, foot, away, end + further + points(plotsize::Gap / 2));
             if (!isApart(textRect(label)) || !isFree(textRect(label)))
                 continue;
@@ -251,9 +259,9 @@ SurfaceAxis Builder::withBestTicks(const AxisEdge& axisEdge, const Outwards& out
     SurfaceAxis best{axisEdge.object, {at(axisEdge.from), at(axisEdge.to)}, {}, {}};
     const Point along{best.line.to.x - best.line.from.x, best.line.to.y - best.line.from.y};
     const double length = std::hypot(along.x, along.y);
-    if (length < points(ShortestScale))
+    if (length < shortestScaleOf(axisEdge))
         return best;
-    const int usual = std::clamp(static_cast<int>(length / points(plotsize::Label * 1.9)), 2, 6);
+    const int usual = std::clamp(static_cast<int>(length / (textSize(plotsize::Label) * 1.9)), 2, 6);
     for (int most = usual; most >= 1; --most) {
         SurfaceAxis axis = withTicks(axisEdge, outwards, most, 1);
         if (axis.labels.size() >= 2 && axis.labels.size() == axis.ticks.size())
@@ -263,7 +271,8 @@ SurfaceAxis Builder::withBestTicks(const AxisEdge& axisEdge, const Outwards& out
     }
     for (int most = 1; most <= MostTicks && best.labels.size() < 2; ++most) {
         SurfaceAxis axis = withTicks(axisEdge, outwards, most, MostLines);
-        if (axis.labels.size() > best.labels.size())
+        const bool tellsScale = best.ticks.size() < 2 && axis.ticks.size() >= 2;
+        if (axis.labels.size() > best.labels.size() || (tellsScale && axis.labels.size() == best.labels.size()))
             best = std::move(axis);
     }
     return best;
@@ -301,7 +310,7 @@ void Builder::addAxisTitle(const AxisEdge& axisEdge, Point away, double reach)
 {
     TextItem title;
     title.text = axisEdge.title;
-    title.size = points(plotsize::AxisTitle);
+    title.size = textSize(plotsize::AxisTitle);
     title.bold = true;
     title.color = palette::Ink;
     const auto place = [&](double t, double distance, Point direction) {
@@ -334,19 +343,19 @@ void Builder::addTitle()
 void Builder::addBar()
 {
     const double height = m_frame.height * BarShare;
-    const double left = std::round(m_frame.width - points(BarRoom) + points(plotsize::Gap));
-    const double bottom = std::round((m_frame.height - height) / 2 - points(plotsize::Title));
+    const double left = std::round(m_frame.width - barRoom(m_frame) + points(plotsize::Gap));
+    const double bottom = std::round((m_frame.height - height) / 2 - textSize(plotsize::Title));
     m_layout.bar = {left, bottom, left + std::round(points(BarWidth)), bottom + std::round(height)};
     const Rect& bar = m_layout.bar;
     const std::vector<double>& edges = m_shape.bandEdges();
     const double step = edges[1] - edges[0];
     const double apart = bar.height() / static_cast<double>(edges.size() - 1);
-    const auto every = static_cast<std::size_t>(std::max(1.0, std::ceil(points(plotsize::Label) * 1.5 / apart)));
+    const auto every = static_cast<std::size_t>(std::max(1.0, std::ceil(textSize(plotsize::Label) * 1.5 / apart)));
     for (std::size_t i = 0; i < edges.size(); i += every) {
         const double y = bar.y1 + m_shape.bandPlace(edges[i]) * bar.height();
         m_layout.barLabels.push_back({formatNumber(edges[i], step),
                                       {bar.x2 + points(plotsize::Gap), y},
-                                      points(plotsize::Label),
+                                      textSize(plotsize::Label),
                                       Align::Start,
                                       Align::Middle,
                                       false,
@@ -355,7 +364,7 @@ void Builder::addBar()
     }
     m_layout.texts.push_back({{"z",
                                {bar.x1 + bar.width() / 2, bar.y2 + points(plotsize::Gap)},
-                               points(plotsize::AxisTitle),
+                               textSize(plotsize::AxisTitle),
                                Align::Middle,
                                Align::Start,
                                false,

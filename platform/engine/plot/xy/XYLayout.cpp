@@ -29,10 +29,10 @@ public:
     {
         addTitle();
         addLegend();
-        m_free.y1 += points(plotsize::AxisTitle) * 1.2 + points(plotsize::Gap) + points(plotsize::Label) * 1.3 +
+        m_free.y1 += textSize(plotsize::AxisTitle) * 1.2 + points(plotsize::Gap) + textSize(plotsize::Label) * 1.3 +
                      points(plotsize::Tick + plotsize::Gap);
         chooseYTicks();
-        m_free.x2 -= points(plotsize::Edge);
+        m_free.x2 -= m_frame.besideLabel(plotsize::Edge);
         snap(m_free);
         m_layout.map.plot = m_free;
         chooseXTicks();
@@ -43,6 +43,7 @@ public:
 
 private:
     double points(double length) const { return m_frame.points(length); }
+    double textSize(double height) const { return m_frame.textSize(height); }
     void addTitle();
     void addLegend();
     bool placeEntry(std::size_t line, Point& at, std::size_t& row);
@@ -50,6 +51,8 @@ private:
     void chooseXTicks();
     void addAxisTitles();
     void addTickLabels();
+    const Column* xColumn() const { return m_content.series.empty() ? nullptr : m_content.series[0].x; }
+    TextItem axisTitle(const std::string& title, Point anchor, bool upwards) const;
     double widestLabel(const std::vector<Tick>& ticks) const;
     std::vector<Tick> yTicksFor(int most) const;
     static void snap(Rect& rect);
@@ -60,10 +63,19 @@ private:
     XYLayout m_layout;
 };
 
+std::string withUnit(const std::string& name, const std::string& unit)
+{
+    return unit.empty() ? name : name + " (" + unit + ")";
+}
+
 std::string titleOf(const Column& column)
 {
-    const std::string unit = column.unit.empty() ? "" : " (" + shortened(column.unit, LongestName) + ")";
-    return shortened(column.name, LongestName) + unit;
+    return withUnit(column.name, column.unit);
+}
+
+std::string legendNameOf(const Column& column)
+{
+    return withUnit(shortened(column.name, LongestName), shortened(column.unit, LongestName));
 }
 
 bool allDates(const std::vector<Series>& series)
@@ -82,16 +94,18 @@ void Builder::snap(Rect& rect)
 void Builder::addTitle()
 {
     m_layout.texts.push_back({plotTitle(m_content.table->name, m_frame, m_free.y2), xyobject::Title});
-    m_free.y2 -= points(plotsize::Title) * 1.2 + points(plotsize::Gap) * 2;
+    m_free.y2 -= textSize(plotsize::Title) * 1.2 + points(plotsize::Gap) * 2;
 }
 
 bool Builder::placeEntry(std::size_t line, Point& at, std::size_t& row)
 {
-    const double size = points(plotsize::Label);
+    const double size = textSize(plotsize::Label);
     const Series& series = m_content.series[line];
     const auto& colour = series.isShown ? palette::Ink : palette::Hidden;
-    TextItem text{titleOf(*series.y), at, size, Align::Start, Align::Middle, false, false, colour};
-    const double width = points(SampleLength + plotsize::Gap) + measureText(FontFace::regular(), text.text, size).width;
+    const double besideText = m_frame.besideLabel(SampleLength + plotsize::Gap);
+    const std::string name = fitted(FontFace::regular(), legendNameOf(*series.y), size, m_free.width() - besideText);
+    TextItem text{name, at, size, Align::Start, Align::Middle, false, false, colour};
+    const double width = besideText + measureText(FontFace::regular(), text.text, size).width;
     if (at.x + width > m_free.x2 && at.x > m_free.x1) {
         at = {m_free.x1, at.y - size * 1.6};
         if (++row == MostLegendRows) {
@@ -108,10 +122,10 @@ bool Builder::placeEntry(std::size_t line, Point& at, std::size_t& row)
         }
     }
     const Rect entry{at.x, at.y - size * 0.8, at.x + width, at.y + size * 0.8};
-    m_layout.samples.push_back({at, {at.x + points(SampleLength), at.y}, entry, line});
-    text.anchor = {at.x + points(SampleLength + plotsize::Gap), at.y};
+    m_layout.samples.push_back({at, {at.x + m_frame.besideLabel(SampleLength), at.y}, entry, line});
+    text.anchor = {at.x + besideText, at.y};
     m_layout.texts.push_back({text, xyobject::LegendText + static_cast<int>(line)});
-    at.x += width + points(EntryGap);
+    at.x += width + m_frame.besideLabel(EntryGap);
     return true;
 }
 
@@ -120,7 +134,7 @@ void Builder::addLegend()
 {
     if (m_content.series.size() < 2)
         return;
-    const double size = points(plotsize::Label);
+    const double size = textSize(plotsize::Label);
     Point at{m_free.x1, m_free.y2 - size / 2};
     std::size_t row = 0;
     const std::size_t firstText = m_layout.texts.size();
@@ -130,7 +144,7 @@ void Builder::addLegend()
     m_layout.legend = {at.x, at.y, at.x, at.y};
     for (std::size_t i = firstText; i < m_layout.texts.size(); ++i) {
         const Rect text = textRect(m_layout.texts[i].item);
-        m_layout.legend.take({text.x1 - points(SampleLength + plotsize::Gap), text.y1});
+        m_layout.legend.take({text.x1 - m_frame.besideLabel(SampleLength + plotsize::Gap), text.y1});
         m_layout.legend.take({text.x2, text.y2});
     }
     m_free.y2 = m_layout.legend.y1 - points(plotsize::Gap) * 1.6;
@@ -140,7 +154,7 @@ double Builder::widestLabel(const std::vector<Tick>& ticks) const
 {
     double widest = 0;
     for (const Tick& tick : ticks)
-        widest = std::max(widest, measureText(FontFace::regular(), tick.label, points(plotsize::Label)).width);
+        widest = std::max(widest, measureText(FontFace::regular(), tick.label, textSize(plotsize::Label)).width);
     return widest;
 }
 
@@ -151,9 +165,9 @@ std::vector<Tick> Builder::yTicksFor(int most) const
 
 void Builder::chooseYTicks()
 {
-    const int most = std::clamp(static_cast<int>(m_free.height() / points(plotsize::Label * 3.6)), 1, 12);
+    const int most = std::clamp(static_cast<int>(m_free.height() / (textSize(plotsize::Label) * 3.6)), 1, 12);
     m_layout.yTicks = yTicksFor(most);
-    m_free.x1 += points(plotsize::AxisTitle) * 1.2 + points(plotsize::Gap) + widestLabel(m_layout.yTicks) +
+    m_free.x1 += textSize(plotsize::AxisTitle) * 1.2 + points(plotsize::Gap) + widestLabel(m_layout.yTicks) +
                  points(plotsize::Tick + plotsize::Gap);
 }
 
@@ -161,48 +175,50 @@ void Builder::chooseYTicks()
 void Builder::chooseXTicks()
 {
     const Rect& plot = m_layout.map.plot;
-    const bool isDate = !m_content.series.empty() && m_content.series.front().x && m_content.series.front().x->isDate;
-    const int upper = std::clamp(static_cast<int>(plot.width() / points(plotsize::Label * 4)), 1, 12);
+    const bool isDate = xColumn() && xColumn()->isDate;
+    const double leastStep = !xColumn() || xColumn()->countsRows ? 1 : 0;
+    const int upper = std::clamp(static_cast<int>(plot.width() / (textSize(plotsize::Label) * 4)), 1, 12);
     for (int most = upper; most >= 1; --most) {
-        m_layout.xTicks = isDate ? dateTicks(m_layout.map.x, most) : numberTicks(m_layout.map.x, most);
-        const double needed = widestLabel(m_layout.xTicks) + points(plotsize::Label) * 1.5;
-        if (needed * static_cast<double>(m_layout.xTicks.size()) <= plot.width() + points(plotsize::Label))
+        m_layout.xTicks = isDate ? dateTicks(m_layout.map.x, most) : numberTicks(m_layout.map.x, most, leastStep);
+        const double needed = widestLabel(m_layout.xTicks) + textSize(plotsize::Label) * 1.5;
+        if (needed * static_cast<double>(m_layout.xTicks.size()) <= plot.width() + textSize(plotsize::Label))
             return;
     }
+}
+
+/// In the middle of its axis; cut at its end where it is longer than the room to the nearer edge allows.
+TextItem Builder::axisTitle(const std::string& title, Point anchor, bool upwards) const
+{
+    const double size = textSize(plotsize::AxisTitle);
+    const double middle = upwards ? anchor.y : anchor.x;
+    const double end = upwards ? m_frame.height : m_frame.width;
+    const double room = 2 * (std::min(middle, end - middle) - points(plotsize::Gap));
+    return {fitted(FontFace::regular(), title, size, room),
+            anchor,
+            size,
+            Align::Middle,
+            upwards ? Align::End : Align::Start,
+            upwards,
+            false,
+            palette::Ink};
 }
 
 void Builder::addAxisTitles()
 {
     const Rect& plot = m_layout.map.plot;
-    const double size = points(plotsize::AxisTitle);
     const bool single = m_content.series.size() == 1;
-    const std::string xTitle =
-        m_content.series.empty() || !m_content.series[0].x ? "Row" : titleOf(*m_content.series[0].x);
+    const std::string xTitle = xColumn() ? titleOf(*xColumn()) : "Row";
     const std::string yTitle = single ? titleOf(*m_content.series[0].y) : "Value";
-    m_layout.texts.push_back({{xTitle,
-                               {(plot.x1 + plot.x2) / 2, points(plotsize::Edge)},
-                               size,
-                               Align::Middle,
-                               Align::Start,
-                               false,
-                               false,
-                               palette::Ink},
-                              xyobject::XTitle});
-    m_layout.texts.push_back({{yTitle,
-                               {points(plotsize::Edge), (plot.y1 + plot.y2) / 2},
-                               size,
-                               Align::Middle,
-                               Align::End,
-                               true,
-                               false,
-                               palette::Ink},
-                              xyobject::YTitle});
+    const Point below{(plot.x1 + plot.x2) / 2, points(plotsize::Edge)};
+    const Point beside{points(plotsize::Edge), (plot.y1 + plot.y2) / 2};
+    m_layout.texts.push_back({axisTitle(xTitle, below, false), xyobject::XTitle});
+    m_layout.texts.push_back({axisTitle(yTitle, beside, true), xyobject::YTitle});
 }
 
 void Builder::addTickLabels()
 {
     const Rect& plot = m_layout.map.plot;
-    const double size = points(plotsize::Label);
+    const double size = textSize(plotsize::Label);
     const double away = points(plotsize::Tick + plotsize::Gap / 2);
     m_layout.xAxis = {plot.x1, plot.y1 - away, plot.x2, plot.y1};
     m_layout.yAxis = {plot.x1 - away, plot.y1, plot.x1, plot.y2};
