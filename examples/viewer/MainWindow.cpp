@@ -1,6 +1,7 @@
 #include "MainWindow.h"
 
 #include "Animation.h"
+#include "AxisScales.h"
 #include "OutputCommands.h"
 #include "RecentFiles.h"
 #include "ScreenPixels.h"
@@ -117,6 +118,9 @@ void MainWindow::createViewMenu()
     addViewCommands();
     m_toolBar->addSeparator();
     m_viewMenu->addSeparator();
+    m_scales = new AxisScales(*m_viewMenu, this);
+    connect(m_scales, SIGNAL(told(QString)), this, SLOT(showNote(QString)));
+    m_viewMenu->addSeparator();
     m_animation = new Animation(*m_viewMenu, *m_toolBar, this);
     m_viewMenu->addSeparator();
 }
@@ -209,6 +213,7 @@ void MainWindow::showData(const QString& name)
         m_description->setText(name.isEmpty() ? shown : tr("%1: %2").arg(name, shown));
     m_output->setEnabled(!shown.isEmpty());
     m_animation->setEnabled(VelUtilViewCanRotate() != 0);
+    m_scales->showState();
     offerRotating(shown.isEmpty() || VelUtilViewCanRotate());
     showSelection();
 }
@@ -267,6 +272,11 @@ void MainWindow::showSelection()
     const QString names = QString::fromUtf8(VelUtilPickDescription());
     m_selection->setText(count > 0 ? tr("%1 selected: %2").arg(count).arg(names) : QString());
     m_selection->setToolTip(m_selection->text()); // there may be little room
+}
+
+void MainWindow::showNote(const QString& note)
+{
+    statusBar()->showMessage(note, NoteMilliseconds);
 }
 
 void MainWindow::fitView()

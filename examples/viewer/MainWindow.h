@@ -17,6 +17,7 @@ class GLDrawArea;
 namespace viewer {
 
 class Animation;
+class AxisScales;
 class OutputCommands;
 class RecentFiles;
 class ViewTools;
@@ -46,6 +47,7 @@ private Q_SLOTS:
     void setTool(QAction* action);
     void deselect();
     void showSelection();
+    void showNote(const QString& note);
     void fitView();
     void zoomIn();
     void zoomOut();
@@ -70,6 +72,7 @@ private:
     RecentFiles* m_recentFiles = nullptr;
     OutputCommands* m_output;
     Animation* m_animation;
+    AxisScales* m_scales;
     QToolBar* m_toolBar;
     QMenu* m_viewMenu;
     QAction* m_rotate;

@@ -114,6 +114,18 @@ VELMORA_PLATFORM_EXPORT int VelUtilLineShow(int line, int shown);
 /// Shows this line and no other; when that is so already, all lines. 0 for a line that the page does not have.
 VELMORA_PLATFORM_EXPORT int VelUtilLineShowAlone(int line);
 
+// ---- the axes of the lines of the active page: 0 is x, 1 is y. Reference platform only
+
+/// 0 for an axis with dates, one that there is not, and a page without lines.
+VELMORA_PLATFORM_EXPORT int VelUtilAxisCanBeLogarithmic(int axis);
+VELMORA_PLATFORM_EXPORT int VelUtilAxisIsLogarithmic(int axis);
+/// Makes an axis logarithmic (1) or linear (0); it then shows all that the lines have there. Values that are not above
+/// 0 are gaps on a logarithmic axis; where no line that is shown has others it stays linear, which is a failure.
+/// Data that are loaded have linear axes.
+VELMORA_PLATFORM_EXPORT int VelUtilAxisSetLogarithmic(int axis, int logarithmic);
+/// How many values of the lines that are shown have no place because an axis is logarithmic.
+VELMORA_PLATFORM_EXPORT long VelUtilAxisValuesLeftOut();
+
 // ---- frames and paper
 
 /// Scales and moves all frames of the active page together until they fill the paper inside its

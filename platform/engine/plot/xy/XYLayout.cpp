@@ -52,6 +52,7 @@ private:
     void addTickLabels();
     double widestLabel(const std::vector<Tick>& ticks) const;
     std::vector<Tick> yTicksFor(int most) const;
+    std::vector<Tick> xTicksFor(int most) const;
     static void snap(Rect& rect);
 
     const XYContent& m_content;
@@ -146,7 +147,17 @@ double Builder::widestLabel(const std::vector<Tick>& ticks) const
 
 std::vector<Tick> Builder::yTicksFor(int most) const
 {
+    if (m_layout.map.scales.isLogY)
+        return logarithmicTicks(m_layout.map.y, most);
     return allDates(m_content.series) ? dateTicks(m_layout.map.y, most) : numberTicks(m_layout.map.y, most);
+}
+
+std::vector<Tick> Builder::xTicksFor(int most) const
+{
+    if (m_layout.map.scales.isLogX)
+        return logarithmicTicks(m_layout.map.x, most);
+    const bool isDate = !m_content.series.empty() && m_content.series.front().x && m_content.series.front().x->isDate;
+    return isDate ? dateTicks(m_layout.map.x, most) : numberTicks(m_layout.map.x, most);
 }
 
 void Builder::chooseYTicks()
@@ -161,10 +172,9 @@ void Builder::chooseYTicks()
 void Builder::chooseXTicks()
 {
     const Rect& plot = m_layout.map.plot;
-    const bool isDate = !m_content.series.empty() && m_content.series.front().x && m_content.series.front().x->isDate;
     const int upper = std::clamp(static_cast<int>(plot.width() / points(plotsize::Label * 4)), 1, 12);
     for (int most = upper; most >= 1; --most) {
-        m_layout.xTicks = isDate ? dateTicks(m_layout.map.x, most) : numberTicks(m_layout.map.x, most);
+        m_layout.xTicks = xTicksFor(most);
         const double needed = widestLabel(m_layout.xTicks) + points(plotsize::Label) * 1.5;
         if (needed * static_cast<double>(m_layout.xTicks.size()) <= plot.width() + points(plotsize::Label))
             return;
