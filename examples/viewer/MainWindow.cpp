@@ -130,6 +130,7 @@ void MainWindow::addViewCommands()
     QAction* const fit = m_viewMenu->addAction(icon("icons/orientation-xyz.png"), tr("&Fit"), this, SLOT(fitView()));
     setShortcut(*fit, QKeySequence(tr("F")));
     m_toolBar->addAction(fit);
+    m_viewMenu->addAction(tr("Reset &View"), this, SLOT(resetView()), QKeySequence(Qt::Key_0));
     QAction* const in = m_viewMenu->addAction(tr("Zoom I&n"), this, SLOT(zoomIn()));
     in->setShortcuts(QList<QKeySequence>() << QKeySequence(Qt::Key_Plus) << QKeySequence::ZoomIn);
     QAction* const out = m_viewMenu->addAction(tr("Zoom &Out"), this, SLOT(zoomOut()));
@@ -280,6 +281,11 @@ void MainWindow::showNote(const QString& note)
 }
 
 void MainWindow::fitView()
+{
+    VelUtilViewShowAll();
+}
+
+void MainWindow::resetView()
 {
     VelUtilViewFit();
 }

@@ -49,6 +49,7 @@ private Q_SLOTS:
     void showSelection();
     void showNote(const QString& note);
     void fitView();
+    void resetView();
     void zoomIn();
     void zoomOut();
     void showPage(bool shown);

@@ -90,6 +90,8 @@ VELMORA_PLATFORM_EXPORT void VelUtilViewZoomTo(double x1, double y1, double x2, 
 VELMORA_PLATFORM_EXPORT int VelUtilViewZoomAxis(double factor, double x, double y);
 /// Shows all data and, for a surface, from the direction it was first shown from.
 VELMORA_PLATFORM_EXPORT void VelUtilViewFit();
+/// Shows all data and turns nothing: a surface is seen from where it was seen before.
+VELMORA_PLATFORM_EXPORT void VelUtilViewShowAll();
 
 /// The value that the picture shows at x, y or near it, on one line: "speed = 12.5, day = 2026-03-01" for the value
 /// of a line that stands nearest, "x = 120, y = 340, z = 55.2" for the cell of a grid. "" where there is none, and
@@ -109,7 +111,7 @@ VELMORA_PLATFORM_EXPORT int VelUtilLegendLineAt(double x, double y);
 /// 1 when the line is shown, 0 when it is hidden or there is no such line.
 VELMORA_PLATFORM_EXPORT int VelUtilLineIsShown(int line);
 /// Shows (1) or hides (0) a line. A hidden one is pale in the legend, cannot be selected and does not count for
-/// VelUtilViewFit(). 0 for a line that the page does not have.
+/// VelUtilViewFit() and VelUtilViewShowAll(). 0 for a line that the page does not have.
 VELMORA_PLATFORM_EXPORT int VelUtilLineShow(int line, int shown);
 /// Shows this line and no other; when that is so already, all lines. 0 for a line that the page does not have.
 VELMORA_PLATFORM_EXPORT int VelUtilLineShowAlone(int line);

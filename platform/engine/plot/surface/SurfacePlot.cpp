@@ -101,6 +101,13 @@ void SurfacePlot::fit()
     m_content.view = SurfaceView();
 }
 
+void SurfacePlot::showAll()
+{
+    SurfaceView& view = m_content.view;
+    view.zoom = 1;
+    view.panX = view.panY = 0;
+}
+
 std::string SurfacePlot::nameOf(const ObjectId& object) const
 {
     static const char* const geometries[] = {"x axis", "y axis", "z axis", "colour bar"};

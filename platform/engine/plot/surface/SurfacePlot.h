@@ -22,6 +22,7 @@ public:
     void zoomTo(double x1, double y1, double x2, double y2) override;
     bool zoomAxis(double, double, double) override { return false; } ///< a surface is zoomed as a whole
     void fit() override;
+    void showAll() override;
     bool valueAt(double x, double y, ShownValue& found) const override;
     std::string description() const override;
 

@@ -21,6 +21,7 @@ public:
     void zoomTo(double x1, double y1, double x2, double y2) override;
     bool zoomAxis(double factor, double x, double y) override;
     void fit() override;
+    void showAll() override { fit(); }
     bool valueAt(double x, double y, ShownValue& found) const override;
     std::string description() const override;
 
