@@ -8,6 +8,7 @@
 #include "ShownPage.h"
 #include "ToolTip.h"
 #include "ValueLabel.h"
+#include "ViewHistory.h"
 #include "ViewTools.h"
 #include "WaitCursor.h"
 #include "WorkIndicator.h"
@@ -119,6 +120,7 @@ void MainWindow::createViewMenu()
     m_toolBar->addSeparator();
     m_viewMenu->addSeparator();
     m_scales = new AxisScales(*m_viewMenu, this);
+    connect(m_history, SIGNAL(viewChanged()), m_scales, SLOT(showState()));
     connect(m_scales, SIGNAL(told(QString)), this, SLOT(showNote(QString)));
     m_viewMenu->addSeparator();
     m_animation = new Animation(*m_viewMenu, *m_toolBar, this);
@@ -135,6 +137,7 @@ void MainWindow::addViewCommands()
     in->setShortcuts(QList<QKeySequence>() << QKeySequence(Qt::Key_Plus) << QKeySequence::ZoomIn);
     QAction* const out = m_viewMenu->addAction(tr("Zoom &Out"), this, SLOT(zoomOut()));
     out->setShortcuts(QList<QKeySequence>() << QKeySequence(Qt::Key_Minus) << QKeySequence::ZoomOut);
+    m_history = new ViewHistory(*m_viewMenu, *m_toolBar, this);
     m_viewMenu->addAction(tr("&Deselect"), this, SLOT(deselect()), QKeySequence(Qt::Key_Escape));
     m_showPage = m_viewMenu->addAction(tr("Show &Page"));
     m_showPage->setCheckable(true);
@@ -215,6 +218,7 @@ void MainWindow::showData(const QString& name)
     m_output->setEnabled(!shown.isEmpty());
     m_animation->setEnabled(VelUtilViewCanRotate() != 0);
     m_scales->showState();
+    m_history->begin();
     offerRotating(shown.isEmpty() || VelUtilViewCanRotate());
     showSelection();
 }

@@ -20,6 +20,7 @@ class Animation;
 class AxisScales;
 class OutputCommands;
 class RecentFiles;
+class ViewHistory;
 class ViewTools;
 
 /// The window: one drawing area, the tools to look at it from all sides, and what there is to know.
@@ -74,6 +75,7 @@ private:
     OutputCommands* m_output;
     Animation* m_animation;
     AxisScales* m_scales;
+    ViewHistory* m_history;
     QToolBar* m_toolBar;
     QMenu* m_viewMenu;
     QAction* m_rotate;

@@ -93,6 +93,12 @@ VELMORA_PLATFORM_EXPORT void VelUtilViewFit();
 /// Shows all data and turns nothing: a surface is seen from where it was seen before.
 VELMORA_PLATFORM_EXPORT void VelUtilViewShowAll();
 
+/// The view as a text to keep, "" for an empty page: which part of the axes a plot of lines shows, and their scales;
+/// from where and how near a surface is seen. Two views are the same when their texts are. Valid until the next call.
+VELMORA_PLATFORM_EXPORT const char* VelUtilViewState();
+/// Shows a view that VelUtilViewState() told of the same data. 0, and nothing has changed, for any other text.
+VELMORA_PLATFORM_EXPORT int VelUtilViewSetState(const char* state);
+
 /// The value that the picture shows at x, y or near it, on one line: "speed = 12.5, day = 2026-03-01" for the value
 /// of a line that stands nearest, "x = 120, y = 340, z = 55.2" for the cell of a grid. "" where there is none, and
 /// while the engine is busy. `xShown` and `yShown` get where it is shown; both may be null. It takes no longer for

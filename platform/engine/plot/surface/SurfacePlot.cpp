@@ -108,6 +108,24 @@ void SurfacePlot::showAll()
     view.panX = view.panY = 0;
 }
 
+std::vector<double> SurfacePlot::viewNumbers() const
+{
+    const SurfaceView& view = m_content.view;
+    return {view.aboutVertical, view.tilt, view.zoom, view.panX, view.panY};
+}
+
+bool SurfacePlot::setViewNumbers(const std::vector<double>& numbers)
+{
+    const auto isFinite = [](double number) { return std::isfinite(number); };
+    if (numbers.size() != 5 || !std::all_of(numbers.begin(), numbers.end(), isFinite))
+        return false;
+    const SurfaceView view{numbers[0], numbers[1], numbers[2], numbers[3], numbers[4]};
+    if (view.tilt < LowestTilt || view.tilt > HighestTilt || view.zoom < SmallestZoom || view.zoom > LargestZoom)
+        return false;
+    m_content.view = view;
+    return true;
+}
+
 std::string SurfacePlot::nameOf(const ObjectId& object) const
 {
     static const char* const geometries[] = {"x axis", "y axis", "z axis", "colour bar"};

@@ -23,6 +23,8 @@ public:
     bool zoomAxis(double, double, double) override { return false; } ///< a surface is zoomed as a whole
     void fit() override;
     void showAll() override;
+    std::vector<double> viewNumbers() const override;
+    bool setViewNumbers(const std::vector<double>& numbers) override;
     bool valueAt(double x, double y, ShownValue& found) const override;
     std::string description() const override;
 

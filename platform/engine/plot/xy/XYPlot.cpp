@@ -167,6 +167,29 @@ void XYPlot::fit()
     m_content.map.y = m_full.y;
 }
 
+std::vector<double> XYPlot::viewNumbers() const
+{
+    const AxisMap& map = m_content.map;
+    return {map.x.from,
+            map.x.to,
+            map.y.from,
+            map.y.to,
+            static_cast<double>(map.scales.isLogX),
+            static_cast<double>(map.scales.isLogY)};
+}
+
+bool XYPlot::setViewNumbers(const std::vector<double>& numbers)
+{
+    if (numbers.size() != 6)
+        return false;
+    const AxisRange x{numbers[0], numbers[1]};
+    const AxisRange y{numbers[2], numbers[3]};
+    if (!isRange(x) || !isRange(y) || !setScales({numbers[4] != 0, numbers[5] != 0}))
+        return false;
+    setRanges(x, y);
+    return true;
+}
+
 void XYPlot::showLine(std::size_t line, bool shown)
 {
     m_content.series[line].isShown = shown;

@@ -22,6 +22,8 @@ public:
     bool zoomAxis(double factor, double x, double y) override;
     void fit() override;
     void showAll() override { fit(); }
+    std::vector<double> viewNumbers() const override;
+    bool setViewNumbers(const std::vector<double>& numbers) override;
     bool valueAt(double x, double y, ShownValue& found) const override;
     std::string description() const override;
 

@@ -1,0 +1,81 @@
+// Views that a host keeps and gives back.
+
+#include "tests/platform/page/EngineFixture.h"
+
+#include "engine/VelUtil.h"
+
+#include <string>
+
+namespace velmora::test {
+namespace {
+
+class ViewState : public EngineFixture {
+protected:
+    static std::string state() { return VelUtilViewState(); }
+    static std::string errorOf(int result)
+    {
+        EXPECT_EQ(result, 0);
+        return VelUtilLastErrorMessage();
+    }
+
+    FakeArea area{300, 220};
+};
+
+TEST_F(ViewState, OfLinesComesBackWithRangesAndScales)
+{
+    load(tableFile());
+    show(area);
+    VelUtilWorkFinish();
+    const std::string linear = state();
+    ASSERT_EQ(VelUtilAxisSetLogarithmic(0, 1), 1) << VelUtilLastErrorMessage();
+    VelUtilViewZoom(3, 130, 80);
+    const std::string zoomed = state();
+    EXPECT_NE(linear, zoomed);
+    EXPECT_EQ(VelUtilViewSetState(linear.c_str()), 1);
+    EXPECT_EQ(state(), linear);
+    EXPECT_EQ(VelUtilAxisIsLogarithmic(0), 0);
+    EXPECT_EQ(VelUtilViewSetState(zoomed.c_str()), 1);
+    EXPECT_EQ(state(), zoomed);
+    EXPECT_EQ(VelUtilAxisIsLogarithmic(0), 1);
+}
+
+TEST_F(ViewState, OfASurfaceComesBackWithItsDirection)
+{
+    load(hillFile());
+    show(area);
+    VelUtilWorkFinish();
+    VelUtilViewRotate(33.3, -7.1);
+    VelUtilViewZoom(1.7, 100, 90);
+    const std::string turned = state();
+    VelUtilViewFit();
+    const std::string first = state();
+    EXPECT_NE(turned, first);
+    EXPECT_EQ(VelUtilViewSetState(turned.c_str()), 1);
+    EXPECT_EQ(state(), turned);
+    EXPECT_EQ(VelUtilViewSetState(first.c_str()), 1);
+    EXPECT_EQ(state(), first);
+}
+
+TEST_F(ViewState, IsRefusedWhereItIsNone)
+{
+    EXPECT_EQ(state(), "");
+    EXPECT_NE(errorOf(VelUtilViewSetState("")).find("no view"), std::string::npos);
+    load(tableFile());
+    const std::string lines = state();
+    for (const char* const text :
+         {"", "lines", "lines 0 1 0 1 0", "lines 0 1 0 1 0 0 0", "lines 1 0 0 1 0 0", "lines 0 nan 0 1 0 0",
+          "lines 0 inf 0 1 0 0", "lines 0 1 0 1 0 x", "lines0 1 0 1 0 0", "surface 28 33 1 0 0"})
+        EXPECT_NE(errorOf(VelUtilViewSetState(text)).find("no view"), std::string::npos) << text;
+    EXPECT_EQ(VelUtilViewSetState(nullptr), 0);
+    EXPECT_EQ(state(), lines);
+    load(hillFile());
+    const std::string surface = state();
+    for (const char* const text : {"surface 28 1 1 0 0", "surface 28 91 1 0 0", "surface 28 33 0 0 0",
+                                   "surface 28 33 1 nan 0", "surface 28 33 1 0"})
+        EXPECT_EQ(VelUtilViewSetState(text), 0) << text;
+    EXPECT_EQ(VelUtilViewSetState(lines.c_str()), 0);
+    EXPECT_EQ(state(), surface);
+}
+
+} // namespace
+} // namespace velmora::test
