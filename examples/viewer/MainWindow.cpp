@@ -6,6 +6,7 @@
 #include "RecentFiles.h"
 #include "ScreenPixels.h"
 #include "ShownPage.h"
+#include "SurfaceMenu.h"
 #include "ToolTip.h"
 #include "ValueLabel.h"
 #include "ViewHistory.h"
@@ -123,6 +124,8 @@ void MainWindow::createViewMenu()
     connect(m_history, SIGNAL(viewChanged()), m_scales, SLOT(showState()));
     connect(m_scales, SIGNAL(told(QString)), this, SLOT(showNote(QString)));
     m_viewMenu->addSeparator();
+    m_surface = new SurfaceMenu(*m_viewMenu, this);
+    m_viewMenu->addSeparator();
     m_animation = new Animation(*m_viewMenu, *m_toolBar, this);
     m_viewMenu->addSeparator();
 }
@@ -218,6 +221,7 @@ void MainWindow::showData(const QString& name)
     m_output->setEnabled(!shown.isEmpty());
     m_animation->setEnabled(VelUtilViewCanRotate() != 0);
     m_scales->showState();
+    m_surface->showState();
     m_history->begin();
     offerRotating(shown.isEmpty() || VelUtilViewCanRotate());
     showSelection();

@@ -20,6 +20,7 @@ class Animation;
 class AxisScales;
 class OutputCommands;
 class RecentFiles;
+class SurfaceMenu;
 class ViewHistory;
 class ViewTools;
 
@@ -76,6 +77,7 @@ private:
     Animation* m_animation;
     AxisScales* m_scales;
     ViewHistory* m_history;
+    SurfaceMenu* m_surface;
     QToolBar* m_toolBar;
     QMenu* m_viewMenu;
     QAction* m_rotate;

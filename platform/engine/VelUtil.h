@@ -93,6 +93,9 @@ VELMORA_PLATFORM_EXPORT void VelUtilViewFit();
 /// Shows all data and turns nothing: a surface is seen from where it was seen before.
 VELMORA_PLATFORM_EXPORT void VelUtilViewShowAll();
 
+/// Shows all of a surface without perspective: 0 from above with the north up, as a map, 1 from the south, 2 from the
+/// east. Turning it gives the perspective back.
+VELMORA_PLATFORM_EXPORT int VelUtilViewFrom(int side);
 /// The view as a text to keep, "" for an empty page: which part of the axes a plot of lines shows, and their scales;
 /// from where and how near a surface is seen. Two views are the same when their texts are. Valid until the next call.
 VELMORA_PLATFORM_EXPORT const char* VelUtilViewState();
@@ -133,6 +136,17 @@ VELMORA_PLATFORM_EXPORT int VelUtilAxisIsLogarithmic(int axis);
 VELMORA_PLATFORM_EXPORT int VelUtilAxisSetLogarithmic(int axis, int logarithmic);
 /// How many values of the lines that are shown have no place because an axis is logarithmic.
 VELMORA_PLATFORM_EXPORT long VelUtilAxisValuesLeftOut();
+
+// ---- the look of the surface of the active page; a grid that is loaded begins with 1 and all heights. Reference
+//      platform only
+
+/// How many times as high as by themselves the heights are shown, 0.01 to 100. The z axis tells true heights.
+VELMORA_PLATFORM_EXPORT int VelUtilSurfaceSetExaggeration(double exaggeration);
+VELMORA_PLATFORM_EXPORT double VelUtilSurfaceGetExaggeration();
+/// Has the colours tell all heights apart (0), or those between 2 and 98 % of them (1), which some very high or low
+/// ones do not squeeze together. The colour bar marks the ends beyond which there are more.
+VELMORA_PLATFORM_EXPORT int VelUtilSurfaceClipColors(int clipped);
+VELMORA_PLATFORM_EXPORT int VelUtilSurfaceColorsAreClipped();
 
 // ---- frames and paper
 

@@ -202,6 +202,7 @@ TEST(LogarithmicAxes, NoZoomAndNoMoveLeavesWhatNumbersCanTell)
         EXPECT_GE(layout.xTicks.size(), 2U);
         EXPECT_GE(layout.yTicks.size(), 2U);
     }
+    EXPECT_GE(plot.xRange().from, logarithm::Least);
     EXPECT_GE(plot.yRange().from, logarithm::Least);
 }
 
