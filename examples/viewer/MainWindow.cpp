@@ -1,13 +1,16 @@
 #include "MainWindow.h"
 
 #include "Animation.h"
+#include "AxisScales.h"
 #include "HelpWindow.h"
 #include "OutputCommands.h"
 #include "RecentFiles.h"
 #include "ScreenPixels.h"
 #include "ShownPage.h"
+#include "SurfaceMenu.h"
 #include "ToolTip.h"
 #include "ValueLabel.h"
+#include "ViewHistory.h"
 #include "ViewTools.h"
 #include "WaitCursor.h"
 #include "WorkIndicator.h"
@@ -125,6 +128,12 @@ void MainWindow::createViewMenu()
     addViewCommands();
     m_toolBar->addSeparator();
     m_viewMenu->addSeparator();
+    m_scales = new AxisScales(*m_viewMenu, this);
+    connect(m_history, SIGNAL(viewChanged()), m_scales, SLOT(showState()));
+    connect(m_scales, SIGNAL(told(QString)), this, SLOT(showNote(QString)));
+    m_viewMenu->addSeparator();
+    m_surface = new SurfaceMenu(*m_viewMenu, this);
+    m_viewMenu->addSeparator();
     m_animation = new Animation(*m_viewMenu, *m_toolBar, this);
     m_viewMenu->addSeparator();
 }
@@ -134,10 +143,12 @@ void MainWindow::addViewCommands()
     QAction* const fit = m_viewMenu->addAction(icon("icons/orientation-xyz.png"), tr("&Fit"), this, SLOT(fitView()));
     setShortcut(*fit, QKeySequence(tr("F")));
     m_toolBar->addAction(fit);
+    m_viewMenu->addAction(tr("Reset &View"), this, SLOT(resetView()), QKeySequence(Qt::Key_0));
     QAction* const in = m_viewMenu->addAction(tr("Zoom I&n"), this, SLOT(zoomIn()));
     in->setShortcuts(QList<QKeySequence>() << QKeySequence(Qt::Key_Plus) << QKeySequence::ZoomIn);
     QAction* const out = m_viewMenu->addAction(tr("Zoom &Out"), this, SLOT(zoomOut()));
     out->setShortcuts(QList<QKeySequence>() << QKeySequence(Qt::Key_Minus) << QKeySequence::ZoomOut);
+    m_history = new ViewHistory(*m_viewMenu, *m_toolBar, this);
     m_viewMenu->addAction(tr("&Deselect"), this, SLOT(deselect()), QKeySequence(Qt::Key_Escape));
     m_showPage = m_viewMenu->addAction(tr("Show &Page"));
     m_showPage->setCheckable(true);
@@ -219,6 +230,9 @@ void MainWindow::showData(const QString& name)
     m_area->setAccessibleDescription(m_description->text());
     m_output->setEnabled(!shown.isEmpty());
     m_animation->setEnabled(VelUtilViewCanRotate() != 0);
+    m_scales->showState();
+    m_surface->showState();
+    m_history->begin();
     offerRotating(shown.isEmpty() || VelUtilViewCanRotate());
     showSelection();
 }
@@ -279,7 +293,17 @@ void MainWindow::showSelection()
     m_selection->setToolTip(m_selection->text()); // there may be little room
 }
 
+void MainWindow::showNote(const QString& note)
+{
+    statusBar()->showMessage(note, NoteMilliseconds);
+}
+
 void MainWindow::fitView()
+{
+    VelUtilViewShowAll();
+}
+
+void MainWindow::resetView()
 {
     VelUtilViewFit();
 }

@@ -17,8 +17,11 @@ class GLDrawArea;
 namespace viewer {
 
 class Animation;
+class AxisScales;
 class OutputCommands;
 class RecentFiles;
+class SurfaceMenu;
+class ViewHistory;
 class ViewTools;
 
 /// The window: one drawing area, the tools to look at it from all sides, and what there is to know.
@@ -46,7 +49,9 @@ private Q_SLOTS:
     void setTool(QAction* action);
     void deselect();
     void showSelection();
+    void showNote(const QString& note);
     void fitView();
+    void resetView();
     void zoomIn();
     void zoomOut();
     void showPage(bool shown);
@@ -70,6 +75,9 @@ private:
     RecentFiles* m_recentFiles = nullptr;
     OutputCommands* m_output;
     Animation* m_animation;
+    AxisScales* m_scales;
+    ViewHistory* m_history;
+    SurfaceMenu* m_surface;
     QToolBar* m_toolBar;
     QMenu* m_viewMenu;
     QAction* m_rotate;

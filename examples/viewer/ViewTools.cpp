@@ -102,7 +102,7 @@ void ViewTools::buttonDoublePressed(MouseEventInterface& event, MouseEventObserv
         VelUtilLineShowAlone(VelUtilLegendLineAt(position.x(), position.y()));
         Q_EMIT selectionChanged();
     } else {
-        VelUtilViewFit();
+        VelUtilViewShowAll();
     }
 }
 

@@ -90,6 +90,17 @@ VELMORA_PLATFORM_EXPORT void VelUtilViewZoomTo(double x1, double y1, double x2, 
 VELMORA_PLATFORM_EXPORT int VelUtilViewZoomAxis(double factor, double x, double y);
 /// Shows all data and, for a surface, from the direction it was first shown from.
 VELMORA_PLATFORM_EXPORT void VelUtilViewFit();
+/// Shows all data and turns nothing: a surface is seen from where it was seen before.
+VELMORA_PLATFORM_EXPORT void VelUtilViewShowAll();
+
+/// Shows all of a surface without perspective: 0 from above with the north up, as a map, 1 from the south, 2 from the
+/// east. Turning it gives the perspective back.
+VELMORA_PLATFORM_EXPORT int VelUtilViewFrom(int side);
+/// The view as a text to keep, "" for an empty page: which part of the axes a plot of lines shows, and their scales;
+/// from where and how near a surface is seen. Two views are the same when their texts are. Valid until the next call.
+VELMORA_PLATFORM_EXPORT const char* VelUtilViewState();
+/// Shows a view that VelUtilViewState() told of the same data. 0, and nothing has changed, for any other text.
+VELMORA_PLATFORM_EXPORT int VelUtilViewSetState(const char* state);
 
 /// The value that the picture shows at x, y or near it, on one line: "speed = 12.5, day = 2026-03-01" for the value
 /// of a line that stands nearest, "x = 120, y = 340, z = 55.2" for the cell of a grid. "" where there is none, and
@@ -109,10 +120,33 @@ VELMORA_PLATFORM_EXPORT int VelUtilLegendLineAt(double x, double y);
 /// 1 when the line is shown, 0 when it is hidden or there is no such line.
 VELMORA_PLATFORM_EXPORT int VelUtilLineIsShown(int line);
 /// Shows (1) or hides (0) a line. A hidden one is pale in the legend, cannot be selected and does not count for
-/// VelUtilViewFit(). 0 for a line that the page does not have.
+/// VelUtilViewFit() and VelUtilViewShowAll(). 0 for a line that the page does not have.
 VELMORA_PLATFORM_EXPORT int VelUtilLineShow(int line, int shown);
 /// Shows this line and no other; when that is so already, all lines. 0 for a line that the page does not have.
 VELMORA_PLATFORM_EXPORT int VelUtilLineShowAlone(int line);
+
+// ---- the axes of the lines of the active page: 0 is x, 1 is y. Reference platform only
+
+/// 0 for an axis with dates, one that there is not, and a page without lines.
+VELMORA_PLATFORM_EXPORT int VelUtilAxisCanBeLogarithmic(int axis);
+VELMORA_PLATFORM_EXPORT int VelUtilAxisIsLogarithmic(int axis);
+/// Makes an axis logarithmic (1) or linear (0); it then shows all that the lines have there. Values that are not above
+/// 0 are gaps on a logarithmic axis; where no line that is shown has others it stays linear, which is a failure.
+/// Data that are loaded have linear axes.
+VELMORA_PLATFORM_EXPORT int VelUtilAxisSetLogarithmic(int axis, int logarithmic);
+/// How many values of the lines that are shown have no place because an axis is logarithmic.
+VELMORA_PLATFORM_EXPORT long VelUtilAxisValuesLeftOut();
+
+// ---- the look of the surface of the active page; a grid that is loaded begins with 1 and all heights. Reference
+//      platform only
+
+/// How many times as high as by themselves the heights are shown, 0.01 to 100. The z axis tells true heights.
+VELMORA_PLATFORM_EXPORT int VelUtilSurfaceSetExaggeration(double exaggeration);
+VELMORA_PLATFORM_EXPORT double VelUtilSurfaceGetExaggeration();
+/// Has the colours tell all heights apart (0), or those between 2 and 98 % of them (1), which some very high or low
+/// ones do not squeeze together. The colour bar marks the ends beyond which there are more.
+VELMORA_PLATFORM_EXPORT int VelUtilSurfaceClipColors(int clipped);
+VELMORA_PLATFORM_EXPORT int VelUtilSurfaceColorsAreClipped();
 
 // ---- frames and paper
 

@@ -97,7 +97,7 @@ TEST_F(SlowRefining, AShortcutMeanwhileDoesItsWorkOnce)
 {
     EngineProbe::startLog();
     changeViewAndMeanwhile([] { typeKey(XK_f); });
-    EXPECT_EQ(viewCalls(), (std::vector<std::string>{"VelUtilViewRotate", "VelUtilViewFit"}));
+    EXPECT_EQ(viewCalls(), (std::vector<std::string>{"VelUtilViewRotate", "VelUtilViewShowAll"}));
 }
 
 TEST_F(SlowRefining, ADragAndAWheelMeanwhileDoTheirWorkOnceAndInOrder)

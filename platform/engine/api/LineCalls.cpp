@@ -1,4 +1,4 @@
-// The lines of the active page and its legend.
+// The lines of the active page, its axes and its legend.
 
 #include "engine/VelUtil.h"
 #include "engine/api/FrameInArea.h"
@@ -39,6 +39,21 @@ int changeLine(int line, const Change& change)
     return 1;
 }
 
+/// The scales with one of them changed; false when there is no such axis.
+bool withScale(AxisScales& scales, int axis, bool isLogarithmic)
+{
+    if (axis != 0 && axis != 1)
+        return false;
+    (axis == 0 ? scales.isLogX : scales.isLogY) = isLogarithmic;
+    return true;
+}
+
+int stayLinear(int axis, const std::string& why)
+{
+    setLastError(std::string("The ") + (axis == 0 ? "x" : "y") + " axis stays linear: " + why);
+    return 0;
+}
+
 } // namespace
 
 int VelUtilLegendLineAt(double x, double y)
@@ -69,4 +84,44 @@ int VelUtilLineShowAlone(int line)
 {
     traceCall("VelUtilLineShowAlone");
     return changeLine(line, [](XYPlot& plot, std::size_t place) { plot.showLineAlone(place); });
+}
+
+int VelUtilAxisCanBeLogarithmic(int axis)
+{
+    const std::shared_ptr<XYPlot> plot = linesOf(pages().active());
+    AxisScales scales;
+    return plot && withScale(scales, axis, true) && plot->canBeLogarithmic(scales);
+}
+
+int VelUtilAxisIsLogarithmic(int axis)
+{
+    const std::shared_ptr<XYPlot> plot = linesOf(pages().active());
+    return plot && ((axis == 0 && plot->scales().isLogX) || (axis == 1 && plot->scales().isLogY));
+}
+
+int VelUtilAxisSetLogarithmic(int axis, int logarithmic)
+{
+    traceCall("VelUtilAxisSetLogarithmic");
+    if (!requireRunning())
+        return 0;
+    const std::shared_ptr<Page> page = pages().active();
+    const std::shared_ptr<XYPlot> plot = linesOf(page);
+    AxisScales scales = plot ? plot->scales() : AxisScales();
+    if (!withScale(scales, axis, logarithmic != 0) || !plot) {
+        setLastError("There is no axis " + std::to_string(axis) +
+                     " of a plot of lines. Load a table; its axes are 0 (x) and 1 (y).");
+        return 0;
+    }
+    if (logarithmic != 0 && !VelUtilAxisCanBeLogarithmic(axis))
+        return stayLinear(axis, "dates have no logarithm.");
+    if (!plot->setScales(scales))
+        return stayLinear(axis, "no value that is shown is above 0, and others have no logarithm. Show another line.");
+    page->plotChanged();
+    return 1;
+}
+
+long VelUtilAxisValuesLeftOut()
+{
+    const std::shared_ptr<XYPlot> plot = linesOf(pages().active());
+    return plot ? static_cast<long>(plot->leftOut()) : 0;
 }

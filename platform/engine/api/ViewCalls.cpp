@@ -102,6 +102,15 @@ void VelUtilViewFit()
     });
 }
 
+void VelUtilViewShowAll()
+{
+    traceCall("VelUtilViewShowAll");
+    changeView([](Plot& plot, const Page&) {
+        plot.showAll();
+        return true;
+    });
+}
+
 void VelUtilFrameFitAllToPaper()
 {
     traceCall("VelUtilFrameFitAllToPaper");

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace velmora::engine {
 
@@ -67,7 +68,15 @@ public:
     virtual void zoomTo(double x1, double y1, double x2, double y2) = 0;
     /// Zooms the axis that is at a point alone; false where there is none that can be.
     virtual bool zoomAxis(double factor, double x, double y) = 0;
+    /// Shows all data; a surface from the direction that it was first seen from.
     virtual void fit() = 0;
+    /// Shows all data; a surface from the direction that it is seen from now.
+    virtual void showAll() = 0;
+
+    /// The view as numbers that setViewNumbers() of a plot of the same kind takes.
+    virtual std::vector<double> viewNumbers() const = 0;
+    /// False, and nothing has changed, for numbers that are no view.
+    virtual bool setViewNumbers(const std::vector<double>& numbers) = 0;
 
     /// Adds what lies in the rectangle (fractions, x1 <= x2, y1 <= y2) to the selection; how many
     /// objects that were.

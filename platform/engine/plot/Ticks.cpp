@@ -15,6 +15,9 @@ constexpr double LargestPlain = 1e7;
 constexpr double SmallestPlain = 1e-4;
 // Neighbouring values of a double are about this far apart, as a fraction.
 constexpr double Resolution = 1e-14;
+constexpr int TicksADecade = 3; // 1, 2, 5
+// So many parts of a range have two ticks between them, wherever it begins.
+constexpr int EnoughParts = 5;
 constexpr double MostNumber = std::numeric_limits<double>::max();
 
 double magnitudeOf(const AxisRange& range)
@@ -68,6 +71,24 @@ std::string powerNumber(double value, double step)
     return (digits == "1" ? "" : digits == "-1" ? "-" : digits + "×") + "10" + superscript(exponent);
 }
 
+/// The decades inside a range, or each n-th of them, with so many ticks a decade.
+std::vector<Tick> decadeTicks(const AxisRange& range, int every, bool withTwoAndFive)
+{
+    std::vector<Tick> ticks;
+    const auto first = static_cast<int>(std::floor(range.from / every)) * every;
+    for (int decade = first; decade <= range.to; decade += every)
+        for (const double factor : {1.0, 2.0, 5.0}) {
+            const double place = decade + std::log10(factor);
+            if ((factor > 1 && !withTwoAndFive) || place < range.from - 1e-9 || place > range.to + 1e-9)
+                continue;
+            // Exact where a power of ten is: its inverse is not.
+            const double power = std::pow(10.0, std::abs(decade));
+            const double value = decade < 0 ? factor / power : factor * power;
+            ticks.push_back({value, formatNumber(value, value / factor)});
+        }
+    return ticks;
+}
+
 bool isUsable(const AxisRange& range)
 {
     return std::isfinite(range.from) && std::isfinite(range.to) && range.span() > 0;
@@ -117,6 +138,22 @@ std::vector<Tick> numberTicks(const AxisRange& range, int most, double leastStep
             break;
         ticks.push_back({value, formatNumber(value, step)});
     }
+    return ticks;
+}
+
+std::vector<Tick> logarithmicTicks(const AxisRange& range, int most)
+{
+    if (!isUsable(range))
+        return {};
+    int every = std::max(1, static_cast<int>(std::lround(niceStep(range, most))));
+    std::vector<Tick> ticks = decadeTicks(range, every, range.span() * TicksADecade <= most);
+    for (; ticks.size() < 2 && every > 1; ticks = decadeTicks(range, every, false))
+        every = (every + 1) / 2;
+    if (ticks.size() < 2)
+        ticks = decadeTicks(range, 1, true);
+    const AxisRange values{std::pow(10.0, range.from), std::pow(10.0, range.to)};
+    for (int more = most; ticks.size() < 2 && more <= most + EnoughParts; ++more)
+        ticks = numberTicks(values, more);
     return ticks;
 }
 

@@ -31,6 +31,18 @@ double niceStep(const AxisRange& range, int most);
 /// `leastStep`.
 std::vector<Tick> numberTicks(const AxisRange& range, int most, double leastStep = 0);
 
+/// What a logarithmic axis can show, as decadic logarithms: numbers with all their digits.
+namespace logarithm {
+
+constexpr double Least = -307;
+constexpr double Most = 308.25;
+
+} // namespace logarithm
+
+/// Ticks inside a range of decadic logarithms, `most` + 1 at the most but at least two: at decades, with 2 and 5
+/// between them where there is room; where less than two of these lie in the range, at multiples of a nice step.
+std::vector<Tick> logarithmicTicks(const AxisRange& range, int most);
+
 /// A number as a person writes it, with the digits that a step of `step` needs: "0.25", "-1500",
 /// "3×10⁻⁹".
 std::string formatNumber(double value, double step);

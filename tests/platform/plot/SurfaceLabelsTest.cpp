@@ -118,7 +118,7 @@ TEST_P(SurfaceLabels, AreAtLeastTwoOnTheUprightAxisAlsoWhereItIsShort)
 {
     int shortOnes = 0;
     fromEverywhere([&](const SurfaceLayout& layout, const SurfaceShape&, double) {
-        const SurfaceAxis& upright = layout.axes[surfaceobject::zAxis];
+        const SurfaceAxis& upright = layout.axes[surfaceobject::ZAxis];
         const double length =
             std::hypot(upright.line.to.x - upright.line.from.x, upright.line.to.y - upright.line.from.y);
         if (length < GetParam().points(14))
@@ -138,7 +138,7 @@ TEST(SmallSurfaces, HaveTwoTicksOnTheUprightAxisAlsoWhereThereIsNoRoomForLabels)
         SurfaceView view;
         view.tilt = tilt;
         const SurfaceLayout layout = layOut(*grid, shape, view, FrameSize{160, 120, 1.333, 9});
-        EXPECT_GE(layout.axes[surfaceobject::zAxis].ticks.size(), 2u) << tilt;
+        EXPECT_GE(layout.axes[surfaceobject::ZAxis].ticks.size(), 2u) << tilt;
     }
 }
 

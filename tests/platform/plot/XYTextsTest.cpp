@@ -50,7 +50,7 @@ TEST(XYTexts, ATitleIsShownWholeWhereThereIsRoomAndElseCutAtItsEnd)
     for (const double side : {1000.0, 200.0}) {
         const FrameSize frame{side, side, 1, 9};
         const XYLayout layout = layoutOf(table, {0, 2}, frame);
-        for (const int object : {xyobject::title, xyobject::xTitle, xyobject::yTitle}) {
+        for (const int object : {xyobject::Title, xyobject::XTitle, xyobject::YTitle}) {
             const std::string text = itemOf(layout, object).text;
             const Rect rect = textRect(itemOf(layout, object));
             EXPECT_TRUE(frame.rect().contains({rect.x1, rect.y1})) << object;
@@ -76,7 +76,7 @@ TEST(XYTexts, TextsStayLegibleInASmallFrameAndThePlotStaysLargest)
         EXPECT_GT(layout.map.plot.height(), frame.height * 0.6);
         EXPECT_GT(layout.map.plot.width(), frame.width * 0.7);
         for (const TextItem& label : layout.tickLabels)
-            EXPECT_FALSE(textRect(label).meets(textRect(itemOf(layout, xyobject::xTitle)))) << label.text;
+            EXPECT_FALSE(textRect(label).meets(textRect(itemOf(layout, xyobject::XTitle)))) << label.text;
     }
 }
 

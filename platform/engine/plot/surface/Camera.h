@@ -16,10 +16,11 @@ struct SurfaceView {
     double zoom = 1;
     double panX = 0; ///< fractions of the frame
     double panY = 0;
+    bool isParallel = false; ///< without perspective, as a map
 };
 
-/// The perspective of one drawing of a surface. Zooming and moving happen in the picture, after the
-/// perspective: they change neither the angle of sight nor the shape that is seen.
+/// The perspective of one drawing of a surface, or a view without any. Zooming and moving happen in the picture, after
+/// the perspective: they change neither the angle of sight nor the shape that is seen.
 class Camera {
 public:
     /// `area` is where the whole surface fits into, in frame pixels.
@@ -37,12 +38,15 @@ public:
     glm::dmat4 projectionMatrix(const Drawing& drawing) const;
 
 private:
+    void fitInPerspective(const SurfaceView& view, const SurfaceShape& shape, const Rect& area);
+    void fitParallel(const SurfaceView& view, const SurfaceShape& shape, const Rect& area);
     glm::dvec3 toEye(const glm::dvec3& point) const { return glm::dvec3(m_toEye * glm::dvec4(point, 1)); }
 
     glm::dmat4 m_toEye;
     double m_scale = 1;
     double m_near = 1;
     double m_far = 2;
+    bool m_isParallel = false;
     Point m_center;
 };
 

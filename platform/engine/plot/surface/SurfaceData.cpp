@@ -13,7 +13,11 @@ std::uint64_t nextNumber()
 } // namespace
 
 SurfaceData::SurfaceData(std::shared_ptr<const Grid> grid, Checkpoint& checkpoint)
-    : number(nextNumber()), shape(*grid), levels(std::move(grid), checkpoint)
+    : number(nextNumber()), shape(*grid), sharedLevels(std::make_shared<SurfaceLevels>(std::move(grid), checkpoint))
+{}
+
+SurfaceData::SurfaceData(const SurfaceData& other, const SurfaceLook& look)
+    : number(nextNumber()), shape(other.grid(), look), sharedLevels(other.sharedLevels)
 {}
 
 } // namespace velmora::engine

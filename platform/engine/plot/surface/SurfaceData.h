@@ -13,12 +13,15 @@ namespace velmora::engine {
 struct SurfaceData {
     /// Asks `checkpoint` to go on; throws ReadInterrupted when it says no.
     SurfaceData(std::shared_ptr<const Grid> grid, Checkpoint& checkpoint);
+    /// The same grid with another look.
+    SurfaceData(const SurfaceData& other, const SurfaceLook& look);
 
     const Grid& grid() const { return levels.grid(); }
 
     std::uint64_t number; ///< no other data set has had the same
     SurfaceShape shape;
-    SurfaceLevels levels;
+    const std::shared_ptr<const SurfaceLevels> sharedLevels;
+    const SurfaceLevels& levels = *sharedLevels;
     KeptContours contours;
 };
 

@@ -59,7 +59,8 @@ struct Outwards {
 class Builder {
 public:
     Builder(const Grid& grid, const SurfaceShape& shape, const SurfaceView& view, const FrameSize& frame)
-        : m_grid(grid), m_shape(shape), m_frame(frame), m_layout{cameraFor(view, shape, frame), {}, {}, {}, {}, {}, {}}
+        : m_grid(grid), m_shape(shape), m_frame(frame), m_layout{cameraFor(view, shape, frame), {}, {}, {}, {}, {}, {}},
+          m_isParallel(view.isParallel)
     {}
 
     SurfaceLayout build()
@@ -105,7 +106,8 @@ private:
     const FrameSize& m_frame;
     SurfaceLayout m_layout;
     std::vector<Rect> m_taken; ///< by texts and the bar
-    double m_nearX = 0;        ///< of the floor's corner nearest to the viewer
+    bool m_isParallel;
+    double m_nearX = 0; ///< of the floor's corner nearest to the viewer
     double m_nearY = 0;
 };
 
@@ -290,6 +292,8 @@ void Builder::addAxis(const AxisEdge& axisEdge)
     // From above the upright axis is a point or nearly so: what belongs to it stands beyond the corner.
     const double length = std::hypot(b.x - a.x, b.y - a.y);
     const bool isShort = length < points(ShortestScale);
+    if (isShort && m_isParallel)
+        return; // it is seen from its end
     if (isShort)
         away = unit({middle.x - center.x, middle.y - center.y});
     const Outwards outwards{away, insideBox(axisEdge, away)};
@@ -351,9 +355,17 @@ void Builder::addBar()
     const double step = edges[1] - edges[0];
     const double apart = bar.height() / static_cast<double>(edges.size() - 1);
     const auto every = static_cast<std::size_t>(std::max(1.0, std::ceil(textSize(plotsize::Label) * 1.5 / apart)));
-    for (std::size_t i = 0; i < edges.size(); i += every) {
+    std::vector<std::size_t> labelled;
+    for (std::size_t i = 0; i < edges.size(); i += every)
+        labelled.push_back(i);
+    if (m_shape.hasHeightsAbove())
+        labelled.back() = edges.size() - 1;
+    for (const std::size_t i : labelled) {
         const double y = bar.y1 + m_shape.bandPlace(edges[i]) * bar.height();
-        m_layout.barLabels.push_back({formatNumber(edges[i], step),
+        const char* const beyond = i == 0 && m_shape.hasHeightsBelow()                  ? "≤ "
+                                   : i + 1 == edges.size() && m_shape.hasHeightsAbove() ? "≥ "
+                                                                                        : "";
+        m_layout.barLabels.push_back({beyond + formatNumber(edges[i], step),
                                       {bar.x2 + points(plotsize::Gap), y},
                                       textSize(plotsize::Label),
                                       Align::Start,

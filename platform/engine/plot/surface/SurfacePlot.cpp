@@ -14,6 +14,7 @@ namespace {
 constexpr double LowestTilt = 3;
 constexpr double HighestTilt = 90;
 constexpr double SmallestZoom = 0.1;
+constexpr double ClippedShare = 0.02;
 constexpr double LargestZoom = 400;
 
 bool meetsAxis(const SurfaceAxis& axis, const Rect& rect)
@@ -63,6 +64,7 @@ void SurfacePlot::rotate(double aboutVertical, double tilt)
     SurfaceView& view = m_content.view;
     if (!std::isfinite(aboutVertical) || !std::isfinite(tilt))
         return;
+    view.isParallel = false;
     view.aboutVertical = std::remainder(view.aboutVertical + aboutVertical, 360.0);
     view.tilt = std::clamp(view.tilt + tilt, LowestTilt, HighestTilt);
 }
@@ -99,6 +101,61 @@ void SurfacePlot::zoomTo(double x1, double y1, double x2, double y2)
 void SurfacePlot::fit()
 {
     m_content.view = SurfaceView();
+}
+
+void SurfacePlot::showAll()
+{
+    SurfaceView& view = m_content.view;
+    view.zoom = 1;
+    view.panX = view.panY = 0;
+}
+
+void SurfacePlot::lookFrom(Side side)
+{
+    SurfaceView& view = m_content.view;
+    view = SurfaceView();
+    view.isParallel = true;
+    view.aboutVertical = side == Side::East ? -90 : 0;
+    view.tilt = side == Side::Above ? HighestTilt : 0;
+}
+
+void SurfacePlot::setExaggeration(double exaggeration)
+{
+    m_look.exaggeration = exaggeration;
+    lookChanged();
+}
+
+void SurfacePlot::clipColors(bool clipped)
+{
+    if (clipped && !m_middleHeights)
+        m_middleHeights = middleHeights(m_content.data->grid(), ClippedShare);
+    m_look.colors = clipped ? m_middleHeights : std::nullopt;
+    lookChanged();
+}
+
+// A drawing that is under way goes on with what it has begun with.
+void SurfacePlot::lookChanged()
+{
+    m_content.data = std::make_shared<SurfaceData>(*m_content.data, m_look);
+}
+
+std::vector<double> SurfacePlot::viewNumbers() const
+{
+    const SurfaceView& view = m_content.view;
+    return {view.aboutVertical, view.tilt, view.zoom, view.panX, view.panY, static_cast<double>(view.isParallel)};
+}
+
+bool SurfacePlot::setViewNumbers(const std::vector<double>& numbers)
+{
+    const auto isFinite = [](double number) { return std::isfinite(number); };
+    if (numbers.size() != 6 || !std::all_of(numbers.begin(), numbers.end(), isFinite))
+        return false;
+    const SurfaceView view{numbers[0], numbers[1], numbers[2], numbers[3], numbers[4], numbers[5] != 0};
+    if (view.tilt < (view.isParallel ? 0 : LowestTilt) || view.tilt > HighestTilt || view.zoom < SmallestZoom ||
+        view.zoom > LargestZoom)
+        return false;
+    m_content.view = view;
+    return true;
 }
 
 std::string SurfacePlot::nameOf(const ObjectId& object) const

@@ -3,6 +3,8 @@
 #include "engine/core/Checkpoint.h"
 #include "engine/plot/Palette.h"
 
+#include <algorithm>
+#include <cmath>
 #include <limits>
 
 namespace velmora::engine {
@@ -11,6 +13,37 @@ namespace {
 
 constexpr double RoomBeside = 0.015;
 constexpr double RoomAbove = 0.05;
+
+/// Row by row only where some of the block's values have a place on the axes and others have none.
+void takeBlock(const Series& line, std::size_t first, const AxisScales& scales, Rect& covered, std::size_t& leftOut)
+{
+    const Rect& block = line.blocks->blockOf(first).covered;
+    if (block.x1 > block.x2)
+        return;
+    if (scales.hasPlaceFor({block.x1, block.y1})) {
+        covered.take({block.x1, block.y1});
+        covered.take({block.x2, block.y2});
+        return;
+    }
+    const std::size_t end = std::min(first + SeriesBlocks::RowsABlock, line.size());
+    for (std::size_t row = first; row < end; ++row) {
+        const Point value = line.at(row);
+        if (!std::isfinite(value.x) || !std::isfinite(value.y))
+            continue;
+        if (scales.hasPlaceFor(value))
+            covered.take(value);
+        else
+            ++leftOut;
+    }
+}
+
+AxisRange axisRange(double smallest, double largest, double room, bool isLogarithmic)
+{
+    if (!isLogarithmic || smallest > largest)
+        return rangeAround(smallest, largest, room);
+    const AxisRange range = rangeAround(std::log10(smallest), std::log10(largest), room);
+    return {std::max(range.from, logarithm::Least), std::min(range.to, logarithm::Most)};
+}
 
 } // namespace
 
@@ -30,20 +63,18 @@ std::vector<Series> seriesOf(const Table& table, Checkpoint& checkpoint)
     return series;
 }
 
-void findRanges(const std::vector<Series>& series, AxisRange& x, AxisRange& y)
+SeriesRanges rangesOf(const std::vector<Series>& series, const AxisScales& scales)
 {
     constexpr double Most = std::numeric_limits<double>::infinity();
+    SeriesRanges ranges;
     Rect covered{Most, Most, -Most, -Most};
     for (const Series& line : series)
-        for (std::size_t row = 0; line.isShown && row < line.size(); row += SeriesBlocks::RowsABlock) {
-            const Rect& block = line.blocks->blockOf(row).covered;
-            if (block.x1 > block.x2)
-                continue;
-            covered.take({block.x1, block.y1});
-            covered.take({block.x2, block.y2});
-        }
-    x = rangeAround(covered.x1, covered.x2, RoomBeside);
-    y = rangeAround(covered.y1, covered.y2, RoomAbove);
+        for (std::size_t row = 0; line.isShown && row < line.size(); row += SeriesBlocks::RowsABlock)
+            takeBlock(line, row, scales, covered, ranges.leftOut);
+    ranges.isEmpty = covered.x1 > covered.x2;
+    ranges.x = axisRange(covered.x1, covered.x2, RoomBeside, scales.isLogX);
+    ranges.y = axisRange(covered.y1, covered.y2, RoomAbove, scales.isLogY);
+    return ranges;
 }
 
 } // namespace velmora::engine

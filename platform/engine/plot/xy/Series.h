@@ -3,6 +3,7 @@
 #include "engine/data/Table.h"
 #include "engine/plot/Geometry.h"
 #include "engine/plot/Ticks.h"
+#include "engine/plot/xy/AxisScales.h"
 #include "engine/plot/xy/SeriesBlocks.h"
 
 #include <cstddef>
@@ -29,7 +30,15 @@ struct Series {
 /// The lines of a table. They point into it. Asks `checkpoint` to go on; throws ReadInterrupted when it says no.
 std::vector<Series> seriesOf(const Table& table, Checkpoint& checkpoint);
 
-/// What the lines that are shown cover; rows with a gap count on neither axis.
-void findRanges(const std::vector<Series>& series, AxisRange& x, AxisRange& y);
+/// What the lines of a plot cover.
+struct SeriesRanges {
+    AxisRange x; ///< of a logarithmic axis: the decadic logarithms
+    AxisRange y;
+    bool isEmpty = false;    ///< nothing to be seen
+    std::size_t leftOut = 0; ///< values that have no place on the axes because these are logarithmic
+};
+
+/// Of the lines that are shown; rows with a gap count on neither axis.
+SeriesRanges rangesOf(const std::vector<Series>& series, const AxisScales& scales);
 
 } // namespace velmora::engine

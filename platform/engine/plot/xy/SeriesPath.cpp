@@ -45,7 +45,7 @@ bool SeriesPath::next(Portion& portion)
 bool SeriesPath::isGap(std::size_t row) const
 {
     const Point value = m_series.at(row);
-    return !std::isfinite(value.x) || !std::isfinite(value.y);
+    return !std::isfinite(value.x) || !std::isfinite(value.y) || !m_map.scales.hasPlaceFor(value);
 }
 
 bool SeriesPath::isAlone(std::size_t row) const
@@ -67,12 +67,34 @@ void SeriesPath::takeRow(Portion& portion)
         portion.dots.push_back({point.x, point.y, 0});
 }
 
+/// Rows that have no place on the axes, or some of which have none.
+bool SeriesPath::takeBlockWithGaps(const SeriesBlocks::Block& block, Portion& portion)
+{
+    const AxisScales& scales = m_map.scales;
+    if (!scales.hasPlaceFor({block.covered.x2, block.covered.y2})) {
+        endLine(portion);
+        m_row += SeriesBlocks::RowsABlock;
+        return true;
+    }
+    // A coarse picture takes what is missing for what lies below the axis: that is quick, and the full one has it.
+    const double first = m_map(m_series.at(m_row)).x;
+    const double last = m_map(m_series.at(m_row + SeriesBlocks::RowsABlock - 1)).x;
+    if (m_detail != Detail::Coarse || !std::isfinite(first) || std::floor(first) != std::floor(last))
+        return false;
+    addToColumn(m_map(m_series.at(m_row + block.highest)), portion);
+    addToColumn({last, m_clip.y1}, portion);
+    m_row += SeriesBlocks::RowsABlock;
+    return true;
+}
+
 /// Many rows that are all in the same column of pixels: those that show are known.
 bool SeriesPath::takeBlock(Portion& portion)
 {
     if (m_row % SeriesBlocks::RowsABlock != 0 || !m_series.blocks || !m_series.blocks->blockOf(m_row).isPlain)
         return false;
     const SeriesBlocks::Block& block = m_series.blocks->blockOf(m_row);
+    if (!m_map.scales.hasPlaceFor({block.covered.x1, block.covered.y1}))
+        return takeBlockWithGaps(block, portion);
     const Point first = m_map(m_series.at(m_row));
     const Point last = m_map(m_series.at(m_row + SeriesBlocks::RowsABlock - 1));
     if (std::floor(first.x) != std::floor(last.x))

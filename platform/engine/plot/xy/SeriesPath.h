@@ -11,13 +11,16 @@ namespace velmora::engine {
 
 /// Where values come to lie in the frame.
 struct AxisMap {
-    AxisRange x;
+    AxisRange x; ///< of a logarithmic axis: the decadic logarithms
     AxisRange y;
     Rect plot; ///< pixels
+    AxisScales scales = {};
 
+    /// What has no place on a logarithmic axis lies infinitely far below.
     Point operator()(Point value) const
     {
-        return {plot.x1 + x.fractionOf(value.x) * plot.width(), plot.y1 + y.fractionOf(value.y) * plot.height()};
+        return {plot.x1 + x.fractionOf(scales.alongX(value.x)) * plot.width(),
+                plot.y1 + y.fractionOf(scales.alongY(value.y)) * plot.height()};
     }
 };
 
@@ -51,6 +54,7 @@ private:
 
     void takeRow(Portion& portion);
     bool takeBlock(Portion& portion);
+    bool takeBlockWithGaps(const SeriesBlocks::Block& block, Portion& portion);
     bool isAlone(std::size_t row) const;
     bool isGap(std::size_t row) const;
     void addToColumn(Point point, Portion& portion);

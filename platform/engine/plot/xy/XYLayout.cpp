@@ -55,6 +55,7 @@ private:
     TextItem axisTitle(const std::string& title, Point anchor, bool upwards) const;
     double widestLabel(const std::vector<Tick>& ticks) const;
     std::vector<Tick> yTicksFor(int most) const;
+    std::vector<Tick> xTicksFor(int most) const;
     static void snap(Rect& rect);
 
     const XYContent& m_content;
@@ -160,7 +161,18 @@ double Builder::widestLabel(const std::vector<Tick>& ticks) const
 
 std::vector<Tick> Builder::yTicksFor(int most) const
 {
+    if (m_layout.map.scales.isLogY)
+        return logarithmicTicks(m_layout.map.y, most);
     return allDates(m_content.series) ? dateTicks(m_layout.map.y, most) : numberTicks(m_layout.map.y, most);
+}
+
+std::vector<Tick> Builder::xTicksFor(int most) const
+{
+    if (m_layout.map.scales.isLogX)
+        return logarithmicTicks(m_layout.map.x, most);
+    const bool isDate = xColumn() && xColumn()->isDate;
+    const double leastStep = !xColumn() || xColumn()->countsRows ? 1 : 0;
+    return isDate ? dateTicks(m_layout.map.x, most) : numberTicks(m_layout.map.x, most, leastStep);
 }
 
 void Builder::chooseYTicks()
@@ -175,11 +187,9 @@ void Builder::chooseYTicks()
 void Builder::chooseXTicks()
 {
     const Rect& plot = m_layout.map.plot;
-    const bool isDate = xColumn() && xColumn()->isDate;
-    const double leastStep = !xColumn() || xColumn()->countsRows ? 1 : 0;
     const int upper = std::clamp(static_cast<int>(plot.width() / (textSize(plotsize::Label) * 4)), 1, 12);
     for (int most = upper; most >= 1; --most) {
-        m_layout.xTicks = isDate ? dateTicks(m_layout.map.x, most) : numberTicks(m_layout.map.x, most, leastStep);
+        m_layout.xTicks = xTicksFor(most);
         const double needed = widestLabel(m_layout.xTicks) + textSize(plotsize::Label) * 1.5;
         if (needed * static_cast<double>(m_layout.xTicks.size()) <= plot.width() + textSize(plotsize::Label))
             return;

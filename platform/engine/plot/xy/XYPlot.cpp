@@ -93,7 +93,7 @@ XYPlot::XYPlot(std::shared_ptr<const Table> table, Checkpoint& checkpoint)
 {
     m_content.table = std::move(table);
     m_content.series = seriesOf(*m_content.table, checkpoint);
-    findRanges(m_content.series, m_fullX, m_fullY);
+    m_full = rangesOf(m_content.series, {});
     XYPlot::fit();
 }
 
@@ -106,36 +106,44 @@ bool XYPlot::draw(const Drawing& drawing, Checkpoint& checkpoint)
 
 void XYPlot::rotate(double, double) {}
 
-void XYPlot::translate(double dx, double dy)
+// A range that the axis cannot show is not taken.
+void XYPlot::setRanges(const AxisRange& x, const AxisRange& y)
 {
     AxisMap& map = m_content.map;
+    if (!map.scales.isLogX || (x.from >= logarithm::Least && x.to <= logarithm::Most))
+        map.x = x;
+    if (!map.scales.isLogY || (y.from >= logarithm::Least && y.to <= logarithm::Most))
+        map.y = y;
+}
+
+void XYPlot::translate(double dx, double dy)
+{
+    const AxisMap& map = m_content.map;
     const Rect plot = layOut(m_content, frameSize()).map.plot;
-    map.x = moved(map.x, -dx * frameSize().width / plot.width());
-    map.y = moved(map.y, -dy * frameSize().height / plot.height());
+    setRanges(moved(map.x, -dx * frameSize().width / plot.width()),
+              moved(map.y, -dy * frameSize().height / plot.height()));
 }
 
 void XYPlot::zoom(double factor, double x, double y)
 {
     if (!(factor > 0))
         return;
-    AxisMap& map = m_content.map;
+    const AxisMap& map = m_content.map;
     const Rect plot = layOut(m_content, frameSize()).map.plot;
     const double alongX = (x * frameSize().width - plot.x1) / plot.width();
     const double alongY = (y * frameSize().height - plot.y1) / plot.height();
-    map.x = zoomed(map.x, m_fullX, factor, alongX);
-    map.y = zoomed(map.y, m_fullY, factor, alongY);
+    setRanges(zoomed(map.x, m_full.x, factor, alongX), zoomed(map.y, m_full.y, factor, alongY));
 }
 
 void XYPlot::zoomTo(double x1, double y1, double x2, double y2)
 {
-    AxisMap& map = m_content.map;
+    const AxisMap& map = m_content.map;
     const Rect plot = layOut(m_content, frameSize()).map.plot;
     const AxisRange alongX{(x1 * frameSize().width - plot.x1) / plot.width(),
                            (x2 * frameSize().width - plot.x1) / plot.width()};
     const AxisRange alongY{(y1 * frameSize().height - plot.y1) / plot.height(),
                            (y2 * frameSize().height - plot.y1) / plot.height()};
-    map.x = cutOut(map.x, m_fullX, alongX);
-    map.y = cutOut(map.y, m_fullY, alongY);
+    setRanges(cutOut(map.x, m_full.x, alongX), cutOut(map.y, m_full.y, alongY));
 }
 
 bool XYPlot::zoomAxis(double factor, double x, double y)
@@ -143,11 +151,11 @@ bool XYPlot::zoomAxis(double factor, double x, double y)
     const XYLayout layout = layOut(m_content, frameSize());
     const Rect& plot = layout.map.plot;
     const Point place{x * frameSize().width, y * frameSize().height};
-    AxisMap& map = m_content.map;
+    const AxisMap& map = m_content.map;
     if (layout.xAxis.contains(place))
-        map.x = zoomed(map.x, m_fullX, factor, (place.x - plot.x1) / plot.width());
+        setRanges(zoomed(map.x, m_full.x, factor, (place.x - plot.x1) / plot.width()), map.y);
     else if (layout.yAxis.contains(place))
-        map.y = zoomed(map.y, m_fullY, factor, (place.y - plot.y1) / plot.height());
+        setRanges(map.x, zoomed(map.y, m_full.y, factor, (place.y - plot.y1) / plot.height()));
     else
         return false;
     return true;
@@ -155,8 +163,31 @@ bool XYPlot::zoomAxis(double factor, double x, double y)
 
 void XYPlot::fit()
 {
-    m_content.map.x = m_fullX;
-    m_content.map.y = m_fullY;
+    m_content.map.x = m_full.x;
+    m_content.map.y = m_full.y;
+}
+
+std::vector<double> XYPlot::viewNumbers() const
+{
+    const AxisMap& map = m_content.map;
+    return {map.x.from,
+            map.x.to,
+            map.y.from,
+            map.y.to,
+            static_cast<double>(map.scales.isLogX),
+            static_cast<double>(map.scales.isLogY)};
+}
+
+bool XYPlot::setViewNumbers(const std::vector<double>& numbers)
+{
+    if (numbers.size() != 6)
+        return false;
+    const AxisRange x{numbers[0], numbers[1]};
+    const AxisRange y{numbers[2], numbers[3]};
+    if (!isRange(x) || !isRange(y) || !setScales({numbers[4] != 0, numbers[5] != 0}))
+        return false;
+    setRanges(x, y);
+    return true;
 }
 
 void XYPlot::showLine(std::size_t line, bool shown)
@@ -180,10 +211,35 @@ void XYPlot::linesChanged()
 {
     const std::vector<Series>& series = m_content.series;
     if (std::any_of(series.begin(), series.end(), [](const Series& line) { return line.isShown; }))
-        findRanges(series, m_fullX, m_fullY);
+        m_full = rangesOf(series, scales());
     for (std::size_t i = 0; i < series.size(); ++i)
         if (!series[i].isShown)
             deselect({ObjectKind::Zone, static_cast<int>(i)});
+}
+
+bool XYPlot::canBeLogarithmic(const AxisScales& scales) const
+{
+    const std::vector<Series>& series = m_content.series;
+    const auto isDate = [&scales](const Series& line) {
+        return (scales.isLogX && line.x && line.x->isDate) || (scales.isLogY && line.y->isDate);
+    };
+    return std::none_of(series.begin(), series.end(), isDate);
+}
+
+bool XYPlot::setScales(const AxisScales& scales)
+{
+    AxisMap& map = m_content.map;
+    const SeriesRanges ranges = rangesOf(m_content.series, scales);
+    const bool isNew = (scales.isLogX && !map.scales.isLogX) || (scales.isLogY && !map.scales.isLogY);
+    if (isNew && (!canBeLogarithmic(scales) || ranges.isEmpty))
+        return false;
+    m_full = ranges;
+    if (scales.isLogX != map.scales.isLogX)
+        map.x = ranges.x;
+    if (scales.isLogY != map.scales.isLogY)
+        map.y = ranges.y;
+    map.scales = scales;
+    return true;
 }
 
 bool XYPlot::legendLineAt(double x, double y, std::size_t& line) const

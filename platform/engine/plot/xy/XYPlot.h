@@ -21,6 +21,9 @@ public:
     void zoomTo(double x1, double y1, double x2, double y2) override;
     bool zoomAxis(double factor, double x, double y) override;
     void fit() override;
+    void showAll() override { fit(); }
+    std::vector<double> viewNumbers() const override;
+    bool setViewNumbers(const std::vector<double>& numbers) override;
     bool valueAt(double x, double y, ShownValue& found) const override;
     std::string description() const override;
 
@@ -34,6 +37,15 @@ public:
     /// The line whose entry in the legend is at a place; false where there is none.
     bool legendLineAt(double x, double y, std::size_t& line) const;
 
+    const AxisScales& scales() const { return m_content.map.scales; }
+    /// Dates have no logarithm.
+    bool canBeLogarithmic(const AxisScales& scales) const;
+    /// An axis whose scale changes shows all that the lines have there. False, and nothing has changed, where a
+    /// logarithmic axis would have nothing to show.
+    bool setScales(const AxisScales& scales);
+    /// How many values of the lines that are shown have no place because an axis is logarithmic.
+    std::size_t leftOut() const { return m_full.leftOut; }
+
     const AxisRange& xRange() const { return m_content.map.x; }
     const AxisRange& yRange() const { return m_content.map.y; }
 
@@ -42,13 +54,13 @@ protected:
     void collect(const Rect& rect, const PickFilter& filter, Selection& found) const override;
 
 private:
+    void setRanges(const AxisRange& x, const AxisRange& y);
     void linesChanged();
     void collectLines(const XYLayout& layout, const Rect& rect, bool shownOnly, Selection& found) const;
     static void collectGeometries(const XYLayout& layout, const Rect& rect, Selection& found);
 
     XYContent m_content;
-    AxisRange m_fullX;
-    AxisRange m_fullY;
+    SeriesRanges m_full;
 };
 
 } // namespace velmora::engine
