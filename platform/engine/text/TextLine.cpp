@@ -79,7 +79,7 @@ std::string fitted(FontFace& face, const std::string& text, double pixelSize, do
     if (fits(text))
         return text;
     std::size_t fitting = 0;
-    std::size_t tooMany = std::min(text.size(), longestLine);
+    std::size_t tooMany = std::min(text.size(), LongestLine);
     while (fitting + 1 < tooMany) {
         const std::size_t middle = (fitting + tooMany) / 2;
         (fits(shortened(text, middle)) ? fitting : tooMany) = middle;
