@@ -1,6 +1,7 @@
 #include "MainWindow.h"
 
 #include "Animation.h"
+#include "ColumnsPanel.h"
 #include "OutputCommands.h"
 #include "RecentFiles.h"
 #include "ScreenPixels.h"
@@ -81,6 +82,7 @@ MainWindow::MainWindow() : m_area(new GLDrawArea(this)), m_tools(new ViewTools(*
     m_toolBar->setObjectName(QLatin1String("tools"));
     createFileMenu();
     createViewMenu();
+    createPanels();
     createHelpMenu();
     createStatusBar();
     m_tools->setTool(ViewTools::Rotate);
@@ -149,6 +151,17 @@ QAction* MainWindow::addTool(QActionGroup& group, const char* iconName, const QS
     return action;
 }
 
+void MainWindow::createPanels()
+{
+    m_columns = new ColumnsPanel(this);
+    addDockWidget(Qt::RightDockWidgetArea, m_columns);
+    m_columns->hide();
+    m_viewMenu->addAction(m_columns->toggleViewAction());
+    connect(m_tools, SIGNAL(selectionChanged()), m_columns, SLOT(refresh()));
+    connect(m_columns, SIGNAL(chosen()), this, SLOT(showSelection()));
+    m_viewMenu->addSeparator();
+}
+
 void MainWindow::createHelpMenu()
 {
     QMenu* const menu = menuBar()->addMenu(tr("&Help"));
@@ -210,6 +223,7 @@ void MainWindow::showData(const QString& name)
     m_output->setEnabled(!shown.isEmpty());
     m_animation->setEnabled(VelUtilViewCanRotate() != 0);
     offerRotating(shown.isEmpty() || VelUtilViewCanRotate());
+    m_columns->refresh();
     showSelection();
 }
 

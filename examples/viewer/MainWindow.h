@@ -17,6 +17,7 @@ class GLDrawArea;
 namespace viewer {
 
 class Animation;
+class ColumnsPanel;
 class OutputCommands;
 class RecentFiles;
 class ViewTools;
@@ -57,6 +58,7 @@ private:
     void createFileMenu();
     void createViewMenu();
     void addViewCommands();
+    void createPanels();
     void createHelpMenu();
     void createStatusBar();
     void zoom(double factor);
@@ -70,6 +72,7 @@ private:
     RecentFiles* m_recentFiles = nullptr;
     OutputCommands* m_output;
     Animation* m_animation;
+    ColumnsPanel* m_columns;
     QToolBar* m_toolBar;
     QMenu* m_viewMenu;
     QAction* m_rotate;

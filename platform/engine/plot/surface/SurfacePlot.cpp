@@ -101,6 +101,12 @@ void SurfacePlot::fit()
     m_content.view = SurfaceView();
 }
 
+void SurfacePlot::takeViewOf(const Plot& other, Checkpoint&)
+{
+    if (const auto* const before = dynamic_cast<const SurfacePlot*>(&other))
+        m_content.view = before->m_content.view;
+}
+
 std::string SurfacePlot::nameOf(const ObjectId& object) const
 {
     static const char* const geometries[] = {"x axis", "y axis", "z axis", "colour bar"};

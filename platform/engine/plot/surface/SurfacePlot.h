@@ -23,6 +23,7 @@ public:
     bool zoomAxis(double, double, double) override { return false; } ///< a surface is zoomed as a whole
     void fit() override;
     bool valueAt(double x, double y, ShownValue& found) const override;
+    void takeViewOf(const Plot& other, Checkpoint& checkpoint) override;
     std::string description() const override;
 
     const SurfaceView& view() const { return m_content.view; }
