@@ -4,6 +4,7 @@
 #include "WaitCursor.h"
 #include "engine/VelUtil.h"
 
+#include <QAction>
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -54,6 +55,7 @@ ColumnsPanel::ColumnsPanel(QWidget* parent)
       m_horizontal(newColumnChoice()), m_lines(newLineList())
 {
     setObjectName(QLatin1String("columns"));
+    toggleViewAction()->setText(tr("&Columns"));
     QWidget* const content = new QWidget;
     QVBoxLayout* const all = new QVBoxLayout(content);
     all->addWidget(m_nothing, 0, Qt::AlignTop);

@@ -1,9 +1,11 @@
 #include "MainWindow.h"
 
+#include "AboutFilePanel.h"
 #include "Animation.h"
 #include "ColumnsPanel.h"
 #include "OutputCommands.h"
 #include "RecentFiles.h"
+#include "ReloadCommand.h"
 #include "ScreenPixels.h"
 #include "ShownPage.h"
 #include "ToolTip.h"
@@ -98,6 +100,8 @@ void MainWindow::createFileMenu()
     QMenu* const recent = menu->addMenu(tr("Open &Recent"));
     m_recentFiles = new RecentFiles(*recent, this);
     connect(m_recentFiles, SIGNAL(chosen(QString)), this, SLOT(openFile(QString)));
+    m_reload = new ReloadCommand(*menu, *statusBar(), this);
+    connect(m_reload, SIGNAL(reloaded(QString)), this, SLOT(showFile(QString)));
     menu->addSeparator();
     m_output = new OutputCommands(*menu, *this);
     connect(m_output, SIGNAL(pageWasSetUp()), this, SLOT(showWhetherPageShows()));
@@ -154,12 +158,19 @@ QAction* MainWindow::addTool(QActionGroup& group, const char* iconName, const QS
 void MainWindow::createPanels()
 {
     m_columns = new ColumnsPanel(this);
-    addDockWidget(Qt::RightDockWidgetArea, m_columns);
-    m_columns->hide();
-    m_viewMenu->addAction(m_columns->toggleViewAction());
+    addPanel(*m_columns, Qt::RightDockWidgetArea);
     connect(m_tools, SIGNAL(selectionChanged()), m_columns, SLOT(refresh()));
     connect(m_columns, SIGNAL(chosen()), this, SLOT(showSelection()));
+    m_aboutFile = new AboutFilePanel(this);
+    addPanel(*m_aboutFile, Qt::BottomDockWidgetArea);
     m_viewMenu->addSeparator();
+}
+
+void MainWindow::addPanel(QDockWidget& panel, Qt::DockWidgetArea area)
+{
+    addDockWidget(area, &panel);
+    panel.hide();
+    m_viewMenu->addAction(panel.toggleViewAction());
 }
 
 void MainWindow::createHelpMenu()
@@ -185,19 +196,35 @@ void MainWindow::createStatusBar()
 
 void MainWindow::openFile(const QString& fileName)
 {
+    const FileState beforeReading = stateOf(fileName);
     if (!load(fileName)) {
         tellWhyNotOpened(fileName);
         return;
     }
     m_recentFiles->add(fileName);
     m_output->setDataFile(fileName);
+    m_reload->setFile(fileName, beforeReading);
+    showFile(fileName);
+}
+
+void MainWindow::showFile(const QString& fileName)
+{
     const QString name = QFileInfo(fileName).fileName();
     setWindowTitle(tr("%1 - Viewer").arg(name));
     showData(name);
+    countNotes();
+}
+
+// The panel has the notes themselves, for as long as the file shows.
+void MainWindow::countNotes()
+{
     statusBar()->clearMessage(); // it covers the description, and was about something before
-    const QString notes = QString::fromUtf8(VelUtilLastLoadNotes());
-    if (!notes.isEmpty())
-        statusBar()->showMessage(notes.simplified(), NoteMilliseconds);
+    const QString notes = QString::fromUtf8(VelUtilDataNotes());
+    const int count = notes.isEmpty() ? 0 : notes.count(QLatin1Char('\n')) + 1;
+    if (count > 0)
+        statusBar()->showMessage(count == 1 ? tr("1 note: see View > About This File")
+                                            : tr("%1 notes: see View > About This File").arg(count),
+                                 NoteMilliseconds);
 }
 
 void MainWindow::tellWhyNotOpened(const QString& fileName)
@@ -224,6 +251,7 @@ void MainWindow::showData(const QString& name)
     m_animation->setEnabled(VelUtilViewCanRotate() != 0);
     offerRotating(shown.isEmpty() || VelUtilViewCanRotate());
     m_columns->refresh();
+    m_aboutFile->refresh();
     showSelection();
 }
 

@@ -16,10 +16,12 @@ class GLDrawArea;
 
 namespace viewer {
 
+class AboutFilePanel;
 class Animation;
 class ColumnsPanel;
 class OutputCommands;
 class RecentFiles;
+class ReloadCommand;
 class ViewTools;
 
 /// The window: one drawing area, the tools to look at it from all sides, and what there is to know.
@@ -42,6 +44,7 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private Q_SLOTS:
+    void showFile(const QString& fileName);
     void chooseFile();
     void openWaitingFiles();
     void setTool(QAction* action);
@@ -63,7 +66,9 @@ private:
     void createStatusBar();
     void zoom(double factor);
     void tellWhyNotOpened(const QString& fileName);
+    void countNotes();
     void showData(const QString& name);
+    void addPanel(QDockWidget& panel, Qt::DockWidgetArea area);
     void offerRotating(bool offered);
     QAction* addTool(QActionGroup& group, const char* icon, const QString& text, const QString& key, int tool);
 
@@ -73,6 +78,8 @@ private:
     OutputCommands* m_output;
     Animation* m_animation;
     ColumnsPanel* m_columns;
+    AboutFilePanel* m_aboutFile;
+    ReloadCommand* m_reload;
     QToolBar* m_toolBar;
     QMenu* m_viewMenu;
     QAction* m_rotate;

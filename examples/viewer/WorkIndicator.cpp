@@ -70,7 +70,7 @@ WorkIndicator::WorkIndicator(QWidget* parent)
     m_bar->hide();
     m_stop = addButton(*row, tr("Stop"), withShortcut(tr("Stop what is going on"), QKeySequence(Qt::Key_Escape)));
     m_finishCommand->setToolTip(tr("Draw what is missing"));
-    setShortcut(*m_finishCommand, QKeySequence(Qt::Key_F5));
+    setShortcut(*m_finishCommand, QKeySequence(Qt::SHIFT + Qt::Key_F5));
     m_finish = addButton(*row, tr("Finish"), m_finishCommand->toolTip());
     offerToFinish(false);
     row->addWidget(m_idle);

@@ -27,7 +27,7 @@ class Columns : public OpenViewer {
 protected:
     Columns()
     {
-        action("Columns")->trigger();
+        action("&Columns")->trigger();
         EXPECT_TRUE(waitUntil([this] { return panel().isVisible(); }));
     }
 
@@ -140,10 +140,10 @@ TEST_F(Columns, AGridHasNoneAndAFileThatComesWhileThePanelIsHiddenIsListedLater)
     EXPECT_TRUE(nothing->isVisible());
     EXPECT_EQ(nothing->text(), "A grid has no columns to choose from.");
     EXPECT_FALSE(lines().isVisible());
-    action("Columns")->trigger();
+    action("&Columns")->trigger();
     open(folder.writeTable());
     EXPECT_EQ(lines().topLevelItemCount(), 0);
-    action("Columns")->trigger();
+    action("&Columns")->trigger();
     EXPECT_TRUE(waitUntil([this] { return lines().isVisible() && lines().topLevelItemCount() == 2; }));
     EXPECT_FALSE(nothing->isVisible());
 }
