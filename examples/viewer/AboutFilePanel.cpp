@@ -69,6 +69,16 @@ AboutFilePanel::AboutFilePanel(QWidget* parent)
     connect(this, SIGNAL(visibilityChanged(bool)), this, SLOT(refresh()));
 }
 
+QString AboutFilePanel::countOfNotes()
+{
+    const QByteArray notes = VelUtilDataNotes();
+    if (notes.isEmpty())
+        return QString();
+    const int count = notes.count('\n') + 1;
+    return count == 1 ? tr("1 note: see View > About This File")
+                      : tr("%1 notes: see View > About This File").arg(count);
+}
+
 void AboutFilePanel::refresh()
 {
     if (!isVisible())

@@ -17,6 +17,9 @@ class AboutFilePanel : public QDockWidget {
 public:
     explicit AboutFilePanel(QWidget* parent);
 
+    /// Says briefly how many notes there are and that the panel has them; empty without one.
+    static QString countOfNotes();
+
 public Q_SLOTS:
     /// Tells of what there is now. It waits until the panel shows.
     void refresh();

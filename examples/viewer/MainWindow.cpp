@@ -2,8 +2,8 @@
 
 #include "AboutFilePanel.h"
 #include "Animation.h"
-#include "ColumnsPanel.h"
 #include "OutputCommands.h"
+#include "Panels.h"
 #include "RecentFiles.h"
 #include "ReloadCommand.h"
 #include "ScreenPixels.h"
@@ -84,7 +84,6 @@ MainWindow::MainWindow() : m_area(new GLDrawArea(this)), m_tools(new ViewTools(*
     m_toolBar->setObjectName(QLatin1String("tools"));
     createFileMenu();
     createViewMenu();
-    createPanels();
     createHelpMenu();
     createStatusBar();
     m_tools->setTool(ViewTools::Rotate);
@@ -125,6 +124,10 @@ void MainWindow::createViewMenu()
     m_viewMenu->addSeparator();
     m_animation = new Animation(*m_viewMenu, *m_toolBar, this);
     m_viewMenu->addSeparator();
+    m_panels = new Panels(*m_viewMenu, *this);
+    connect(m_tools, SIGNAL(selectionChanged()), m_panels, SLOT(refresh()));
+    connect(m_panels, SIGNAL(chosen()), this, SLOT(showSelection()));
+    m_viewMenu->addSeparator();
 }
 
 void MainWindow::addViewCommands()
@@ -153,24 +156,6 @@ QAction* MainWindow::addTool(QActionGroup& group, const char* iconName, const QS
     group.addAction(action);
     m_toolBar->addAction(action);
     return action;
-}
-
-void MainWindow::createPanels()
-{
-    m_columns = new ColumnsPanel(this);
-    addPanel(*m_columns, Qt::RightDockWidgetArea);
-    connect(m_tools, SIGNAL(selectionChanged()), m_columns, SLOT(refresh()));
-    connect(m_columns, SIGNAL(chosen()), this, SLOT(showSelection()));
-    m_aboutFile = new AboutFilePanel(this);
-    addPanel(*m_aboutFile, Qt::BottomDockWidgetArea);
-    m_viewMenu->addSeparator();
-}
-
-void MainWindow::addPanel(QDockWidget& panel, Qt::DockWidgetArea area)
-{
-    addDockWidget(area, &panel);
-    panel.hide();
-    m_viewMenu->addAction(panel.toggleViewAction());
 }
 
 void MainWindow::createHelpMenu()
@@ -212,19 +197,10 @@ void MainWindow::showFile(const QString& fileName)
     const QString name = QFileInfo(fileName).fileName();
     setWindowTitle(tr("%1 - Viewer").arg(name));
     showData(name);
-    countNotes();
-}
-
-// The panel has the notes themselves, for as long as the file shows.
-void MainWindow::countNotes()
-{
     statusBar()->clearMessage(); // it covers the description, and was about something before
-    const QString notes = QString::fromUtf8(VelUtilDataNotes());
-    const int count = notes.isEmpty() ? 0 : notes.count(QLatin1Char('\n')) + 1;
-    if (count > 0)
-        statusBar()->showMessage(count == 1 ? tr("1 note: see View > About This File")
-                                            : tr("%1 notes: see View > About This File").arg(count),
-                                 NoteMilliseconds);
+    const QString notes = AboutFilePanel::countOfNotes();
+    if (!notes.isEmpty())
+        statusBar()->showMessage(notes, NoteMilliseconds);
 }
 
 void MainWindow::tellWhyNotOpened(const QString& fileName)
@@ -250,8 +226,7 @@ void MainWindow::showData(const QString& name)
     m_output->setEnabled(!shown.isEmpty());
     m_animation->setEnabled(VelUtilViewCanRotate() != 0);
     offerRotating(shown.isEmpty() || VelUtilViewCanRotate());
-    m_columns->refresh();
-    m_aboutFile->refresh();
+    m_panels->refresh();
     showSelection();
 }
 

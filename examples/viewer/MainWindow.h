@@ -16,10 +16,9 @@ class GLDrawArea;
 
 namespace viewer {
 
-class AboutFilePanel;
 class Animation;
-class ColumnsPanel;
 class OutputCommands;
+class Panels;
 class RecentFiles;
 class ReloadCommand;
 class ViewTools;
@@ -61,14 +60,11 @@ private:
     void createFileMenu();
     void createViewMenu();
     void addViewCommands();
-    void createPanels();
     void createHelpMenu();
     void createStatusBar();
     void zoom(double factor);
     void tellWhyNotOpened(const QString& fileName);
-    void countNotes();
     void showData(const QString& name);
-    void addPanel(QDockWidget& panel, Qt::DockWidgetArea area);
     void offerRotating(bool offered);
     QAction* addTool(QActionGroup& group, const char* icon, const QString& text, const QString& key, int tool);
 
@@ -77,8 +73,7 @@ private:
     RecentFiles* m_recentFiles = nullptr;
     OutputCommands* m_output;
     Animation* m_animation;
-    ColumnsPanel* m_columns;
-    AboutFilePanel* m_aboutFile;
+    Panels* m_panels;
     ReloadCommand* m_reload;
     QToolBar* m_toolBar;
     QMenu* m_viewMenu;
