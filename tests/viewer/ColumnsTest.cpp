@@ -125,7 +125,7 @@ TEST_F(Columns, AnotherColumnIsMadeTheHorizontalAxisAndItsValuesTellIt)
 TEST_F(Columns, WhatTheLegendHasNoRoomForIsListedToo)
 {
     open(writeTableOf(41));
-    EXPECT_EQ(lines().topLevelItemCount(), 40);
+    ASSERT_EQ(lines().topLevelItemCount(), 40);
     EXPECT_EQ(axis().count(), 42) << "and the row number";
     EXPECT_FALSE(lines().topLevelItem(39)->icon(0).isNull());
     lines().scrollToItem(lines().topLevelItem(39));
