@@ -1,10 +1,13 @@
 #include "MainWindow.h"
 
+#include "AboutFilePanel.h"
 #include "Animation.h"
 #include "AxisScales.h"
 #include "HelpWindow.h"
 #include "OutputCommands.h"
+#include "Panels.h"
 #include "RecentFiles.h"
+#include "ReloadCommand.h"
 #include "ScreenPixels.h"
 #include "ShownPage.h"
 #include "SurfaceMenu.h"
@@ -107,6 +110,8 @@ void MainWindow::createFileMenu()
     QMenu* const recent = menu->addMenu(tr("Open &Recent"));
     m_recentFiles = new RecentFiles(*recent, this);
     connect(m_recentFiles, SIGNAL(chosen(QString)), this, SLOT(openFile(QString)));
+    m_reload = new ReloadCommand(*menu, *statusBar(), this);
+    connect(m_reload, SIGNAL(reloaded(QString)), this, SLOT(showFile(QString)));
     menu->addSeparator();
     m_output = new OutputCommands(*menu, *this);
     connect(m_output, SIGNAL(pageWasSetUp()), this, SLOT(showWhetherPageShows()));
@@ -135,6 +140,10 @@ void MainWindow::createViewMenu()
     m_surface = new SurfaceMenu(*m_viewMenu, this);
     m_viewMenu->addSeparator();
     m_animation = new Animation(*m_viewMenu, *m_toolBar, this);
+    m_viewMenu->addSeparator();
+    m_panels = new Panels(*m_viewMenu, *this);
+    connect(m_tools, SIGNAL(selectionChanged()), m_panels, SLOT(refresh()));
+    connect(m_panels, SIGNAL(chosen()), this, SLOT(showSelection()));
     m_viewMenu->addSeparator();
 }
 
@@ -192,19 +201,26 @@ void MainWindow::createStatusBar()
 
 void MainWindow::openFile(const QString& fileName)
 {
+    const FileState beforeReading = stateOf(fileName);
     if (!load(fileName)) {
         tellWhyNotOpened(fileName);
         return;
     }
     m_recentFiles->add(fileName);
     m_output->setDataFile(fileName);
+    m_reload->setFile(fileName, beforeReading);
+    showFile(fileName);
+}
+
+void MainWindow::showFile(const QString& fileName)
+{
     const QString name = QFileInfo(fileName).fileName();
     setWindowTitle(tr("%1 - Viewer").arg(name));
     showData(name);
     statusBar()->clearMessage(); // it covers the description, and was about something before
-    const QString notes = QString::fromUtf8(VelUtilLastLoadNotes());
+    const QString notes = AboutFilePanel::countOfNotes();
     if (!notes.isEmpty())
-        statusBar()->showMessage(notes.simplified(), NoteMilliseconds);
+        statusBar()->showMessage(notes, NoteMilliseconds);
 }
 
 void MainWindow::tellWhyNotOpened(const QString& fileName)
@@ -234,6 +250,7 @@ void MainWindow::showData(const QString& name)
     m_surface->showState();
     m_history->begin();
     offerRotating(shown.isEmpty() || VelUtilViewCanRotate());
+    m_panels->refresh();
     showSelection();
 }
 

@@ -19,7 +19,9 @@ namespace viewer {
 class Animation;
 class AxisScales;
 class OutputCommands;
+class Panels;
 class RecentFiles;
+class ReloadCommand;
 class SurfaceMenu;
 class ViewHistory;
 class ViewTools;
@@ -44,6 +46,7 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private Q_SLOTS:
+    void showFile(const QString& fileName);
     void chooseFile();
     void openWaitingFiles();
     void setTool(QAction* action);
@@ -78,6 +81,8 @@ private:
     AxisScales* m_scales;
     ViewHistory* m_history;
     SurfaceMenu* m_surface;
+    Panels* m_panels;
+    ReloadCommand* m_reload;
     QToolBar* m_toolBar;
     QMenu* m_viewMenu;
     QAction* m_rotate;

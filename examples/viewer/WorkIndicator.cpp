@@ -70,7 +70,7 @@ WorkIndicator::WorkIndicator(QWidget* parent)
     m_bar->hide();
     m_stop = makeButton(tr("Stop"), withShortcut(tr("Stop what is going on"), QKeySequence(Qt::Key_Escape)));
     m_finishCommand->setToolTip(tr("Draw what is missing"));
-    setShortcut(*m_finishCommand, QKeySequence(Qt::Key_F5));
+    setShortcut(*m_finishCommand, QKeySequence(Qt::SHIFT + Qt::Key_F5));
     m_finish = makeButton(tr("Finish"), m_finishCommand->toolTip());
     row->addWidget(m_finish);
     // Where Stop was nothing can be pressed once it is gone: a person who presses it twice means Stop.

@@ -46,6 +46,9 @@ VELMORA_PLATFORM_EXPORT const char* VelUtilLastLoadNotes();
 /// fills the paper, in place of what the page showed. After a failure the page shows what it
 /// showed before. Refused while another load is under way.
 VELMORA_PLATFORM_EXPORT int VelUtilDataLoad(const char* fileName);
+/// The same, but shows what the page showed as far as the data in the file have it: from where, which columns, by their
+/// names, and which range of them. An axis that showed all its values shows all. For a file that has changed.
+VELMORA_PLATFORM_EXPORT int VelUtilDataReload(const char* fileName);
 /// One line on what the active page shows ("144 x 144 grid, 1 gap"), or "".
 VELMORA_PLATFORM_EXPORT const char* VelUtilDataDescription();
 /// What a person should know about how the data of the active page were read, one note a line ("The column "b": 'wet'
@@ -122,8 +125,20 @@ VELMORA_PLATFORM_EXPORT int VelUtilLineIsShown(int line);
 /// Shows (1) or hides (0) a line. A hidden one is pale in the legend, cannot be selected and does not count for
 /// VelUtilViewFit() and VelUtilViewShowAll(). 0 for a line that the page does not have.
 VELMORA_PLATFORM_EXPORT int VelUtilLineShow(int line, int shown);
+/// Shows (1) or hides (0) all lines.
+VELMORA_PLATFORM_EXPORT void VelUtilLineShowAll(int shown);
 /// Shows this line and no other; when that is so already, all lines. 0 for a line that the page does not have.
 VELMORA_PLATFORM_EXPORT int VelUtilLineShowAlone(int line);
+
+/// The columns of the active page that can be drawn, one a line, in fields separated by tabs: name, unit, the number of
+/// the column's line, or 0 for the horizontal axis, the line's colour (#005c9e), and the lengths of its dashes and gaps
+/// in widths of the line (6 4), none for an unbroken one and "points" for one that is drawn as points. "" on a page
+/// without lines. Valid until it is called again.
+VELMORA_PLATFORM_EXPORT const char* VelUtilColumnDetails();
+/// Draws the lines over another column, by its number from 1 in VelUtilColumnDetails(), or over the row numbers (0),
+/// and shows them all. Over a column that goes to and fro they are drawn as points. The lines' numbers change with it,
+/// and large data take their time. 0 for a column that the page does not have, and when it was interrupted.
+VELMORA_PLATFORM_EXPORT int VelUtilColumnSetHorizontal(int column);
 
 // ---- the axes of the lines of the active page: 0 is x, 1 is y. Reference platform only
 

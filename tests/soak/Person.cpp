@@ -39,7 +39,7 @@ void Person::actOnce()
         {14, &Person::pressShortcut}, {4, &Person::lookIntoMenus}, {10, &Person::openFile},
         {8, &Person::exportImage},    {5, &Person::print},         {3, &Person::previewPage},
         {3, &Person::setUpPage},      {12, &Person::interrupt},    {5, &Person::resize},
-        {2, &Person::closeWindow},
+        {2, &Person::closeWindow},    {4, &Person::reload},        {5, &Person::usePanels},
     };
     const Screen::Place top = m_screen.top();
     if (!top.window) {
@@ -126,6 +126,32 @@ void Person::pressShortcut()
     static const unsigned long keys[] = {XK_r, XK_m, XK_z, XK_s, XK_f, XK_space, XK_Escape, XK_f};
     m_screen.type(keys[upTo(static_cast<int>(std::size(keys)))]);
     hesitate(100);
+}
+
+void Person::reload()
+{
+    m_screen.type(XK_F5);
+    waitPerhaps();
+}
+
+/// Opens or closes one, and clicks about where they show: at the right and at the bottom.
+void Person::usePanels()
+{
+    m_screen.type(XK_v, XK_Alt_L);
+    hesitate(100);
+    m_screen.type(upTo(2) == 0 ? XK_c : XK_a);
+    hesitate(200);
+    const Screen::Place window = m_screen.main();
+    for (int i = upTo(5); i > 0; --i) {
+        const bool isRight = upTo(2) == 0;
+        const int x = isRight ? window.width - 1 - upTo(window.width / 4) : upTo(window.width);
+        const int y = isRight ? upTo(window.height) : window.height - 1 - upTo(window.height / 3);
+        m_screen.move(window.x + x, window.y + y);
+        m_screen.button(1, true);
+        m_screen.button(1, false);
+        hesitate(100);
+    }
+    m_screen.type(upTo(2) == 0 ? XK_Down : XK_space);
 }
 
 void Person::lookIntoMenus()

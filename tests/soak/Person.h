@@ -7,8 +7,8 @@
 namespace velmora::test {
 
 /// Someone at the viewer who does whatever comes to mind, as fast as the program takes it: turns the
-/// plot, opens files, exports, prints, interrupts, resizes and closes windows. The same seed does the
-/// same, as far as the program is where it was.
+/// plot, opens files and reloads them, uses the panels, exports, prints, interrupts, resizes and closes windows. The
+/// same seed does the same, as far as the program is where it was.
 class Person {
 public:
     /// There are the files a.asc, b.csv, c.asc (large) and d.csv (damaged) in the program's folder.
@@ -30,6 +30,8 @@ private:
     void turnWheel();
     void clickSomewhere();
     void pressShortcut();
+    void reload();
+    void usePanels();
     void lookIntoMenus();
     void openFile();
     void exportImage();

@@ -129,7 +129,7 @@ TEST_F(SurfaceCommands, ToolTipsNameTheKey)
     EXPECT_EQ(tool("&Turn the Surface")->toolTip(), "Turn the Surface (Space)");
     EXPECT_EQ(tool("Turn One St&ep On")->toolTip(), "Turn One Step On (Ctrl+Right)");
     EXPECT_EQ(button("Stop")->toolTip(), "Stop what is going on (Esc)");
-    EXPECT_EQ(button("Finish")->toolTip(), "Draw what is missing (F5)");
+    EXPECT_EQ(button("Finish")->toolTip(), "Draw what is missing (Shift+F5)");
 }
 
 TEST_F(Commands, EveryToolHasAnIconAndNamesItsKeyInItsToolTip)

@@ -2,7 +2,6 @@
 
 #include "tests/viewer/OpenViewer.h"
 
-#include "ScreenPixels.h"
 #include "engine/VelUtil.h"
 #include "tests/support/Wait.h"
 #include "tests/support/XInput.h"
@@ -27,28 +26,17 @@ protected:
         first = picture();
     }
 
-    QPoint entry(int line)
-    {
-        const double times = viewer::screenPixelsPerPixel(window->drawArea());
-        for (int y = 0; y < area().height(); y += 3)
-            for (int x = 0; x < area().width(); x += 3)
-                if (VelUtilLegendLineAt(x * times, y * times) == line)
-                    return QPoint(x + 3, y + 3);
-        ADD_FAILURE() << "no entry of line " << line;
-        return QPoint();
-    }
-
     void clickEntry(int line)
     {
         EXPECT_TRUE(settle());
-        press(entry(line));
+        press(legendEntry(line));
         release();
     }
     void doubleClickEntry(int line)
     {
         EXPECT_TRUE(settle());
         const EventWatch pressed(QEvent::MouseButtonDblClick);
-        doubleClick(area(), entry(line));
+        doubleClick(area(), legendEntry(line));
         pressed.wait();
         processPending();
     }

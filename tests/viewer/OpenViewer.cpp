@@ -99,6 +99,17 @@ QPoint OpenViewer::placeOf(const QString& value)
     return QPoint();
 }
 
+QPoint OpenViewer::legendEntry(int line)
+{
+    const double scale = viewer::screenPixelsPerPixel(window->drawArea());
+    for (int y = 0; y < area().height(); y += 3)
+        for (int x = 0; x < area().width(); x += 3)
+            if (VelUtilLegendLineAt(x * scale, y * scale) == line)
+                return QPoint(x + 3, y + 3);
+    ADD_FAILURE() << "no entry of line " << line;
+    return QPoint();
+}
+
 void OpenViewer::press(const QPoint& position, int button)
 {
     movePointer(area(), position);

@@ -37,6 +37,8 @@ protected:
     QWidget& area() { return window->drawArea(); }
     /// Where the picture shows a value that VelUtilViewValueAt() tells; null where it shows none such.
     QPoint placeOf(const QString& value);
+    /// Where the legend has the line; it fails the test when it has no room for it.
+    QPoint legendEntry(int line);
     QPoint centre() { return area().rect().center(); }
 
     // What a person does with the pointer over the area, and with the keys; each returns once the

@@ -37,7 +37,7 @@ DataSet dataOfActivePage()
 }
 
 // Everything that can fail comes before the page is touched.
-void load(const std::shared_ptr<Page>& page, const std::string& fileName)
+void load(const std::shared_ptr<Page>& page, const std::string& fileName, bool keepsView)
 {
     SlicedWork reading("Reading " + fileName);
     const DataSet data = readDataFile(fileName, reading);
@@ -45,14 +45,17 @@ void load(const std::shared_ptr<Page>& page, const std::string& fileName)
         throw ReadError("The engine was stopped while " + fileName + " was read.");
     std::vector<Frame> frames;
     frames.push_back({currentPaper().printable, makePlot(data, reading), data});
+    const std::shared_ptr<Plot> before = page->currentPlot();
+    if (keepsView && before)
+        frames.back().plot->takeViewOf(*before, reading);
     setLoadNotes(notesOf(data));
     page->replaceFrames(std::move(frames));
 }
 
-int loadReportingErrors(const std::shared_ptr<Page>& page, const std::string& fileName)
+int loadReportingErrors(const std::shared_ptr<Page>& page, const std::string& fileName, bool keepsView)
 {
     try {
-        load(page, fileName);
+        load(page, fileName, keepsView);
         return 1;
     } catch (const ReadError& error) {
         setLastError(error.what());
@@ -65,14 +68,8 @@ int loadReportingErrors(const std::shared_ptr<Page>& page, const std::string& fi
     return 0;
 }
 
-} // namespace
-} // namespace velmora::engine
-
-using namespace velmora::engine;
-
-int VelUtilDataLoad(const char* fileName)
+int loadFile(const char* fileName, bool keepsView)
 {
-    traceCallOf([&] { return std::string("VelUtilDataLoad ") + (fileName ? fileName : ""); });
     if (!requireRunning())
         return 0;
     if (!fileName || !*fileName) {
@@ -86,7 +83,24 @@ int VelUtilDataLoad(const char* fileName)
     const BusyScope busy;
     const LoadScope loading;
     noteInterruption(false);
-    return loadReportingErrors(pages().active(), fileName);
+    return loadReportingErrors(pages().active(), fileName, keepsView);
+}
+
+} // namespace
+} // namespace velmora::engine
+
+using namespace velmora::engine;
+
+int VelUtilDataLoad(const char* fileName)
+{
+    traceCallOf([&] { return std::string("VelUtilDataLoad ") + (fileName ? fileName : ""); });
+    return loadFile(fileName, false);
+}
+
+int VelUtilDataReload(const char* fileName)
+{
+    traceCallOf([&] { return std::string("VelUtilDataReload ") + (fileName ? fileName : ""); });
+    return loadFile(fileName, true);
 }
 
 const char* VelUtilDataDescription()

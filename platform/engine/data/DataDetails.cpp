@@ -18,14 +18,6 @@ std::string numberText(Real value)
     return std::string(text.data(), end);
 }
 
-/// In one line and one field.
-std::string fieldOf(std::string text)
-{
-    std::replace_if(
-        text.begin(), text.end(), [](char c) { return c == '\t' || c == '\n' || c == '\r'; }, ' ');
-    return text;
-}
-
 std::string lineOf(const ColumnSummary& column)
 {
     constexpr std::array<const char*, 4> Kinds = {"numbers", "dates", "text", "empty"};
@@ -62,6 +54,13 @@ std::string detailsOf(const Grid& grid)
 }
 
 } // namespace
+
+std::string fieldOf(std::string text)
+{
+    std::replace_if(
+        text.begin(), text.end(), [](char c) { return c == '\t' || c == '\n' || c == '\r'; }, ' ');
+    return text;
+}
 
 std::string detailsOf(const DataSet& data)
 {

@@ -10,6 +10,9 @@ namespace velmora::engine {
 /// column of the file. Of a grid: one line a property, its name and its value.
 std::string detailsOf(const DataSet& data);
 
+/// A text in one line and one field.
+std::string fieldOf(std::string text);
+
 /// Its notes, one a line.
 std::string notesOf(const DataSet& data);
 

@@ -89,6 +89,11 @@ public:
     /// The value that the picture shows at a place, or near it; false without one.
     virtual bool valueAt(double x, double y, ShownValue& found) const = 0;
 
+    /// Shows what a plot of the same kind shows, as far as its own data have it: from where, or which range of which
+    /// columns. An axis that showed all its values shows all. Asks `checkpoint` to go on; throws ReadInterrupted when
+    /// that says no.
+    virtual void takeViewOf(const Plot& other, Checkpoint& checkpoint) = 0;
+
     /// One line for a person: what is shown.
     virtual std::string description() const = 0;
 };

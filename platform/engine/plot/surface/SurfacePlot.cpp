@@ -158,6 +158,16 @@ bool SurfacePlot::setViewNumbers(const std::vector<double>& numbers)
     return true;
 }
 
+void SurfacePlot::takeViewOf(const Plot& other, Checkpoint&)
+{
+    const auto* const before = dynamic_cast<const SurfacePlot*>(&other);
+    if (!before)
+        return;
+    m_content.view = before->m_content.view;
+    m_look.exaggeration = before->m_look.exaggeration;
+    clipColors(before->m_look.colors.has_value());
+}
+
 std::string SurfacePlot::nameOf(const ObjectId& object) const
 {
     static const char* const geometries[] = {"x axis", "y axis", "z axis", "colour bar"};

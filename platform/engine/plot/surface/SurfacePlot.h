@@ -26,6 +26,7 @@ public:
     std::vector<double> viewNumbers() const override;
     bool setViewNumbers(const std::vector<double>& numbers) override;
     bool valueAt(double x, double y, ShownValue& found) const override;
+    void takeViewOf(const Plot& other, Checkpoint& checkpoint) override;
     std::string description() const override;
 
     const SurfaceView& view() const { return m_content.view; }

@@ -19,6 +19,11 @@ Dashes::Dashes(std::size_t pattern, double unit) : m_lengths(patterns[pattern])
     m_left = m_lengths.empty() ? 0 : m_lengths.front();
 }
 
+const std::vector<double>& Dashes::lengths(std::size_t pattern)
+{
+    return patterns[pattern];
+}
+
 std::vector<Dashes::Line> Dashes::cut(const Line& line)
 {
     if (m_lengths.empty())

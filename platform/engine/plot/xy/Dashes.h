@@ -17,6 +17,9 @@ public:
 
     std::vector<Line> cut(const Line& line);
 
+    /// Of dash, gap, dash, … in widths of the line; empty for an unbroken one.
+    static const std::vector<double>& lengths(std::size_t pattern);
+
 private:
     void goOn(double length);
 

@@ -1,6 +1,7 @@
 #include "engine/plot/xy/Series.h"
 
 #include "engine/core/Checkpoint.h"
+#include "engine/data/DataReader.h"
 #include "engine/plot/Palette.h"
 
 #include <algorithm>
@@ -45,20 +46,46 @@ AxisRange axisRange(double smallest, double largest, double room, bool isLogarit
     return {std::max(range.from, logarithm::Least), std::min(range.to, logarithm::Most)};
 }
 
+/// Whether the values never go back, or never go forward.
+bool goesOneWay(const Column& column, Checkpoint& checkpoint)
+{
+    constexpr std::size_t RowsAPortion = 65536;
+    bool rises = true;
+    bool falls = true;
+    double last = std::numeric_limits<double>::quiet_NaN();
+    for (std::size_t row = 0; row < column.values.size() && (rises || falls); ++row) {
+        if (row % RowsAPortion == 0 && !checkpoint.goOn(1))
+            throw ReadInterrupted();
+        const double value = column.values[row];
+        if (!std::isfinite(value))
+            continue;
+        rises = rises && !(value < last);
+        falls = falls && !(value > last);
+        last = value;
+    }
+    return rises || falls;
+}
+
 } // namespace
 
-std::vector<Series> seriesOf(const Table& table, Checkpoint& checkpoint)
+const Column* usualX(const Table& table)
+{
+    return table.columns.size() > 1 ? &table.columns.front() : nullptr;
+}
+
+std::vector<Series> seriesOf(const Table& table, const Column* x, Checkpoint& checkpoint)
 {
     std::vector<Series> series;
     const std::vector<Column>& columns = table.columns;
-    if (columns.size() == 1)
-        series.push_back({nullptr, &columns.front(), lineColor(0), nullptr});
-    for (std::size_t i = 1; i < columns.size(); ++i)
-        series.push_back({&columns.front(), &columns[i], lineColor(i - 1), nullptr});
-    for (std::size_t i = 0; i < series.size(); ++i) {
-        Series& line = series[i];
-        line.blocks = std::make_shared<SeriesBlocks>(line.x, *line.y, checkpoint);
-        line.dashes = lineDashes(i);
+    const bool isPoints = x && !goesOneWay(*x, checkpoint);
+    const std::size_t free =
+        x && x != &columns.front() ? static_cast<std::size_t>(x - &columns.front()) : columns.size();
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        if (&columns[i] == x)
+            continue;
+        const std::size_t look = (i == 0 ? free : i) - 1;
+        const auto blocks = std::make_shared<SeriesBlocks>(x, columns[i], checkpoint);
+        series.push_back({x, &columns[i], lineColor(look), blocks, lineDashes(look), true, isPoints});
     }
     return series;
 }

@@ -13,8 +13,8 @@
 
 namespace velmora::engine {
 
-/// A line of a plot: a column over the table's first column, or over the row numbers when the table
-/// has one column only.
+/// A line of a plot: a column over another one, or over the row numbers. Over a column that goes to and fro it is
+/// points, because lines between them would cover all and tell nothing.
 struct Series {
     const Column* x = nullptr;
     const Column* y = nullptr;
@@ -22,13 +22,24 @@ struct Series {
     std::shared_ptr<const SeriesBlocks> blocks;
     std::size_t dashes = 0; ///< pattern, see Dashes
     bool isShown = true;
+    bool isPoints = false;
 
     std::size_t size() const { return x ? std::min(x->values.size(), y->values.size()) : y->values.size(); }
     Point at(std::size_t row) const { return {x ? x->values[row] : static_cast<double>(row) + 1, y->values[row]}; }
 };
 
-/// The lines of a table. They point into it. Asks `checkpoint` to go on; throws ReadInterrupted when it says no.
-std::vector<Series> seriesOf(const Table& table, Checkpoint& checkpoint);
+/// The column that is the horizontal axis of a table when nobody has chosen another: the first one; null, which stands
+/// for the row numbers, when the table has one column only.
+const Column* usualX(const Table& table);
+
+/// The columns of a table but `x`, as lines over `x`. They point into the table. The look of a column does not depend
+/// on `x`, but for the first one, which takes what is free. Asks `checkpoint` to go on; throws ReadInterrupted when it
+/// says no.
+std::vector<Series> seriesOf(const Table& table, const Column* x, Checkpoint& checkpoint);
+inline std::vector<Series> seriesOf(const Table& table, Checkpoint& checkpoint)
+{
+    return seriesOf(table, usualX(table), checkpoint);
+}
 
 /// What the lines of a plot cover.
 struct SeriesRanges {

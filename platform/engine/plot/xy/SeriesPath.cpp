@@ -13,11 +13,13 @@ constexpr std::size_t RowsAPortion = 8192;
 constexpr std::size_t SegmentsAPortion = 160;
 // In a column of pixels: more than these are drawn as a bar where a coarse picture will do.
 constexpr std::size_t MostPointsOfLines = 4;
+constexpr std::size_t MostCoarsePoints = 1024;
 
 } // namespace
 
 SeriesPath::SeriesPath(const Series& series, const AxisMap& map, double lineWidth, Detail detail)
-    : m_series(series), m_map(map), m_clip(map.plot.grown(8 + 4 * lineWidth)), m_detail(detail)
+    : m_series(series), m_map(map), m_clip(map.plot.grown(8 + 4 * lineWidth)),
+      m_placeSize(std::max(lineWidth / 2, 1.0)), m_detail(detail)
 {}
 
 std::size_t SeriesPath::mostPortions(const Series& series)
@@ -35,7 +37,9 @@ bool SeriesPath::next(Portion& portion)
     m_segments = 0;
     portion.rows = 0;
     for (; portion.rows < RowsAPortion && m_segments < SegmentsAPortion && m_row < m_series.size(); ++portion.rows)
-        if (!takeBlock(portion))
+        if (m_series.isPoints)
+            takePoint(portion);
+        else if (!takeBlock(portion))
             takeRow(portion);
     if (m_row == m_series.size())
         endLine(portion);
@@ -85,6 +89,26 @@ bool SeriesPath::takeBlockWithGaps(const SeriesBlocks::Block& block, Portion& po
     addToColumn({last, m_clip.y1}, portion);
     m_row += SeriesBlocks::RowsABlock;
     return true;
+}
+
+/// A coarse picture of many points takes some of them only: any order of rows may lie between two that it takes.
+void SeriesPath::takePoint(Portion& portion)
+{
+    const Point point = m_map(m_series.at(m_row));
+    const std::size_t step = m_detail == Detail::Coarse ? m_series.size() / MostCoarsePoints + 1 : 1;
+    m_row = std::min(m_row + step, m_series.size());
+    if (!std::isfinite(point.x) || !std::isfinite(point.y) || !m_clip.contains(point))
+        return;
+    const auto across = static_cast<std::size_t>(m_clip.width() / m_placeSize) + 1;
+    const auto up = static_cast<std::size_t>(m_clip.height() / m_placeSize) + 1;
+    m_takenPlaces.resize(across * up);
+    const auto place = static_cast<std::size_t>((point.y - m_clip.y1) / m_placeSize) * across +
+                       static_cast<std::size_t>((point.x - m_clip.x1) / m_placeSize);
+    if (m_takenPlaces[place])
+        return;
+    m_takenPlaces[place] = true;
+    portion.dots.push_back({point.x, point.y, 0});
+    ++m_segments;
 }
 
 /// Many rows that are all in the same column of pixels: those that show are known.

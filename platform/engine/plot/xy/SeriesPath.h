@@ -26,12 +26,12 @@ struct AxisMap {
 
 /// Turns the rows of a series into lines in pixels, portion by portion. A gap ends a line. Of many
 /// rows in one column of pixels those are kept that show: the first, the lowest, the highest and the
-/// last one. What is far outside is cut off, because floats cannot hold it.
+/// last one; of many points at one place the first. What is far outside is cut off, because floats cannot hold it.
 class SeriesPath {
 public:
     struct Portion {
         std::vector<std::vector<StrokePoint>> lines;
-        std::vector<StrokePoint> dots; ///< values between two gaps
+        std::vector<StrokePoint> dots; ///< values between two gaps, and those of a series of points
         std::vector<Rect> bars;        ///< of a coarse path: what lines cover in one column of pixels
         std::size_t rows = 0;          ///< that were read for it
     };
@@ -53,6 +53,7 @@ private:
     };
 
     void takeRow(Portion& portion);
+    void takePoint(Portion& portion);
     bool takeBlock(Portion& portion);
     bool takeBlockWithGaps(const SeriesBlocks::Block& block, Portion& portion);
     bool isAlone(std::size_t row) const;
@@ -67,6 +68,8 @@ private:
     Series m_series;
     AxisMap m_map;
     Rect m_clip;
+    double m_placeSize; ///< of points that cover each other
+    std::vector<bool> m_takenPlaces;
     Detail m_detail;
     std::size_t m_row = 0;
     PixelColumn m_column;

@@ -13,7 +13,8 @@ namespace {
 constexpr double LineWidth = 1.2;
 constexpr double SelectedWidth = 2;
 constexpr double HaloWidth = 5;
-constexpr double DotRadius = 2;
+constexpr double DotBesideLine = 1.4; ///< a dot stands out from its line
+constexpr double SamplePoint = 2.6;
 constexpr double MarkerRadius = 2.8;
 constexpr double MarkerDistance = 14;
 constexpr double GridWidth = 0.6;
@@ -114,8 +115,8 @@ void XYPainter::paintLine(std::size_t line, double width, Color color, bool with
         for (const Rect& bar : portion.bars)
             stroke.addBar(bar);
         for (const StrokePoint& dot : portion.dots)
-            if (withDots)
-                stroke.addDisc(dot, points(DotRadius));
+            if (withDots || m_content.series[line].isPoints)
+                stroke.addDisc(dot, width / 2 + points(DotBesideLine));
         m_canvas.stroke(stroke);
         m_canvas.charge(static_cast<double>(portion.rows) / RowsATriangle);
         m_canvas.step();
@@ -191,10 +192,17 @@ void XYPainter::paintLegend()
 void XYPainter::paintSample(const LegendSample& sample)
 {
     const Series& line = m_content.series[sample.line];
+    const Color& color = line.isShown ? line.color : palette::Hidden;
+    if (line.isPoints) {
+        Stroke point(points(LineWidth), color);
+        point.addDisc({(sample.from.x + sample.to.x) / 2, sample.from.y, 0}, points(SamplePoint));
+        m_canvas.stroke(point);
+        return;
+    }
     Dashes dashes(line.dashes, points(LineWidth));
     for (const Dashes::Line& dash : dashes.cut({{sample.from.x, sample.from.y, 0}, {sample.to.x, sample.to.y, 0}}))
         m_canvas.line({dash.front().x, dash.front().y}, {dash.back().x, dash.back().y},
-                      points(isLineSelected(sample.line) ? 3 : 2), line.isShown ? line.color : palette::Hidden);
+                      points(isLineSelected(sample.line) ? 3 : 2), color);
 }
 
 void XYPainter::paintTexts()

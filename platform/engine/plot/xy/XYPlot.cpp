@@ -56,6 +56,26 @@ AxisRange moved(const AxisRange& range, double by)
     return isRange(result) ? result : range;
 }
 
+bool isSame(const AxisRange& a, const AxisRange& b)
+{
+    return a.from == b.from && a.to == b.to;
+}
+
+bool hasShown(const std::vector<Series>& series)
+{
+    return std::any_of(series.begin(), series.end(), [](const Series& line) { return line.isShown; });
+}
+
+/// The column of that name, best the one at that place; null when there is none.
+const Column* columnLike(const std::vector<Column>& columns, const std::string& name, std::size_t place)
+{
+    if (place < columns.size() && columns[place].name == name)
+        return &columns[place];
+    const auto found =
+        std::find_if(columns.begin(), columns.end(), [&name](const Column& column) { return column.name == name; });
+    return found == columns.end() ? nullptr : &*found;
+}
+
 bool crosses(const Rect& rect, Point a, Point b)
 {
     return clipLine(rect, a, b);
@@ -71,7 +91,7 @@ bool meets(const Series& series, const AxisMap& map, const Rect& rect)
         const bool isValue = std::isfinite(at.x) && std::isfinite(at.y);
         if (isValue && (rect.contains(at) || (hasLast && crosses(rect, last, at))))
             return true;
-        hasLast = isValue;
+        hasLast = isValue && !series.isPoints;
         last = at;
     }
     return false;
@@ -92,9 +112,12 @@ std::string textOf(const Column& column, double value)
 XYPlot::XYPlot(std::shared_ptr<const Table> table, Checkpoint& checkpoint)
 {
     m_content.table = std::move(table);
-    m_content.series = seriesOf(*m_content.table, checkpoint);
-    m_full = rangesOf(m_content.series, {});
-    XYPlot::fit();
+    const std::vector<Column>& columns = m_content.table->columns;
+    const Column* const x = usualX(*m_content.table);
+    m_chosen.assign(columns.size(), true);
+    if (x)
+        m_chosen[placeOf(x)] = false;
+    setXColumn(x, checkpoint);
 }
 
 bool XYPlot::draw(const Drawing& drawing, Checkpoint& checkpoint)
@@ -196,6 +219,15 @@ void XYPlot::showLine(std::size_t line, bool shown)
     linesChanged();
 }
 
+void XYPlot::showAllLines(bool shown)
+{
+    for (Series& line : m_content.series)
+        line.isShown = shown;
+    if (!shown)
+        m_chosen.assign(m_chosen.size(), false);
+    linesChanged();
+}
+
 void XYPlot::showLineAlone(std::size_t line)
 {
     std::vector<Series>& series = m_content.series;
@@ -210,8 +242,10 @@ void XYPlot::showLineAlone(std::size_t line)
 void XYPlot::linesChanged()
 {
     const std::vector<Series>& series = m_content.series;
-    if (std::any_of(series.begin(), series.end(), [](const Series& line) { return line.isShown; }))
+    if (hasShown(series))
         m_full = rangesOf(series, scales());
+    for (const Series& line : series)
+        m_chosen[placeOf(line.y)] = line.isShown;
     for (std::size_t i = 0; i < series.size(); ++i)
         if (!series[i].isShown)
             deselect({ObjectKind::Zone, static_cast<int>(i)});
@@ -240,6 +274,65 @@ bool XYPlot::setScales(const AxisScales& scales)
         map.y = ranges.y;
     map.scales = scales;
     return true;
+}
+
+std::size_t XYPlot::placeOf(const Column* column) const
+{
+    return static_cast<std::size_t>(column - m_content.table->columns.data());
+}
+
+void XYPlot::setXColumn(const Column* x, Checkpoint& checkpoint)
+{
+    arrange(x, checkpoint);
+    const bool isOnlyXChosen = !hasShown(m_content.series) && std::count(m_chosen.begin(), m_chosen.end(), true) > 0;
+    if (isOnlyXChosen)
+        showAllLines(true);
+    XYPlot::fit();
+}
+
+void XYPlot::arrange(const Column* x, Checkpoint& checkpoint)
+{
+    std::vector<Series> series = seriesOf(*m_content.table, x, checkpoint);
+    for (Series& line : series)
+        line.isShown = m_chosen[placeOf(line.y)];
+    m_content.series = std::move(series);
+    SelectablePlot::deselectAll();
+    linesChanged();
+    keepPossibleScales();
+}
+
+/// Another axis, or another file, may have no logarithm.
+void XYPlot::keepPossibleScales()
+{
+    AxisScales& scales = m_content.map.scales;
+    if (!(scales.isLogX || scales.isLogY) || (!m_full.isEmpty && canBeLogarithmic(scales)))
+        return;
+    scales = {};
+    m_full = rangesOf(m_content.series, scales);
+}
+
+void XYPlot::takeViewOf(const Plot& other, Checkpoint& checkpoint)
+{
+    const auto* const before = dynamic_cast<const XYPlot*>(&other);
+    if (!before)
+        return;
+    const std::vector<Column>& old = before->table().columns;
+    for (std::size_t i = 0; i < m_chosen.size(); ++i)
+        if (const Column* const same = columnLike(old, table().columns[i].name, i))
+            m_chosen[i] = before->m_chosen[before->placeOf(same)];
+    const Column* const oldX = before->xColumn();
+    const Column* const x = oldX ? columnLike(table().columns, oldX->name, before->placeOf(oldX)) : nullptr;
+    const bool hasX = x || !oldX;
+    m_content.map.scales = before->scales();
+    arrange(hasX ? x : usualX(table()), checkpoint);
+    fit();
+    const bool hasScales = scales().isLogX == before->scales().isLogX && scales().isLogY == before->scales().isLogY;
+    if (!hasScales)
+        return;
+    if (hasX && !isSame(before->xRange(), before->m_full.x))
+        m_content.map.x = before->xRange();
+    if (!isSame(before->yRange(), before->m_full.y))
+        m_content.map.y = before->yRange();
 }
 
 bool XYPlot::legendLineAt(double x, double y, std::size_t& line) const

@@ -7,7 +7,7 @@
 
 namespace velmora::engine {
 
-/// The columns of a table as lines over its first column. The view is the range of both axes.
+/// The columns of a table as lines over one of them or the row numbers. The view is the range of both axes.
 class XYPlot : public SelectablePlot {
 public:
     /// Asks `checkpoint` to go on; throws ReadInterrupted when it says no.
@@ -25,13 +25,24 @@ public:
     std::vector<double> viewNumbers() const override;
     bool setViewNumbers(const std::vector<double>& numbers) override;
     bool valueAt(double x, double y, ShownValue& found) const override;
+    void takeViewOf(const Plot& other, Checkpoint& checkpoint) override;
     std::string description() const override;
+
+    const Table& table() const { return *m_content.table; }
+    const std::vector<Series>& lines() const { return m_content.series; }
+    /// Null: the row numbers.
+    const Column* xColumn() const { return m_content.series.empty() ? nullptr : m_content.series.front().x; }
+    /// Draws the lines over another column of the table or over the row numbers, and shows all of them that were
+    /// chosen. The column that was the axis first is no such line. Asks `checkpoint` to go on; throws ReadInterrupted,
+    /// before anything is changed, when it says no.
+    void setXColumn(const Column* x, Checkpoint& checkpoint);
 
     std::size_t lineCount() const { return m_content.series.size(); }
     bool isLineShown(std::size_t line) const { return m_content.series[line].isShown; }
     /// Shows or hides a line. A hidden one cannot be selected and does not count when all is to be shown; its entry
     /// in the legend is pale.
     void showLine(std::size_t line, bool shown);
+    void showAllLines(bool shown);
     /// Hides all other lines; when that is so already, shows all.
     void showLineAlone(std::size_t line);
     /// The line whose entry in the legend is at a place; false where there is none.
@@ -55,12 +66,16 @@ protected:
 
 private:
     void setRanges(const AxisRange& x, const AxisRange& y);
+    void arrange(const Column* x, Checkpoint& checkpoint);
+    void keepPossibleScales();
     void linesChanged();
+    std::size_t placeOf(const Column* column) const;
     void collectLines(const XYLayout& layout, const Rect& rect, bool shownOnly, Selection& found) const;
     static void collectGeometries(const XYLayout& layout, const Rect& rect, Selection& found);
 
     XYContent m_content;
     SeriesRanges m_full;
+    std::vector<bool> m_chosen; ///< by column, also of the one that is the axis
 };
 
 } // namespace velmora::engine
