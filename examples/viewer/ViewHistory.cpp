@@ -33,7 +33,7 @@ QIcon icon(const char* name)
 } // namespace
 
 ViewHistory::ViewHistory(QMenu& menu, QToolBar& toolBar, QObject* parent)
-    : QObject(parent), m_back(menu.addAction(icon("left"), tr("Ba&ck"), this, SLOT(back()))),
+    : QObject(parent), m_back(menu.addAction(icon("left"), tr("Bac&k"), this, SLOT(back()))),
       m_forward(menu.addAction(icon("right"), tr("For&ward"), this, SLOT(forward())))
 {
     setShortcut(*m_back, QKeySequence(Qt::ALT + Qt::Key_Left));

@@ -21,7 +21,7 @@ namespace {
 class History : public OpenViewer {
 protected:
     static std::string view() { return VelUtilViewState(); }
-    bool canGoBack() const { return action("Ba&ck")->isEnabled(); }
+    bool canGoBack() const { return action("Bac&k")->isEnabled(); }
     bool canGoForward() const { return action("For&ward")->isEnabled(); }
     bool isAtRest() const { return window->findChild<viewer::ViewHistory*>()->isAtRest(); }
 
