@@ -117,7 +117,13 @@ QList<Block> blocksOf(const QString& markdown)
 // The name that links have for it: as the usual places that show Markdown make it.
 QString anchorOf(const QString& title)
 {
-    return title.toLower().replace(QLatin1Char(' '), QLatin1Char('-'));
+    QString anchor;
+    for (const QChar letter : title.toLower())
+        if (letter.isLetterOrNumber())
+            anchor += letter;
+        else if (letter == QLatin1Char(' '))
+            anchor += QLatin1Char('-');
+    return anchor;
 }
 
 QString headingHtml(const QString& line)

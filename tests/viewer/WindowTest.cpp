@@ -195,7 +195,7 @@ TEST_F(Surface, TheWheelZoomsNearerAndFarther)
 
 TEST_F(Surface, FFitsItAgain)
 {
-    drag(QPoint(50, 20));
+    drag(QPoint(50, 20), 2);
     ASSERT_TRUE(differ(first, picture()));
     type(XK_f);
     EXPECT_FALSE(differ(first, picture()));
@@ -203,7 +203,6 @@ TEST_F(Surface, FFitsItAgain)
 
 TEST_F(Surface, ADoubleClickFitsItAgain)
 {
-    drag(QPoint(50, 20));
     drag(QPoint(30, 30), 2);
     ASSERT_TRUE(differ(first, picture()));
     doubleClick(area(), centre());

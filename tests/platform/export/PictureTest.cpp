@@ -126,14 +126,15 @@ TEST_F(ExportedPicture, IsSmootherWithSupersamplingAndTheSamePictureOtherwise)
 TEST_F(ExportedPicture, IsTheMeanOfTheDrawnPixelsWhenSupersampled)
 {
     load(gridFile());
-    VelExportImageOptions wanted = options(480, 360);
-    wanted.dotsPerInch = 80;
+    // Large enough for text of both to be proportional to the picture.
+    VelExportImageOptions wanted = options(1920, 1440);
+    wanted.dotsPerInch = 240;
     const PngPicture large = picture(wanted);
-    wanted = options(160, 120, 3);
-    wanted.dotsPerInch = 80.0 / 3;
+    wanted = options(640, 480, 3);
+    wanted.dotsPerInch = 80;
     const PngPicture small = picture(wanted);
-    for (int y = 0; y < 120; ++y) {
-        for (int x = 0; x < 160; ++x) {
+    for (int y = 0; y < 480; ++y) {
+        for (int x = 0; x < 640; ++x) {
             int sum = 0;
             for (int i = 0; i < 9; ++i)
                 sum += large.at(3 * x + i % 3, 3 * y + i / 3).green;

@@ -239,8 +239,8 @@ TEST_F(ScreenDrawing, AWholePictureIsShownAtOnceAndReplacedOnceByTheFullOne)
     EXPECT_TRUE(stays);
     EXPECT_EQ(area.surface.swaps, 2);
     // From the title at the top to the axes at the bottom, and from the axes at the left to the colour bar.
-    for (const auto& [x1, y1, x2, y2] : {std::array{80, 160, 160, 180}, std::array{20, 10, 120, 40},
-                                         std::array{205, 60, 225, 130}, std::array{60, 60, 180, 130}}) {
+    for (const auto& [x1, y1, x2, y2] : {std::array{80, 160, 160, 180}, std::array{30, 30, 140, 60},
+                                         std::array{188, 60, 210, 130}, std::array{60, 60, 180, 130}}) {
         int ink = 0;
         for (int y = y1; y < y2; ++y)
             for (int x = x1; x < x2; ++x) {
