@@ -144,6 +144,7 @@ VELMORA_PLATFORM_EXPORT int VelUtilColumnSetHorizontal(int column);
 
 /// 0 for an axis with dates, one that there is not, and a page without lines.
 VELMORA_PLATFORM_EXPORT int VelUtilAxisCanBeLogarithmic(int axis);
+/// 1 for a logarithmic axis, 0 for a linear one, one that there is not, and a page without lines.
 VELMORA_PLATFORM_EXPORT int VelUtilAxisIsLogarithmic(int axis);
 /// Makes an axis logarithmic (1) or linear (0); it then shows all that the lines have there. Values that are not above
 /// 0 are gaps on a logarithmic axis; where no line that is shown has others it stays linear, which is a failure.
@@ -157,10 +158,12 @@ VELMORA_PLATFORM_EXPORT long VelUtilAxisValuesLeftOut();
 
 /// How many times as high as by themselves the heights are shown, 0.01 to 100. The z axis tells true heights.
 VELMORA_PLATFORM_EXPORT int VelUtilSurfaceSetExaggeration(double exaggeration);
+/// As it was set; 1 on a page without a surface.
 VELMORA_PLATFORM_EXPORT double VelUtilSurfaceGetExaggeration();
 /// Has the colours tell all heights apart (0), or those between 2 and 98 % of them (1), which some very high or low
 /// ones do not squeeze together. The colour bar marks the ends beyond which there are more.
 VELMORA_PLATFORM_EXPORT int VelUtilSurfaceClipColors(int clipped);
+/// 1 while the colours tell the middle heights apart, 0 otherwise and on a page without a surface.
 VELMORA_PLATFORM_EXPORT int VelUtilSurfaceColorsAreClipped();
 
 // ---- frames and paper
