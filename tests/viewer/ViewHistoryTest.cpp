@@ -88,8 +88,10 @@ TEST_F(History, ASeriesOfStepsIsOneViewAndOneThatHasNotComeToRestIsNotLost)
 TEST_F(History, WhileAButtonIsPressedNoViewHasComeToRest)
 {
     open(folder.writeGrid());
+    const std::string first = view();
     press(centre());
     movePointer(area(), centre() + QPoint(50, 20));
+    ASSERT_TRUE(waitUntil([&] { return view() != first; }));
     EXPECT_TRUE(settle());
     EXPECT_FALSE(waitUntil([&] { return isAtRest(); }, 1200));
     release();
