@@ -60,7 +60,7 @@ private:
 
     QString link()
     {
-        const QString words = Words(takeBetween("[", "]")).html();
+        QString words = Words(takeBetween("[", "]")).html();
         const QString target = takeBetween("(", ")").remove(QLatin1String(".md"));
         const QString page = target.section(QLatin1Char('#'), 0, 0);
         if (!page.isEmpty() && !QFile::exists(fileOf(page)))
@@ -101,15 +101,15 @@ QList<Block> blocksOf(const QString& markdown)
     for (const QString& line : lines) {
         const Block::Kind kind = kindOf(line);
         const bool goesOn = !begins && blocks.last().kind != Block::Heading;
-        if (line.trimmed().isEmpty())
-            begins = true;
-        else if (goesOn && kind == Block::Paragraph)
+        begins = line.trimmed().isEmpty();
+        if (begins)
+            continue;
+        if (goesOn && kind == Block::Paragraph)
             blocks.last().lines.last() += QLatin1Char(' ') + line.trimmed();
         else if (goesOn && kind == blocks.last().kind)
             blocks.last().lines.append(line);
         else
             blocks.append({kind, QStringList(line)});
-        begins = line.trimmed().isEmpty();
     }
     return blocks;
 }

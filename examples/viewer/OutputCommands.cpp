@@ -131,7 +131,7 @@ QString OutputCommands::chooseImageFile()
     dialog.selectFile(data.completeBaseName() + QLatin1String(".png"));
     if (dialog.exec() != QDialog::Accepted)
         return QString();
-    const QString name = dialog.selectedFiles().value(0);
+    QString name = dialog.selectedFiles().value(0);
     m_imageFolder = QFileInfo(name).absolutePath();
     return name;
 }
