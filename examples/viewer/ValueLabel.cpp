@@ -1,26 +1,15 @@
 #include "ValueLabel.h"
 
+#include "IdleTime.h"
 #include "engine/VelUtil.h"
-#include "integration/Manager.h"
 #include "integration/glarea/GLDrawArea.h"
-#include "interfaces/ApplicationEventMonitorInterface.h"
 #include "interfaces/MouseEventInterface.h"
-#include "interfaces/OnIdleObservableInterface.h"
 
 #include <QEvent>
 
 namespace viewer {
 
 using namespace velmora::sdk::integration;
-
-namespace {
-
-OnIdleObservableInterface& idleTime()
-{
-    return dynamic_cast<OnIdleObservableInterface&>(Manager::getInstance().getApplicationEventMonitor());
-}
-
-} // namespace
 
 ValueLabel::ValueLabel(GLDrawArea& area)
 {

@@ -1,10 +1,8 @@
 #include "ViewHistory.h"
 
+#include "IdleTime.h"
 #include "ToolTip.h"
 #include "engine/VelUtil.h"
-#include "integration/Manager.h"
-#include "interfaces/ApplicationEventMonitorInterface.h"
-#include "interfaces/OnIdleObservableInterface.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -19,11 +17,6 @@ namespace {
 
 constexpr int RestMilliseconds = 500;
 constexpr int MostViews = 100;
-
-OnIdleObservableInterface& idleTime()
-{
-    return dynamic_cast<OnIdleObservableInterface&>(Manager::getInstance().getApplicationEventMonitor());
-}
 
 QIcon icon(const char* name)
 {

@@ -1,5 +1,6 @@
 #include "WorkIndicator.h"
 
+#include "IdleTime.h"
 #include "ToolTip.h"
 #include "engine/VelEng.h"
 #include "engine/VelUtil.h"
@@ -9,7 +10,6 @@
 #include "interfaces/EventManagerInterface.h"
 #include "interfaces/KeyEventInterface.h"
 #include "interfaces/KeyEventObservableInterface.h"
-#include "interfaces/OnIdleObservableInterface.h"
 
 #include <QAction>
 #include <QApplication>
@@ -38,11 +38,6 @@ ApplicationEventMonitorInterface& monitor()
 KeyEventObservableInterface& applicationKeys()
 {
     return dynamic_cast<KeyEventObservableInterface&>(monitor());
-}
-
-OnIdleObservableInterface& idleTime()
-{
-    return dynamic_cast<OnIdleObservableInterface&>(monitor());
 }
 
 QPushButton* makeButton(const QString& text, const QString& toolTip)

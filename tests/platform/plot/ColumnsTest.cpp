@@ -75,7 +75,7 @@ TEST(Columns, ThePictureIsNeverEmptyBecauseOfAnotherAxis)
     EXPECT_EQ(shownLines(plot), Names({"x"}));
     plot.showAllLines(false);
     plot.setXColumn(nullptr, noCheckpoint());
-    EXPECT_EQ(shownLines(plot), Names()) << "but whoever hides all sees none";
+    EXPECT_EQ(shownLines(plot), Names()) << "a person who hides all lines sees none";
 }
 
 TEST(Columns, AColumnKeepsItsColourWhateverTheAxis)
