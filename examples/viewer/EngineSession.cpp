@@ -2,9 +2,13 @@
 
 #include "Settings.h"
 #include "base/AppLock.h"
+#include "engine/VelContent.h"
+#include "exception/ExceptionBase.h"
 #include "integration/Manager.h"
 #include "integration/services/SelectRegionService.h"
 #include "interfaces/ServiceRepositoryInterface.h"
+
+#include <QFile>
 
 namespace viewer {
 
@@ -32,6 +36,17 @@ void EngineSession::makeDrawingSlow()
     constexpr int ExtraMicrosecondsPerPortion = 4000;
     const velmora::sdk::AppLock lock(velmora::sdk::AppLock::ImplicitMacroRecording::Off);
     writeSetting("Interface", "DrawingDelay", ExtraMicrosecondsPerPortion);
+}
+
+QString EngineSession::loadModules(const QStringList& modules)
+{
+    try {
+        for (const QString& module : modules)
+            velmora::content::loadModule(QFile::encodeName(module).constData());
+    } catch (const velmora::ExceptionBase& error) {
+        return QString::fromUtf8(error.what());
+    }
+    return QString();
 }
 
 void EngineSession::setPaper(int index, bool landscape)

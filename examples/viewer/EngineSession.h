@@ -30,6 +30,8 @@ public:
 
     /// Makes all drawing slow, so that a person can try out interrupting it.
     void makeDrawingSlow();
+    /// Loads modules with contents of other makers; what is wrong with the first that cannot be, or "".
+    static QString loadModules(const QStringList& modules);
     /// The engine's paper, by the place of its name in paperNames(). What is loaded from now on fills it.
     void setPaper(int index, bool landscape);
     static QStringList paperNames();

@@ -137,6 +137,8 @@ bool parseSetting(const QString& word, Words& rest, Options& options)
         options.dotsPerInch = parseDotsPerInch(rest.takeValueOf(word, options), options);
     else if (word == QLatin1String("--strategy"))
         options.software = parseStrategy(rest.takeValueOf(word, options), options);
+    else if (word == QLatin1String("--content"))
+        options.modules.append(rest.takeValueOf(word, options));
     else if (word == QLatin1String("--paper"))
         options.paper = parsePaper(rest.takeValueOf(word, options), options);
     else
@@ -210,6 +212,7 @@ QString helpText()
         "  --transparent           exports without the white ground\n"
         "  --paper NAME            prints on %1\n"
         "  --landscape             prints across the paper\n"
+        "  --content MODULE.so     shows also what this module reads; may be given several times\n"
         "  --slow                  makes all drawing slow, to try out interrupting it\n"
         "  --version               prints the version\n"
         "  --help, -h              prints this text\n"

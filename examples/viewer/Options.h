@@ -17,8 +17,9 @@ struct Options {
 
     Task task = ShowWindow;
     QStringList files;
-    QString output; ///< of a snapshot, an export or a print
-    QSize size;     ///< of the picture or the window, not above LargestSide; invalid when not given
+    QStringList modules; ///< with contents of other makers
+    QString output;      ///< of a snapshot, an export or a print
+    QSize size;          ///< of the picture or the window, not above LargestSide; invalid when not given
     int supersample = 1;
     int dotsPerInch = 0;      ///< of an export; 0: text grows and shrinks with the picture
     bool software = false;    ///< draws an export with software

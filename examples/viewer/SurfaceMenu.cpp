@@ -51,8 +51,8 @@ void SurfaceMenu::addExaggeration(QMenu& menu, const QString& text, double facto
 
 void SurfaceMenu::showState()
 {
-    const bool isSurface = VelUtilViewCanRotate() != 0;
-    m_sides->setEnabled(isSurface);
+    const bool isSurface = VelUtilSurfaceIsShown() != 0;
+    m_sides->setEnabled(VelUtilViewCanRotate() != 0);
     m_exaggerations->setEnabled(isSurface);
     m_clipColors->setEnabled(isSurface);
     m_clipColors->setChecked(VelUtilSurfaceColorsAreClipped() != 0);

@@ -70,6 +70,9 @@ int run(const viewer::Options& options, char** argv)
         session.makeDrawingSlow();
     // Before a file is loaded, which then fills the paper.
     session.setPaper(options.paper, options.landscape);
+    const QString refusal = viewer::EngineSession::loadModules(options.modules);
+    if (!refusal.isEmpty())
+        return tell(Failed, refusal);
     const viewer::DisplayWatch watch(NoDisplay);
     try {
         return carryOut(options);

@@ -96,8 +96,8 @@ VELMORA_PLATFORM_EXPORT void VelUtilViewFit();
 /// Shows all data and turns nothing: a surface is seen from where it was seen before.
 VELMORA_PLATFORM_EXPORT void VelUtilViewShowAll();
 
-/// Shows all of a surface without perspective: 0 from above with the north up, as a map, 1 from the south, 2 from the
-/// east. Turning it gives the perspective back.
+/// Shows all of what can be turned without perspective: 0 from above with the north up, as a map, 1 from the south, 2
+/// from the east. Turning it gives the perspective back.
 VELMORA_PLATFORM_EXPORT int VelUtilViewFrom(int side);
 /// The view as a text to keep, "" for an empty page: which part of the axes a plot of lines shows, and their scales;
 /// from where and how near a surface is seen. Two views are the same when their texts are. Valid until the next call.
@@ -156,6 +156,8 @@ VELMORA_PLATFORM_EXPORT long VelUtilAxisValuesLeftOut();
 // ---- the look of the surface of the active page; a grid that is loaded begins with 1 and all heights. Reference
 //      platform only
 
+/// 1 on a page with a surface.
+VELMORA_PLATFORM_EXPORT int VelUtilSurfaceIsShown();
 /// How many times as high as by themselves the heights are shown, 0.01 to 100. The z axis tells true heights.
 VELMORA_PLATFORM_EXPORT int VelUtilSurfaceSetExaggeration(double exaggeration);
 /// As it was set; 1 on a page without a surface.

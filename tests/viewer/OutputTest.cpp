@@ -107,11 +107,31 @@ TEST_F(Output, WhatCannotBeReadIsNamedAndNothingIsWritten)
     }
 }
 
+TEST_F(Output, AModuleReadsItsOwnFilesAndOneThatIsNoneIsNamed)
+{
+    const QString data = folder.file("a.stripes");
+    QFile file(data);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("stripes 4");
+    file.close();
+    const QString picture = folder.file("stripes.png");
+    const QStringList words = QStringList() << "--export" << picture << "--size"
+                                            << "80x60" << data;
+    ASSERT_EQ(run(QStringList() << "--content" << VELMORA_TEST_STRIPES_MODULE << words).exitCode, 0);
+    EXPECT_EQ(QImage(picture).pixel(5, 30), qRgb(0, 0, 255));
+    EXPECT_EQ(QImage(picture).pixel(15, 30), qRgb(255, 255, 255));
+
+    const Ended refused = run(QStringList() << "--content" << data << words);
+    EXPECT_EQ(refused.exitCode, 1);
+    EXPECT_TRUE(refused.error.contains(data)) << refused.error.toStdString();
+}
+
 TEST_F(Output, ValuesThatAreNoneAreRefused)
 {
     const char* const wrong[] = {"--supersample 0", "--supersample 9", "--supersample x", "--strategy fast",
                                  "--dpi 0",         "--dpi 2401",      "--dpi fine",      "--dpi",
-                                 "--paper Napkin",  "--supersample",   "--strategy",      "--paper"};
+                                 "--paper Napkin",  "--supersample",   "--strategy",      "--paper",
+                                 "--content"};
     for (const char* const words : wrong) {
         const Ended ended = run(QString::fromLatin1(words).split(' '));
         EXPECT_EQ(ended.exitCode, 2) << words;

@@ -1,19 +1,17 @@
 // Loading data into the active page.
 
 #include "engine/VelUtil.h"
+#include "engine/content/Readers.h"
 #include "engine/core/Busy.h"
 #include "engine/core/Engine.h"
 #include "engine/core/Interruption.h"
 #include "engine/core/LastError.h"
 #include "engine/core/SlicedWork.h"
 #include "engine/core/Trace.h"
-#include "engine/data/DataDetails.h"
 #include "engine/data/DataReader.h"
 #include "engine/page/Pages.h"
-#include "engine/plot/Plot.h"
 
 #include <string>
-#include <variant>
 #include <vector>
 
 namespace velmora::engine {
@@ -30,25 +28,25 @@ public:
     LoadScope& operator=(const LoadScope&) = delete;
 };
 
-DataSet dataOfActivePage()
+std::shared_ptr<Content> contentOfActivePage()
 {
     const std::shared_ptr<Page> page = pages().active();
-    return page ? page->currentData() : DataSet();
+    return page ? page->currentContent() : nullptr;
 }
 
 // Everything that can fail comes before the page is touched.
 void load(const std::shared_ptr<Page>& page, const std::string& fileName, bool keepsView)
 {
     SlicedWork reading("Reading " + fileName);
-    const DataSet data = readDataFile(fileName, reading);
+    std::shared_ptr<Content> content = readContent(fileName, reading);
     if (!isRunning())
         throw ReadError("The engine was stopped while " + fileName + " was read.");
-    std::vector<Frame> frames;
-    frames.push_back({currentPaper().printable, makePlot(data, reading), data});
-    const std::shared_ptr<Plot> before = page->currentPlot();
+    const std::shared_ptr<Content> before = page->currentContent();
     if (keepsView && before)
-        frames.back().plot->takeViewOf(*before, reading);
-    setLoadNotes(notesOf(data));
+        content->takeViewOf(*before, reading);
+    setLoadNotes(content->notes());
+    std::vector<Frame> frames;
+    frames.push_back({currentPaper().printable, std::move(content)});
     page->replaceFrames(std::move(frames));
 }
 
@@ -106,22 +104,23 @@ int VelUtilDataReload(const char* fileName)
 const char* VelUtilDataDescription()
 {
     static std::string description;
-    const std::shared_ptr<Page> page = pages().active();
-    const std::shared_ptr<Plot> plot = page ? page->currentPlot() : nullptr;
-    description = plot ? plot->description() : "";
+    const std::shared_ptr<Content> content = contentOfActivePage();
+    description = content ? content->description() : "";
     return description.c_str();
 }
 
 const char* VelUtilDataNotes()
 {
     static std::string notes;
-    notes = notesOf(dataOfActivePage());
+    const std::shared_ptr<Content> content = contentOfActivePage();
+    notes = content ? content->notes() : "";
     return notes.c_str();
 }
 
 const char* VelUtilDataDetails()
 {
     static std::string details;
-    details = detailsOf(dataOfActivePage());
+    const std::shared_ptr<Content> content = contentOfActivePage();
+    details = content ? content->details() : "";
     return details.c_str();
 }

@@ -26,7 +26,7 @@ namespace {
 /// Null on a page without lines.
 std::shared_ptr<XYPlot> linesOf(const std::shared_ptr<Page>& page)
 {
-    return page ? std::dynamic_pointer_cast<XYPlot>(page->currentPlot()) : nullptr;
+    return page ? std::dynamic_pointer_cast<XYPlot>(page->currentContent()) : nullptr;
 }
 
 /// Applies a change to a line of the active page, given by its place from 0.
@@ -44,7 +44,7 @@ int changeLine(int line, const Change& change)
         return 0;
     }
     change(*plot, static_cast<std::size_t>(line) - 1);
-    page->plotChanged();
+    page->contentChanged();
     return 1;
 }
 
@@ -113,7 +113,7 @@ int setHorizontal(const std::shared_ptr<Page>& page, const std::shared_ptr<XYPlo
     try {
         SlicedWork work("Arranging lines");
         plot->setXColumn(column, work);
-        page->plotChanged();
+        page->contentChanged();
         return 1;
     } catch (const ReadInterrupted&) {
         noteInterruption(true);
@@ -158,7 +158,7 @@ void VelUtilLineShowAll(int shown)
     if (!plot)
         return;
     plot->showAllLines(shown != 0);
-    page->plotChanged();
+    page->contentChanged();
 }
 
 int VelUtilLineShowAlone(int line)
@@ -197,7 +197,7 @@ int VelUtilAxisSetLogarithmic(int axis, int logarithmic)
         return stayLinear(axis, "dates have no logarithm.");
     if (!plot->setScales(scales))
         return stayLinear(axis, "no value that is shown is above 0, and others have no logarithm. Show another line.");
-    page->plotChanged();
+    page->contentChanged();
     return 1;
 }
 

@@ -7,7 +7,6 @@
 #include "engine/core/Trace.h"
 #include "engine/page/Layout.h"
 #include "engine/page/Pages.h"
-#include "engine/plot/Plot.h"
 #include "interfaces/GLDrawAreaInterface.h"
 
 #include <algorithm>
@@ -79,7 +78,7 @@ int pickInFrame(const Frame& frame, Range x, Range y, const PickFilter& filter)
 {
     if (!cutTo(frame.rect.x, frame.rect.width, x) || !cutTo(frame.rect.y, frame.rect.height, y))
         return 0;
-    return frame.plot->pick(x.low, y.low, x.high, y.high, filter);
+    return frame.content->pick(x.low, y.low, x.high, y.high, filter);
 }
 
 } // namespace
@@ -91,8 +90,8 @@ void VelUtilPickDeselectAll()
         return;
     const std::shared_ptr<Page> page = pages().active();
     for (const Frame& frame : page->frames())
-        frame.plot->deselectAll();
-    page->plotChanged();
+        frame.content->deselectAll();
+    page->contentChanged();
 }
 
 int VelUtilPickAddAllInRectX(VelArgList* arguments)
@@ -112,7 +111,7 @@ int VelUtilPickAddAllInRectX(VelArgList* arguments)
     for (const Frame& frame : page->frames())
         picked += pickInFrame(frame, x, y, filter);
     if (picked > 0)
-        page->plotChanged();
+        page->contentChanged();
     return 1;
 }
 
@@ -121,7 +120,7 @@ int VelUtilPickGetCount()
     int count = 0;
     if (const std::shared_ptr<Page> page = pages().active())
         for (const Frame& frame : page->frames())
-            count += frame.plot->selectedCount();
+            count += frame.content->selectedCount();
     return count;
 }
 
@@ -131,7 +130,7 @@ const char* VelUtilPickDescription()
     description.clear();
     if (const std::shared_ptr<Page> page = pages().active())
         for (const Frame& frame : page->frames()) {
-            const std::string names = frame.plot->selectionDescription();
+            const std::string names = frame.content->selectionDescription();
             description += (description.empty() || names.empty() ? "" : ", ") + names;
         }
     return description.c_str();

@@ -19,7 +19,7 @@ constexpr double MostExaggeration = 100;
 /// Null on a page without a surface.
 std::shared_ptr<SurfacePlot> surfaceOf(const std::shared_ptr<Page>& page)
 {
-    return page ? std::dynamic_pointer_cast<SurfacePlot>(page->currentPlot()) : nullptr;
+    return page ? std::dynamic_pointer_cast<SurfacePlot>(page->currentContent()) : nullptr;
 }
 
 template <typename Change>
@@ -34,20 +34,15 @@ int changeSurface(const Change& change)
         return 0;
     }
     change(*plot);
-    page->plotChanged();
+    page->contentChanged();
     return 1;
 }
 
 } // namespace
 
-int VelUtilViewFrom(int side)
+int VelUtilSurfaceIsShown()
 {
-    traceCall("VelUtilViewFrom");
-    if (side < 0 || side > 2) {
-        setLastError("There is no side " + std::to_string(side) + " to look from: 0 is above, 1 south, 2 east.");
-        return 0;
-    }
-    return changeSurface([side](SurfacePlot& plot) { plot.lookFrom(static_cast<SurfacePlot::Side>(side)); });
+    return surfaceOf(pages().active()) ? 1 : 0;
 }
 
 int VelUtilSurfaceSetExaggeration(double exaggeration)

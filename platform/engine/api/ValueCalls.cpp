@@ -6,7 +6,6 @@
 #include "engine/core/Trace.h"
 #include "engine/page/Pages.h"
 #include "engine/page/ScreenDrawing.h"
-#include "engine/plot/Plot.h"
 
 #include <string>
 
@@ -16,8 +15,8 @@ namespace {
 
 bool findValue(const Page& page, double x, double y, FrameInArea& frame, ShownValue& found)
 {
-    const std::shared_ptr<Plot> plot = page.currentPlot();
-    return plot && findFrame(page, frame) && plot->valueAt(frame.fractionX(x), frame.fractionY(y), found);
+    const std::shared_ptr<Content> content = page.currentContent();
+    return content && findFrame(page, frame) && content->valueAt(frame.fractionX(x), frame.fractionY(y), found);
 }
 
 void setMark(const std::shared_ptr<Page>& page, const std::optional<Mark>& mark)

@@ -3,27 +3,28 @@
 #include "engine/VelUtil.h"
 #include "engine/api/FrameInArea.h"
 #include "engine/core/Engine.h"
+#include "engine/core/LastError.h"
 #include "engine/core/Trace.h"
 #include "engine/page/Pages.h"
-#include "engine/plot/Plot.h"
 #include "engine/style/StyleTree.h"
 
 #include <algorithm>
+#include <string>
 
 using namespace velmora::engine;
 
 namespace {
 
-/// Applies a change to the active page's plot, if it has one.
+/// Applies a change to the active page's content, if it has one.
 template <typename Change>
 void changeView(const Change& change)
 {
     if (!requireRunning())
         return;
     const std::shared_ptr<Page> page = pages().active();
-    const std::shared_ptr<Plot> plot = page->currentPlot();
-    if (plot && change(*plot, *page))
-        page->plotChanged();
+    const std::shared_ptr<Content> content = page->currentContent();
+    if (content && change(*content, *page))
+        page->contentChanged();
 }
 
 } // namespace
@@ -31,15 +32,15 @@ void changeView(const Change& change)
 int VelUtilViewCanRotate()
 {
     const std::shared_ptr<Page> page = pages().active();
-    const std::shared_ptr<Plot> plot = page ? page->currentPlot() : nullptr;
-    return plot && plot->canRotate();
+    const std::shared_ptr<Content> content = page ? page->currentContent() : nullptr;
+    return content && content->canRotate();
 }
 
 void VelUtilViewRotate(double aboutVertical, double tilt)
 {
     traceCall("VelUtilViewRotate");
-    changeView([&](Plot& plot, const Page&) {
-        plot.rotate(aboutVertical, tilt);
+    changeView([&](Content& content, const Page&) {
+        content.rotate(aboutVertical, tilt);
         return true;
     });
 }
@@ -47,11 +48,11 @@ void VelUtilViewRotate(double aboutVertical, double tilt)
 void VelUtilViewTranslate(double dx, double dy)
 {
     traceCall("VelUtilViewTranslate");
-    changeView([&](Plot& plot, const Page& page) {
+    changeView([&](Content& content, const Page& page) {
         FrameInArea frame;
         if (!findFrame(page, frame))
             return false;
-        plot.translate(dx / frame.rect.width, -dy / frame.rect.height);
+        content.translate(dx / frame.rect.width, -dy / frame.rect.height);
         return true;
     });
 }
@@ -59,11 +60,11 @@ void VelUtilViewTranslate(double dx, double dy)
 void VelUtilViewZoom(double factor, double x, double y)
 {
     traceCall("VelUtilViewZoom");
-    changeView([&](Plot& plot, const Page& page) {
+    changeView([&](Content& content, const Page& page) {
         FrameInArea frame;
         if (!(factor > 0) || !findFrame(page, frame))
             return false;
-        plot.zoom(factor, frame.fractionX(x), frame.fractionY(y));
+        content.zoom(factor, frame.fractionX(x), frame.fractionY(y));
         return true;
     });
 }
@@ -71,12 +72,12 @@ void VelUtilViewZoom(double factor, double x, double y)
 void VelUtilViewZoomTo(double x1, double y1, double x2, double y2)
 {
     traceCall("VelUtilViewZoomTo");
-    changeView([&](Plot& plot, const Page& page) {
+    changeView([&](Content& content, const Page& page) {
         FrameInArea frame;
         if (x1 == x2 || y1 == y2 || !findFrame(page, frame))
             return false;
-        plot.zoomTo(frame.fractionX(std::min(x1, x2)), frame.fractionY(std::max(y1, y2)),
-                    frame.fractionX(std::max(x1, x2)), frame.fractionY(std::min(y1, y2)));
+        content.zoomTo(frame.fractionX(std::min(x1, x2)), frame.fractionY(std::max(y1, y2)),
+                       frame.fractionX(std::max(x1, x2)), frame.fractionY(std::min(y1, y2)));
         return true;
     });
 }
@@ -85,9 +86,10 @@ int VelUtilViewZoomAxis(double factor, double x, double y)
 {
     traceCall("VelUtilViewZoomAxis");
     bool isAxis = false;
-    changeView([&](Plot& plot, const Page& page) {
+    changeView([&](Content& content, const Page& page) {
         FrameInArea frame;
-        isAxis = factor > 0 && findFrame(page, frame) && plot.zoomAxis(factor, frame.fractionX(x), frame.fractionY(y));
+        isAxis =
+            factor > 0 && findFrame(page, frame) && content.zoomAxis(factor, frame.fractionX(x), frame.fractionY(y));
         return isAxis;
     });
     return isAxis ? 1 : 0;
@@ -96,8 +98,8 @@ int VelUtilViewZoomAxis(double factor, double x, double y)
 void VelUtilViewFit()
 {
     traceCall("VelUtilViewFit");
-    changeView([](Plot& plot, const Page&) {
-        plot.fit();
+    changeView([](Content& content, const Page&) {
+        content.fit();
         return true;
     });
 }
@@ -105,10 +107,45 @@ void VelUtilViewFit()
 void VelUtilViewShowAll()
 {
     traceCall("VelUtilViewShowAll");
-    changeView([](Plot& plot, const Page&) {
-        plot.showAll();
+    changeView([](Content& content, const Page&) {
+        content.showAll();
         return true;
     });
+}
+
+int VelUtilViewFrom(int side)
+{
+    traceCall("VelUtilViewFrom");
+    if (side < 0 || side > 2) {
+        setLastError("There is no side " + std::to_string(side) + " to look from: 0 is above, 1 south, 2 east.");
+        return 0;
+    }
+    bool isSeen = false;
+    changeView([&](Content& content, const Page&) { return isSeen = content.lookFrom(static_cast<Side>(side)); });
+    if (!isSeen && isRunning())
+        setLastError("The page shows no surface to see from another side. Load a grid.");
+    return isSeen ? 1 : 0;
+}
+
+const char* VelUtilViewState()
+{
+    static std::string state;
+    const std::shared_ptr<Page> page = pages().active();
+    const std::shared_ptr<Content> content = page ? page->currentContent() : nullptr;
+    state = content ? content->viewState() : "";
+    return state.c_str();
+}
+
+int VelUtilViewSetState(const char* state)
+{
+    traceCall("VelUtilViewSetState");
+    const std::string text = state ? state : "";
+    bool isView = false;
+    changeView([&](Content& content, const Page&) { return isView = content.setViewState(text); });
+    if (!isView && isRunning())
+        setLastError("\"" + text +
+                     "\" is no view of what the page shows. Give one that VelUtilViewState() told of it.");
+    return isView ? 1 : 0;
 }
 
 void VelUtilFrameFitAllToPaper()

@@ -29,19 +29,21 @@ std::string lineOf(const ColumnSummary& column)
            "\t" + valueText(column.largest) + "\t" + column.whyLeftOut;
 }
 
+/// From the outer edge of the first cell to that of the last.
+std::string extentText(double center, double cellSize, int cells)
+{
+    const double from = center - cellSize / 2;
+    return numberText(from) + " to " + numberText(from + cellSize * cells);
+}
+
+} // namespace
+
 std::string detailsOf(const Table& table)
 {
     std::string text = "Column\tUnit\tKind\tValues\tGaps\tSmallest\tLargest\tLeft out because";
     for (const ColumnSummary& column : table.summaries)
         text += "\n" + lineOf(column);
     return text;
-}
-
-/// From the outer edge of the first cell to that of the last.
-std::string extentText(double center, double cellSize, int cells)
-{
-    const double from = center - cellSize / 2;
-    return numberText(from) + " to " + numberText(from + cellSize * cells);
 }
 
 std::string detailsOf(const Grid& grid)
@@ -53,8 +55,6 @@ std::string detailsOf(const Grid& grid)
            std::to_string(grid.gaps);
 }
 
-} // namespace
-
 std::string fieldOf(std::string text)
 {
     std::replace_if(
@@ -62,19 +62,11 @@ std::string fieldOf(std::string text)
     return text;
 }
 
-std::string detailsOf(const DataSet& data)
-{
-    return std::visit([](const auto& set) { return set ? detailsOf(*set) : std::string(); }, data);
-}
-
-std::string notesOf(const DataSet& data)
+std::string notesOf(const std::vector<std::string>& notes)
 {
     std::string text;
-    const auto append = [&](const auto& set) {
-        for (std::size_t i = 0; set && i < set->notes.size(); ++i)
-            text += (text.empty() ? "" : "\n") + fieldOf(set->notes[i]);
-    };
-    std::visit(append, data);
+    for (const std::string& note : notes)
+        text += (text.empty() ? "" : "\n") + fieldOf(note);
     return text;
 }
 

@@ -3,17 +3,20 @@
 #include "engine/data/DataSet.h"
 
 #include <string>
+#include <vector>
 
 namespace velmora::engine {
 
-/// What a data set holds, in lines whose fields are separated by tabs. Of a table: a line of titles, then one line a
-/// column of the file. Of a grid: one line a property, its name and its value.
-std::string detailsOf(const DataSet& data);
+/// What a table holds, in lines whose fields are separated by tabs: a line of titles, then one line a column of the
+/// file.
+std::string detailsOf(const Table& table);
+/// What a grid holds: one line a property, its name and its value with a tab between them.
+std::string detailsOf(const Grid& grid);
 
 /// A text in one line and one field.
 std::string fieldOf(std::string text);
 
-/// Its notes, one a line.
-std::string notesOf(const DataSet& data);
+/// The notes of a data set, one a line.
+std::string notesOf(const std::vector<std::string>& notes);
 
 } // namespace velmora::engine

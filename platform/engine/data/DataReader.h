@@ -1,5 +1,6 @@
 #pragma once
 
+#include "engine/core/Checkpoint.h"
 #include "engine/data/DataSet.h"
 
 #include <stdexcept>
@@ -7,7 +8,6 @@
 
 namespace velmora::engine {
 
-class Checkpoint;
 class ByteStream;
 
 /// A file could not be read. The text names the file, the line where there is one, what is wrong
@@ -17,8 +17,7 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-/// Reading was told to stop.
-class ReadInterrupted : public std::exception {};
+using ReadInterrupted = content::Interrupted;
 
 /// Reads a delimited table or an ESRI ASCII grid; which of them the content tells, not the name.
 /// Throws ReadError, or ReadInterrupted when `checkpoint` said so.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "engine/core/Checkpoint.h"
 #include "engine/data/TextDecoder.h"
 
 #include <cstddef>
@@ -11,7 +12,6 @@
 
 namespace velmora::engine {
 
-class Checkpoint;
 class ByteStream;
 
 /// The text of a data file, handed out in characters or in words from one block of fixed size, so

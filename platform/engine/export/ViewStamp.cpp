@@ -14,7 +14,7 @@ bool sameRect(const InchRect& a, const InchRect& b)
 
 bool sameFrame(const Frame& a, const Frame& b)
 {
-    return a.plot == b.plot && sameRect(a.rect, b.rect);
+    return a.content == b.content && sameRect(a.rect, b.rect);
 }
 
 bool samePaper(const Paper& a, const Paper& b)
@@ -25,13 +25,13 @@ bool samePaper(const Paper& a, const Paper& b)
 } // namespace
 
 ViewStamp::ViewStamp()
-    : m_page(pages().active()), m_plotVersion(m_page->plotVersion()), m_frames(m_page->frames()),
+    : m_page(pages().active()), m_contentVersion(m_page->contentVersion()), m_frames(m_page->frames()),
       m_paper(currentPaper())
 {}
 
 bool ViewStamp::isCurrent() const
 {
-    return pages().active() == m_page && m_page->plotVersion() == m_plotVersion &&
+    return pages().active() == m_page && m_page->contentVersion() == m_contentVersion &&
            std::equal(m_frames.begin(), m_frames.end(), m_page->frames().begin(), m_page->frames().end(), sameFrame) &&
            samePaper(currentPaper(), m_paper);
 }

@@ -18,7 +18,7 @@ public:
 
 private:
     std::shared_ptr<Page> m_page;
-    unsigned long m_plotVersion;
+    unsigned long m_contentVersion;
     std::vector<Frame> m_frames;
     Paper m_paper;
 };

@@ -82,4 +82,9 @@ GLResolver currentResolver()
     return hasContext(mesa, "OSMesaGetCurrentContext") ? mesaEntryPoint : libGLEntryPoint;
 }
 
+bool isOfLibGL()
+{
+    return currentResolver() != mesaEntryPoint;
+}
+
 } // namespace velmora::engine

@@ -12,6 +12,9 @@ using GLResolver = GLEntryPoint (*)(const char* name);
 /// and keeps it after these have taken the thread back.
 GLResolver currentResolver();
 
+/// Whether it is libGL's, whose functions a program links: with a context of GLX or EGL, or none.
+bool isOfLibGL();
+
 /// A function of EGL, or null where nobody has loaded EGL.
 GLEntryPoint eglFunction(const char* name);
 

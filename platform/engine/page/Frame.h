@@ -1,21 +1,18 @@
 #pragma once
 
-#include "engine/data/DataSet.h"
 #include "engine/page/Paper.h"
+#include "engine/plot/Plot.h"
 
 #include <memory>
 #include <vector>
 
 namespace velmora::engine {
 
-class Plot;
-
-/// A place on the paper with what it shows. The plot is shared with the work that draws it, so that
+/// A place on the paper with what it shows. The content is shared with the work that draws it, so that
 /// a page can get other frames while it is being drawn.
 struct Frame {
     InchRect rect;
-    std::shared_ptr<Plot> plot;
-    DataSet data = {}; ///< what the plot was made from
+    std::shared_ptr<Content> content;
 };
 
 /// The rectangle around all frames.

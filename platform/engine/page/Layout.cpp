@@ -49,7 +49,7 @@ PaperView centred(const Paper& paper, int width, int height, double border)
 void placeAllFrames(const Page& page, const PaperView& view, Picture& picture)
 {
     for (const Frame& frame : page.frames())
-        picture.frames.push_back({view.toPixels(frame.rect), frame.plot});
+        picture.frames.push_back({view.toPixels(frame.rect), frame.content});
 }
 
 Picture sheetPicture(const Page& page, const PaperView& view, double pixelsPerPoint, double magnification)
@@ -96,8 +96,8 @@ Picture currentFramePicture(const Page& page, int width, int height, double pixe
     Picture picture;
     picture.leastText = LegibleText;
     picture.pixelsPerPoint = pixelsPerPoint > 0 ? pixelsPerPoint : pixelsPerPointFor(rect, width, height);
-    if (page.currentPlot())
-        picture.frames.push_back({filling(rect, width, height).toPixels(rect), page.currentPlot()});
+    if (page.currentContent())
+        picture.frames.push_back({filling(rect, width, height).toPixels(rect), page.currentContent()});
     return picture;
 }
 

@@ -20,12 +20,12 @@ void paintMark(const Mark& mark, const GLFunctions& gl, int width, int height, d
 {
     const GLStateGuard guard(gl);
     Drawing drawing;
-    drawing.gl = &gl;
     drawing.targetWidth = width;
     drawing.targetHeight = height;
     drawing.frameWidth = width;
     drawing.frameHeight = height;
     drawing.pixelsPerPoint = pixelsPerPoint;
+    const DrawingMeansScope means({&gl, false});
     NoCheckpoint checkpoint;
     Canvas canvas(drawing, checkpoint);
     const auto disc = [&](double radius, Color color) {

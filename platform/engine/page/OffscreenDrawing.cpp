@@ -28,7 +28,7 @@ class ImageWork final : public SlicedWork {
 public:
     ImageWork(std::shared_ptr<Page> page, OffscreenImageInterface& image)
         : SlicedWork("Drawing an image"), m_page(std::move(page)), m_image(image), m_gl(makeCurrent(image)),
-          m_plotVersion(m_page->plotVersion())
+          m_contentVersion(m_page->contentVersion())
     {}
 
     bool draw(ExportRegion_e region)
@@ -53,11 +53,12 @@ protected:
     {
         if (!m_image.getGLContext().setCurrentGL() || !m_context.makeCurrentAgain()) {
             disarm(m_gl);
+            m_noContext.emplace(); // foreign contents unwind too
             m_contextLost = true;
             return false;
         }
         m_beforeTurn->restore(m_gl);
-        return m_page->plotVersion() == m_plotVersion;
+        return m_page->contentVersion() == m_contentVersion;
     }
 
 private:
@@ -95,9 +96,10 @@ private:
     OffscreenImageInterface& m_image;
     GLFunctions m_gl; ///< its own table, to be disarmed when the context is lost in mid-drawing
     WindowSystemContext m_context;
-    unsigned long m_plotVersion;
+    unsigned long m_contentVersion;
     std::optional<GLSnapshot> m_beforeTurn;
     bool m_contextLost = false;
+    std::optional<NoWindowSystemContext> m_noContext; ///< once the image's is lost
 };
 
 } // namespace

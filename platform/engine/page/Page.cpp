@@ -2,7 +2,6 @@
 
 #include "engine/core/Busy.h"
 #include "engine/gl/GLFunctions.h"
-#include "engine/plot/Plot.h"
 #include "interfaces/GLContextInterface.h"
 #include "interfaces/GLDrawAreaInterface.h"
 
@@ -14,9 +13,20 @@ namespace velmora::engine {
 using velmora::sdk::integration::GLDrawAreaInterface;
 using velmora::sdk::integration::PageInterface;
 
-std::shared_ptr<Plot> Page::currentPlot() const
+namespace {
+
+// Not the page's own list: what a content does meanwhile may come back to the page.
+void dismiss(const std::vector<std::shared_ptr<Content>>& leaving, unsigned long context, bool isCurrent)
 {
-    return m_frames.empty() ? nullptr : m_frames.back().plot;
+    for (const std::shared_ptr<Content>& content : leaving)
+        content->leaveContext(context, isCurrent);
+}
+
+} // namespace
+
+std::shared_ptr<Content> Page::currentContent() const
+{
+    return m_frames.empty() ? nullptr : m_frames.back().content;
 }
 
 InchRect Page::currentFrameRect() const
@@ -24,24 +34,20 @@ InchRect Page::currentFrameRect() const
     return m_frames.empty() ? currentPaper().printable : m_frames.back().rect;
 }
 
-DataSet Page::currentData() const
-{
-    return m_frames.empty() ? DataSet() : m_frames.back().data;
-}
-
 void Page::replaceFrames(std::vector<Frame> frames)
 {
+    if (m_area)
+        for (const Frame& frame : m_frames)
+            m_obsolete.push_back(frame.content);
     m_frames = std::move(frames);
-    m_framesReplaced = true;
     changed();
 }
 
-void Page::releaseObsoleteGeometry(const GLFunctions& gl)
+void Page::dismissObsoleteContents()
 {
-    if (!m_framesReplaced)
+    if (m_obsolete.empty())
         return;
-    m_framesReplaced = false;
-    m_keptGeometry.release(gl);
+    dismiss(std::exchange(m_obsolete, {}), m_contextNumber, true);
     // A data set and its geometry are thousands of pieces, and the allocator keeps small pieces for the process.
     malloc_trim(0);
 }
@@ -54,22 +60,32 @@ void Page::fitFramesToPaper()
 
 void Page::attach(GLDrawAreaInterface& area, PageInterface* page)
 {
+    static unsigned long contexts = 0;
     m_area = &area;
     m_interface = page;
+    m_contextNumber = ++contexts;
     changed();
 }
 
 void Page::detach(bool contextWorks)
 {
-    if (contextWorks && m_area && m_area->getGLContext().setCurrentGL()) {
+    const bool isCurrent = contextWorks && m_area && m_area->getGLContext().setCurrentGL();
+    if (isCurrent)
         m_canvas.release(currentGL());
-        m_keptGeometry.release(currentGL());
-    }
     m_canvas.forget();
-    m_keptGeometry.forget();
+    leaveContext(isCurrent);
     m_area = nullptr;
     m_interface = nullptr;
     changed();
+}
+
+void Page::leaveContext(bool isCurrent)
+{
+    if (!m_area)
+        return;
+    for (const Frame& frame : m_frames)
+        m_obsolete.push_back(frame.content);
+    dismiss(std::exchange(m_obsolete, {}), m_contextNumber, isCurrent);
 }
 
 bool Page::canShow() const
@@ -89,9 +105,9 @@ void Page::changed()
     wait();
 }
 
-void Page::plotChanged()
+void Page::contentChanged()
 {
-    ++m_plotVersion;
+    ++m_contentVersion;
     changed();
 }
 

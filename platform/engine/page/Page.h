@@ -1,7 +1,5 @@
 #pragma once
 
-#include "engine/gl/KeptGeometry.h"
-#include "engine/page/CoarseBudget.h"
 #include "engine/page/Frame.h"
 #include "engine/page/Mark.h"
 #include "engine/page/PageCanvas.h"
@@ -36,10 +34,8 @@ public:
 
     const std::vector<Frame>& frames() const { return m_frames; }
     /// The frame that was given last; null and the printable paper on a page without frames.
-    std::shared_ptr<Plot> currentPlot() const;
+    std::shared_ptr<Content> currentContent() const;
     InchRect currentFrameRect() const;
-    /// A null pointer on a page without frames.
-    DataSet currentData() const;
     void replaceFrames(std::vector<Frame> frames);
     void fitFramesToPaper();
 
@@ -53,11 +49,10 @@ public:
     /// The area can be painted now.
     bool canShow() const;
     PageCanvas& canvas() { return m_canvas; }
-    /// What drawings in the area keep for the next.
-    KeptGeometry& keptGeometry() { return m_keptGeometry; }
-    /// Gives back what was kept of frames that the page has no longer. The area's context is current.
-    void releaseObsoleteGeometry(const GLFunctions& gl);
-    CoarseBudget& coarseBudget() { return m_coarseBudget; }
+    /// The number of the area's context, for contents that keep objects in it; no other context has had it.
+    unsigned long contextNumber() const { return m_contextNumber; }
+    /// Lets contents that the page shows no longer give back what they keep in the area's context, which is current.
+    void dismissObsoleteContents();
 
     /// A place that is marked over the picture, until what the page shows changes.
     const std::optional<Mark>& mark() const { return m_mark; }
@@ -68,12 +63,12 @@ public:
     PictureState pictureState() const { return m_state; }
     /// Grows whenever a picture that was begun before has become obsolete.
     unsigned long generation() const { return m_generation; }
-    /// Grows whenever a plot of the page changed its view or its selection.
-    unsigned long plotVersion() const { return m_plotVersion; }
+    /// Grows whenever a content of the page changed its look, its view or its selection.
+    unsigned long contentVersion() const { return m_contentVersion; }
     /// What the page shows has changed: it waits to be drawn anew.
     void changed();
-    /// The same, because of a plot.
-    void plotChanged();
+    /// The same, because of a content.
+    void contentChanged();
     /// Waits to be drawn anew without a change, as after an interruption.
     void finishPicture();
     void pictureDone(PictureState state) { m_state = state; }
@@ -86,6 +81,7 @@ public:
     void pictureShown() { m_shownGeneration = m_generation; }
 
 private:
+    void leaveContext(bool isCurrent);
     void wait();
 
     int m_number;
@@ -93,15 +89,14 @@ private:
     velmora::sdk::integration::GLDrawAreaInterface* m_area = nullptr;
     velmora::sdk::integration::PageInterface* m_interface = nullptr;
     PageCanvas m_canvas;
-    KeptGeometry m_keptGeometry;
-    bool m_framesReplaced = false; ///< since the last drawing
-    CoarseBudget m_coarseBudget;
+    unsigned long m_contextNumber = 0;
+    std::vector<std::shared_ptr<Content>> m_obsolete; ///< replaced since the last drawing
     std::optional<Mark> m_mark;
     PictureState m_state = PictureState::Waiting;
     unsigned long m_generation = 1;
     unsigned long m_shownGeneration = 0;
     unsigned long m_drawing = 0;
-    unsigned long m_plotVersion = 0;
+    unsigned long m_contentVersion = 0;
 };
 
 } // namespace velmora::engine

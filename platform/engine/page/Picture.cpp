@@ -1,9 +1,9 @@
 #include "engine/page/Picture.h"
-#include "engine/core/Trace.h"
 
-#include "engine/core/Checkpoint.h"
+#include "engine/core/Trace.h"
 #include "engine/gl/GLFunctions.h"
-#include "engine/style/StyleTree.h"
+#include "engine/gl/OpenGLLibraries.h"
+#include "engine/page/FrameDrawing.h"
 
 #include <algorithm>
 #include <cmath>
@@ -76,35 +76,24 @@ void prepareToClear(const GLFunctions& gl, int width, int height)
     gl.ClearDepth(1);
 }
 
-/// The checkpoint of one frame of several: its share of the whole, and the point in the middle of the
-/// drawing where a test may make it fail.
-class FrameShare final : public Checkpoint {
-public:
-    FrameShare(Checkpoint& whole, std::size_t index, std::size_t count) : m_whole(whole), m_index(index), m_count(count)
-    {}
-
-    bool goOn(double fraction) override
-    {
-        const double done = (static_cast<double>(m_index) + fraction) / static_cast<double>(m_count);
-        if (done >= 0.5)
-            passMiddle();
-        return m_whole.goOn(done);
-    }
-    void passMiddle()
-    {
-        const bool isMiddleFrame = m_index == m_count / 2;
-        if (isMiddleFrame && !m_passed) {
-            m_passed = true;
-            tracePoint("drawing");
-        }
-    }
-
-private:
-    Checkpoint& m_whole;
-    std::size_t m_index;
-    std::size_t m_count;
-    bool m_passed = false;
-};
+Drawing drawingOf(const Picture& picture, const PixelRect& frame, const GLFunctions& gl, int width, int height)
+{
+    Drawing drawing;
+    drawing.targetWidth = width;
+    drawing.targetHeight = height;
+    drawing.frameX = nearestPixel(frame.x);
+    drawing.frameY = nearestPixel(frame.y);
+    drawing.frameWidth = frame.width;
+    drawing.frameHeight = frame.height;
+    drawing.pixelsPerPoint = picture.pixelsPerPoint;
+    drawing.leastText = picture.leastText;
+    drawing.detail = picture.detail;
+    gl.GetIntegerv(GL_SAMPLES, &drawing.samples);
+    drawing.context = picture.context;
+    drawing.isOfLibGL = isOfLibGL();
+    drawing.findFunction = currentResolver();
+    return drawing;
+}
 
 } // namespace
 
@@ -140,21 +129,8 @@ bool paintPicture(const Picture& picture, const GLFunctions& gl, int width, int 
         const Picture::PlacedFrame& frame = picture.frames[i];
         prepareToClear(gl, width, height);
         fill(gl, frame.rect, groundOf(picture), GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
-        FrameShare share(checkpoint, i, count);
-        const Drawing drawing{&gl,
-                              width,
-                              height,
-                              static_cast<double>(nearestPixel(frame.rect.x)),
-                              static_cast<double>(nearestPixel(frame.rect.y)),
-                              frame.rect.width,
-                              frame.rect.height,
-                              picture.pixelsPerPoint,
-                              picture.leastText,
-                              picture.detail,
-                              picture.coarseTriangles,
-                              picture.kept,
-                              style::lookupInt("Interface/DrawingDelay") > 0};
-        if (!frame.plot->draw(drawing, share))
+        FrameCheckpoint share(checkpoint, i, count);
+        if (!drawContent(*frame.content, drawingOf(picture, frame.rect, gl, width, height), gl, share))
             return false;
         share.passMiddle();
     }

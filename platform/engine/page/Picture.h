@@ -1,12 +1,14 @@
 #pragma once
 
+#include "engine/core/Checkpoint.h"
 #include "engine/page/Frame.h"
-#include "engine/plot/Plot.h"
 
 #include <memory>
 #include <vector>
 
 namespace velmora::engine {
+
+struct GLFunctions;
 
 /// A rectangle of a target: pixels from its lower left corner.
 struct PixelRect {
@@ -17,11 +19,11 @@ struct PixelRect {
 };
 
 /// What is to be drawn where: a page laid out for a target, with nothing left to decide. It shares
-/// the plots, so that it stays drawable when the page gets others.
+/// the contents, so that it stays drawable when the page gets others.
 struct Picture {
     struct PlacedFrame {
         PixelRect rect;
-        std::shared_ptr<Plot> plot;
+        std::shared_ptr<Content> content;
     };
     bool showsPaper = false; ///< the sheet on the workspace, and not just white ground
     bool showsMargins = false;
@@ -33,8 +35,7 @@ struct Picture {
     double leastText = 0;     ///< see Drawing
     double magnification = 1; ///< of the sheet's shadow and lines, over a screen's
     Detail detail = Detail::Full;
-    std::size_t coarseTriangles = 0; ///< see Drawing
-    KeptGeometry* kept = nullptr;    ///< see Drawing
+    unsigned long context = 0; ///< see Drawing
 
     /// The picture as it looks from a tile whose lower left corner is at x, y.
     Picture seenFrom(double x, double y) const;

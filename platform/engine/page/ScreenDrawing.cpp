@@ -8,6 +8,7 @@
 #include "engine/page/GLSnapshot.h"
 #include "engine/page/Layout.h"
 #include "engine/page/Page.h"
+#include "engine/page/WindowSystemContext.h"
 #include "exception/ExceptionBase.h"
 #include "interfaces/GLContextInterface.h"
 #include "interfaces/GLDrawAreaInterface.h"
@@ -149,6 +150,7 @@ protected:
         m_turn.reset();
         if (m_page->area() != m_area || !m_area->isValidWidget() || !m_area->getGLContext().setCurrentGL()) {
             disarm(m_gl);
+            m_noContext.emplace(); // foreign contents unwind too
             return false;
         }
         m_beforeTurn->restore(m_gl);
@@ -165,7 +167,7 @@ private:
     {
         m_page->canvas().beginFull(m_gl);
         Picture picture = workAreaPicture(*m_page, size.width, size.height, 0);
-        picture.kept = &m_page->keptGeometry();
+        picture.context = m_page->contextNumber();
         return paintPicture(picture, m_gl, size.width, size.height, *this);
     }
 
@@ -185,6 +187,7 @@ private:
     unsigned long m_generation = 0;
     std::optional<GLSnapshot> m_beforeTurn;
     std::unique_ptr<FreeTurn> m_turn;
+    std::optional<NoWindowSystemContext> m_noContext; ///< once the area's has gone away
 };
 
 /// Draws into what the screen shows, and shows it.
@@ -194,19 +197,16 @@ void showCoarse(Page& page)
     const GLFunctions gl = makeCurrent(area);
     const GLStateScope keep(gl);
     const Size size = sizeOf(area);
-    page.releaseObsoleteGeometry(gl);
+    page.dismissObsoleteContents();
     page.canvas().prepare(gl, size.width, size.height);
     if (page.canvas().isDirect())
         return;
-    const Clock::time_point begun = Clock::now();
     page.canvas().beginCoarse(gl);
     Picture picture = workAreaPicture(page, size.width, size.height, 0);
     picture.detail = Detail::Coarse;
-    picture.coarseTriangles = page.coarseBudget().triangles();
-    picture.kept = &page.keptGeometry();
+    picture.context = page.contextNumber();
     NoCheckpoint checkpoint;
     paintPicture(picture, gl, size.width, size.height, checkpoint);
-    page.coarseBudget().took(Clock::now() - begun);
     showCanvas(page, gl, size);
     area.getGLContext().swapBuffers();
     page.pictureShown();

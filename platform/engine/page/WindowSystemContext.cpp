@@ -61,4 +61,14 @@ bool WindowSystemContext::makeEglCurrentAgain() const
            egl<decltype(&::eglMakeCurrent)>("eglMakeCurrent")(m_display, m_eglDraw, m_eglRead, m_context) == EGL_TRUE;
 }
 
+NoWindowSystemContext::NoWindowSystemContext()
+{
+    if (glXGetCurrentContext())
+        glXMakeContextCurrent(glXGetCurrentDisplay(), 0, 0, nullptr);
+    else if (currentEglContext())
+        egl<decltype(&::eglMakeCurrent)>("eglMakeCurrent")(
+            egl<decltype(&::eglGetCurrentDisplay)>("eglGetCurrentDisplay")(), EGL_NO_SURFACE, EGL_NO_SURFACE,
+            EGL_NO_CONTEXT);
+}
+
 } // namespace velmora::engine

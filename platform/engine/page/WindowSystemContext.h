@@ -24,4 +24,17 @@ private:
     unsigned long m_glxRead = 0;
 };
 
+/// As long as it lives no context of the window system is current on this thread, so that OpenGL calls reach none. Then
+/// the one that was current is so again.
+class NoWindowSystemContext {
+public:
+    NoWindowSystemContext();
+    ~NoWindowSystemContext() { m_before.makeCurrentAgain(); }
+    NoWindowSystemContext(const NoWindowSystemContext&) = delete;
+    NoWindowSystemContext& operator=(const NoWindowSystemContext&) = delete;
+
+private:
+    WindowSystemContext m_before;
+};
+
 } // namespace velmora::engine

@@ -52,13 +52,13 @@ void setColor(const GLFunctions& gl, Color color)
     gl.Color4ub(color.red, color.green, color.blue, color.alpha);
 }
 
-Rect earlierBounds(const Drawing& drawing)
+Rect earlierBounds(const Drawing& drawing, const GLFunctions& gl)
 {
     Rect bounds{0, 0, static_cast<double>(drawing.targetWidth), static_cast<double>(drawing.targetHeight)};
-    if (!drawing.gl->IsEnabled(GL_SCISSOR_TEST))
+    if (!gl.IsEnabled(GL_SCISSOR_TEST))
         return bounds;
     GLint box[4];
-    drawing.gl->GetIntegerv(GL_SCISSOR_BOX, box);
+    gl.GetIntegerv(GL_SCISSOR_BOX, box);
     return {std::max(bounds.x1, double(box[0])), std::max(bounds.y1, double(box[1])),
             std::min(bounds.x2, double(box[0]) + box[2]), std::min(bounds.y2, double(box[1]) + box[3])};
 }
@@ -91,7 +91,7 @@ Rect textRect(const TextItem& item)
 }
 
 Canvas::Canvas(const Drawing& drawing, Checkpoint& checkpoint)
-    : m_drawing(drawing), m_checkpoint(checkpoint), m_bounds(earlierBounds(drawing))
+    : m_drawing(drawing), m_means(drawingMeans()), m_checkpoint(checkpoint), m_bounds(earlierBounds(drawing, gl()))
 {
     useFlat();
     clipToFrame();
@@ -121,7 +121,7 @@ bool Canvas::stepWithin()
 {
     if (m_stopped)
         return false;
-    if (m_drawing.detail == Detail::Coarse || (m_cost < m_batch && !m_drawing.asksOften))
+    if (m_drawing.detail == Detail::Coarse || (m_cost < m_batch && !m_means.asksOften))
         return true;
     waitForLastBatch();
     measureBatch();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/gl/GLFunctions.h"
+#include "engine/plot/DrawingMeans.h"
 #include "engine/plot/Geometry.h"
 #include "engine/plot/Plot.h"
 #include "engine/plot/Stroke.h"
@@ -39,7 +39,7 @@ public:
     Canvas& operator=(const Canvas&) = delete;
 
     const Drawing& drawing() const { return m_drawing; }
-    const GLFunctions& gl() const { return *m_drawing.gl; }
+    const GLFunctions& gl() const { return *m_means.gl; }
     bool stopped() const { return m_stopped; }
 
     /// The work from here on takes the progress from the last fraction to this one, in steps.
@@ -84,6 +84,7 @@ private:
     void measureBatch();
 
     const Drawing& m_drawing;
+    DrawingMeans m_means;
     Checkpoint& m_checkpoint;
     Rect m_bounds; ///< of the target and an earlier scissor, in target pixels
     bool m_stopped = false;

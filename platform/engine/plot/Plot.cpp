@@ -10,11 +10,11 @@ namespace {
 struct PlotMaker {
     Checkpoint& checkpoint;
 
-    std::unique_ptr<Plot> operator()(const std::shared_ptr<const Table>& table) const
+    std::unique_ptr<Content> operator()(const std::shared_ptr<const Table>& table) const
     {
         return std::make_unique<XYPlot>(table, checkpoint);
     }
-    std::unique_ptr<Plot> operator()(const std::shared_ptr<const Grid>& grid) const
+    std::unique_ptr<Content> operator()(const std::shared_ptr<const Grid>& grid) const
     {
         return std::make_unique<SurfacePlot>(grid, checkpoint);
     }
@@ -22,7 +22,7 @@ struct PlotMaker {
 
 } // namespace
 
-std::unique_ptr<Plot> makePlot(const DataSet& data, Checkpoint& checkpoint)
+std::unique_ptr<Content> makePlot(const DataSet& data, Checkpoint& checkpoint)
 {
     return std::visit(PlotMaker{checkpoint}, data);
 }

@@ -39,7 +39,7 @@ FrameSize frameSizeOf(const Drawing& drawing);
 
 /// A plot with a selection. Text keeps its size on paper, so where it lies depends on how large the
 /// frame was drawn the last time.
-class SelectablePlot : public Plot {
+class SelectablePlot : public Content {
 public:
     int pick(double x1, double y1, double x2, double y2, const PickFilter& filter) override;
     void deselectAll() override { m_selection.clear(); }

@@ -39,7 +39,7 @@ struct Kind {
 
 class EveryPlot : public testing::TestWithParam<Kind> {
 protected:
-    std::unique_ptr<Plot> plot() const { return makePlot(GetParam().data(), noCheckpoint()); }
+    std::unique_ptr<Content> plot() const { return makePlot(GetParam().data(), noCheckpoint()); }
 };
 
 constexpr int Width = 400;
@@ -242,7 +242,7 @@ TEST_P(EveryPlot, StopsAtOnceWhereverItIsToldToAndLeavesNothingBehind)
     CountingCheckpoint whole;
     Picture first(Width, Height);
     Drawing drawing = first.drawing();
-    drawing.asksOften = true; // else it would ask as often as the machine is slow
+    const DrawingMeansScope means({&currentGL(), true}); // else it would ask as often as the machine is slow
     ASSERT_TRUE(drawn->draw(drawing, whole));
     for (long stopAt = 1; stopAt <= whole.questions; stopAt += 1 + whole.questions / 40) {
         Picture picture(Width, Height);
@@ -295,7 +295,7 @@ TEST_P(EveryPlot, MayGoWhileItIsDrawn)
                 plot.reset();
             return CountingCheckpoint::goOn(fraction);
         }
-        std::unique_ptr<Plot> plot;
+        std::unique_ptr<Content> plot;
     };
     Picture picture(Width, Height);
     const auto kept = plot();

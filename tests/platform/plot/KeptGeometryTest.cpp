@@ -30,6 +30,16 @@ protected:
     KeptGeometry kept;
 };
 
+std::vector<GLuint> buffersInUse()
+{
+    constexpr GLuint MoreThanThereAre = 5000;
+    std::vector<GLuint> found;
+    for (GLuint name = 1; name < MoreThanThereAre; ++name)
+        if (currentGL().IsBuffer(name))
+            found.push_back(name);
+    return found;
+}
+
 } // namespace
 
 TEST_F(KeptGeometryOfAContext, FindsAgainWhatWasKept)
@@ -107,19 +117,22 @@ TEST_F(KeptGeometryOfAContext, ASurfaceLooksTheSameFromKeptGeometry)
     ASSERT_TRUE(plain.draw(plot));
 
     Picture picture(400, 300);
-    KeptGeometry own;
     Drawing drawing = picture.drawing();
-    drawing.kept = &own;
+    drawing.context = 7;
     ASSERT_TRUE(plot.draw(drawing, noCheckpoint()));
     picture.refresh();
     EXPECT_EQ(picture.bytes(), plain.bytes());
-    const std::size_t bytes = own.bytes();
-    EXPECT_GT(bytes, 50000u);
+    const std::vector<GLuint> buffers = buffersInUse();
+    EXPECT_GT(buffers.size(), 2u);
 
     picture.clear();
     ASSERT_TRUE(plot.draw(drawing, noCheckpoint()));
     picture.refresh();
     EXPECT_EQ(picture.bytes(), plain.bytes()) << "also the second time";
-    EXPECT_EQ(own.bytes(), bytes) << "nothing was made anew";
-    own.release(currentGL());
+    EXPECT_EQ(buffersInUse(), buffers) << "nothing was made anew";
+
+    plot.leaveContext(8, true);
+    EXPECT_EQ(buffersInUse(), buffers) << "another context is no reason";
+    plot.leaveContext(7, true);
+    EXPECT_TRUE(buffersInUse().empty());
 }

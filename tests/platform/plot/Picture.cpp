@@ -44,7 +44,6 @@ void Picture::clear()
 Drawing Picture::drawing() const
 {
     Drawing drawing;
-    drawing.gl = &currentGL();
     drawing.targetWidth = m_width;
     drawing.targetHeight = m_height;
     drawing.frameWidth = m_width;
@@ -52,14 +51,14 @@ Drawing Picture::drawing() const
     return drawing;
 }
 
-bool Picture::draw(Plot& plot, Checkpoint& checkpoint)
+bool Picture::draw(Content& plot, Checkpoint& checkpoint)
 {
     const bool done = plot.draw(drawing(), checkpoint);
     refresh();
     return done;
 }
 
-bool Picture::draw(Plot& plot)
+bool Picture::draw(Content& plot)
 {
     CountingCheckpoint checkpoint;
     return draw(plot, checkpoint);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "engine/core/Checkpoint.h"
+#include "engine/plot/DrawingMeans.h"
 #include "engine/plot/Plot.h"
 #include "tests/support/SoftwareContext.h"
 
@@ -45,8 +46,8 @@ public:
     void refresh() { m_context->read(m_width, m_height, m_bytes); }
     /// The frame is the whole picture; `pixelsPerPoint` 1.
     Drawing drawing() const;
-    bool draw(Plot& plot, Checkpoint& checkpoint);
-    bool draw(Plot& plot);
+    bool draw(Content& plot, Checkpoint& checkpoint);
+    bool draw(Content& plot);
     Pixel at(int x, int yFromBottom) const;
     std::size_t countNear(int r, int g, int b, int tolerance) const;
     std::size_t countInk() const; ///< pixels that are not white

@@ -171,7 +171,6 @@ void drawFromTheSide(GridPlot& plot, Picture& picture, Detail detail)
     plot.rotate(-plot.view().aboutVertical, 20 - plot.view().tilt);
     Drawing drawing = picture.drawing();
     drawing.detail = detail;
-    drawing.coarseTriangles = 20000;
     EXPECT_TRUE(plot.draw(drawing, noCheckpoint()));
     picture.refresh();
 }

@@ -18,7 +18,6 @@ namespace {
 
 constexpr int Width = 640;
 constexpr int Height = 480;
-using Side = SurfacePlot::Side;
 
 /// A ramp that rises eastwards, with a spike in the middle.
 std::shared_ptr<Grid> rampWithSpike(double spike)

@@ -27,13 +27,13 @@ Point placeOf(const XYPlot& plot, const std::shared_ptr<const Table>& table, Poi
     return {at.x / Width, at.y / Height};
 }
 
-std::string textAt(const Plot& plot, double x, double y)
+std::string textAt(const Content& plot, double x, double y)
 {
     ShownValue found;
     return plot.valueAt(x, y, found) ? found.text : "";
 }
 
-double secondsOf(const Plot& plot, Point place, int times)
+double secondsOf(const Content& plot, Point place, int times)
 {
     const auto begun = std::chrono::steady_clock::now();
     for (int i = 0; i < times; ++i)

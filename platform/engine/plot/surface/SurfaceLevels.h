@@ -1,5 +1,6 @@
 #pragma once
 
+#include "engine/core/Checkpoint.h"
 #include "engine/data/Grid.h"
 
 #include <algorithm>
@@ -8,8 +9,6 @@
 #include <vector>
 
 namespace velmora::engine {
-
-class Checkpoint;
 
 /// The smallest and the largest height of a part of a grid. A part of nothing but gaps is upside down,
 /// so that joining it to another part changes nothing.

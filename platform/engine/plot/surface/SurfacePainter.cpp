@@ -6,6 +6,8 @@ namespace velmora::engine {
 
 namespace {
 
+using Clock = std::chrono::steady_clock;
+
 // Points.
 constexpr double GridWidth = 0.6;
 constexpr double EdgeWidth = 0.7;
@@ -31,12 +33,16 @@ SurfacePainter::SurfacePainter(const Drawing& drawing, Checkpoint& checkpoint, S
 
 bool SurfacePainter::paint()
 {
+    const Clock::time_point begun = Clock::now();
     paintBox();
     paintTerrain();
     paintAxes();
     paintColorBar();
     paintTexts();
-    return m_canvas.finish();
+    const bool finished = m_canvas.finish();
+    if (m_canvas.drawing().detail == Detail::Coarse)
+        m_content.memory->coarseBudget.took(Clock::now() - begun);
+    return finished;
 }
 
 void SurfacePainter::paintBox()
@@ -51,7 +57,7 @@ void SurfacePainter::paintBox()
 
 void SurfacePainter::paintTerrain()
 {
-    TerrainPainter terrain(m_canvas, *m_content.data, m_layout.camera);
+    TerrainPainter terrain(m_canvas, *m_content.data, *m_content.memory, m_layout.camera);
     terrain.paintSurface(PiecesEnd, SkirtsEnd);
     const bool selected = isSelectedObject(ObjectKind::Zone, surfaceobject::Surface);
     terrain.paintLines({points(selected ? 2 * ContourWidth : ContourWidth),

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "engine/plot/surface/SurfaceLayout.h"
+#include "engine/plot/surface/SurfaceMemory.h"
 #include "engine/plot/surface/TerrainPainter.h"
 
 namespace velmora::engine {
@@ -8,6 +9,7 @@ namespace velmora::engine {
 /// What a surface plot shows, for as long as one drawing of it lasts.
 struct SurfaceContent {
     std::shared_ptr<SurfaceData> data;
+    std::shared_ptr<SurfaceMemory> memory = std::make_shared<SurfaceMemory>();
     SurfaceView view;
 };
 

@@ -1,7 +1,9 @@
 #include "engine/plot/surface/SurfacePlot.h"
 
+#include "engine/data/DataDetails.h"
 #include "engine/gl/GLStateGuard.h"
 #include "engine/plot/ValueText.h"
+#include "engine/plot/ViewText.h"
 #include "engine/plot/surface/CellAtPlace.h"
 #include "engine/plot/surface/SurfaceArea.h"
 
@@ -16,6 +18,7 @@ constexpr double HighestTilt = 90;
 constexpr double SmallestZoom = 0.1;
 constexpr double ClippedShare = 0.02;
 constexpr double LargestZoom = 400;
+constexpr const char* ViewKind = "surface";
 
 bool meetsAxis(const SurfaceAxis& axis, const Rect& rect)
 {
@@ -55,8 +58,13 @@ SurfacePlot::SurfacePlot(std::shared_ptr<const Grid> grid, Checkpoint& checkpoin
 bool SurfacePlot::draw(const Drawing& drawing, Checkpoint& checkpoint)
 {
     rememberFrameSize(drawing);
-    const GLStateGuard guard(*drawing.gl);
+    const GLStateGuard guard(*drawingMeans().gl);
     return SurfacePainter(drawing, checkpoint, m_content, selection()).paint();
+}
+
+void SurfacePlot::leaveContext(unsigned long context, bool isCurrent)
+{
+    m_content.memory->leaveContext(context, isCurrent);
 }
 
 void SurfacePlot::rotate(double aboutVertical, double tilt)
@@ -110,13 +118,14 @@ void SurfacePlot::showAll()
     view.panX = view.panY = 0;
 }
 
-void SurfacePlot::lookFrom(Side side)
+bool SurfacePlot::lookFrom(Side side)
 {
     SurfaceView& view = m_content.view;
     view = SurfaceView();
     view.isParallel = true;
     view.aboutVertical = side == Side::East ? -90 : 0;
     view.tilt = side == Side::Above ? HighestTilt : 0;
+    return true;
 }
 
 void SurfacePlot::setExaggeration(double exaggeration)
@@ -139,14 +148,16 @@ void SurfacePlot::lookChanged()
     m_content.data = std::make_shared<SurfaceData>(*m_content.data, m_look);
 }
 
-std::vector<double> SurfacePlot::viewNumbers() const
+std::string SurfacePlot::viewState() const
 {
     const SurfaceView& view = m_content.view;
-    return {view.aboutVertical, view.tilt, view.zoom, view.panX, view.panY, static_cast<double>(view.isParallel)};
+    return viewText(ViewKind, {view.aboutVertical, view.tilt, view.zoom, view.panX, view.panY,
+                               static_cast<double>(view.isParallel)});
 }
 
-bool SurfacePlot::setViewNumbers(const std::vector<double>& numbers)
+bool SurfacePlot::setViewState(const std::string& state)
 {
+    const std::vector<double> numbers = numbersOfView(state, ViewKind);
     const auto isFinite = [](double number) { return std::isfinite(number); };
     if (numbers.size() != 6 || !std::all_of(numbers.begin(), numbers.end(), isFinite))
         return false;
@@ -158,7 +169,7 @@ bool SurfacePlot::setViewNumbers(const std::vector<double>& numbers)
     return true;
 }
 
-void SurfacePlot::takeViewOf(const Plot& other, Checkpoint&)
+void SurfacePlot::takeViewOf(const Content& other, Checkpoint&)
 {
     const auto* const before = dynamic_cast<const SurfacePlot*>(&other);
     if (!before)
@@ -199,6 +210,26 @@ std::string SurfacePlot::description() const
     const Grid& grid = m_content.data->grid();
     std::string text = std::to_string(grid.columns) + " x " + std::to_string(grid.rows) + " grid, ";
     return text + (grid.gaps == 0 ? "no" : std::to_string(grid.gaps)) + (grid.gaps == 1 ? " gap" : " gaps");
+}
+
+std::string SurfacePlot::notes() const
+{
+    return notesOf(m_content.data->grid().notes);
+}
+
+std::string SurfacePlot::details() const
+{
+    return detailsOf(m_content.data->grid());
+}
+
+bool SurfacePlot::extent(Extent& found) const
+{
+    const Grid& grid = m_content.data->grid();
+    const double west = grid.xCenter - grid.cellSize / 2;
+    const double south = grid.yCenter - grid.cellSize / 2;
+    found = {{west, south, grid.minimum},
+             {west + grid.cellSize * grid.columns, south + grid.cellSize * grid.rows, grid.maximum}};
+    return true;
 }
 
 void SurfacePlot::collect(const Rect& rect, const PickFilter& filter, Selection& found) const

@@ -15,25 +15,26 @@ public:
     SurfacePlot(std::shared_ptr<const Grid> grid, Checkpoint& checkpoint);
 
     bool draw(const Drawing& drawing, Checkpoint& checkpoint) override;
+    bool drawsCoarsely() const override { return true; }
+    void leaveContext(unsigned long context, bool isCurrent) override;
     bool canRotate() const override { return true; }
     void rotate(double aboutVertical, double tilt) override;
+    bool lookFrom(Side side) override;
     void translate(double dx, double dy) override;
     void zoom(double factor, double x, double y) override;
     void zoomTo(double x1, double y1, double x2, double y2) override;
-    bool zoomAxis(double, double, double) override { return false; } ///< a surface is zoomed as a whole
     void fit() override;
     void showAll() override;
-    std::vector<double> viewNumbers() const override;
-    bool setViewNumbers(const std::vector<double>& numbers) override;
+    std::string viewState() const override;
+    bool setViewState(const std::string& state) override;
     bool valueAt(double x, double y, ShownValue& found) const override;
-    void takeViewOf(const Plot& other, Checkpoint& checkpoint) override;
+    void takeViewOf(const Content& other, Checkpoint& checkpoint) override;
     std::string description() const override;
+    std::string notes() const override;
+    std::string details() const override;
+    bool extent(Extent& found) const override;
 
     const SurfaceView& view() const { return m_content.view; }
-
-    enum class Side { Above, South, East };
-    /// Shows all from there, without perspective: from above as a map, with the north up. Turning it leaves that.
-    void lookFrom(Side side);
 
     double exaggeration() const { return m_look.exaggeration; }
     void setExaggeration(double exaggeration);

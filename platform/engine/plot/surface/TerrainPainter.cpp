@@ -40,10 +40,9 @@ GeometryBytes bytesOf(const MeshPart& part)
     return {part.vertices.data(), part.vertices.size() * sizeof(MeshVertex), part.indices.data(), part.indices.size()};
 }
 
-std::size_t trianglesFor(const Canvas& canvas)
+std::size_t trianglesFor(const Drawing& drawing, const CoarseBudget& coarse)
 {
-    const Drawing& drawing = canvas.drawing();
-    return drawing.detail == Detail::Coarse ? drawing.coarseTriangles : std::numeric_limits<std::size_t>::max();
+    return drawing.detail == Detail::Coarse ? coarse.triangles() : std::numeric_limits<std::size_t>::max();
 }
 
 } // namespace
@@ -53,10 +52,10 @@ GLsizei TerrainPainter::Triangles::count() const
     return kept ? kept->indexCount : static_cast<GLsizei>(part->indices.size());
 }
 
-TerrainPainter::TerrainPainter(Canvas& canvas, SurfaceData& data, const Camera& camera)
+TerrainPainter::TerrainPainter(Canvas& canvas, SurfaceData& data, SurfaceMemory& memory, const Camera& camera)
     : m_canvas(canvas), m_data(data), m_camera(camera),
-      m_visible(chooseVisiblePieces(data, camera, canvas, trianglesFor(canvas))),
-      m_mesh(data.levels, data.shape, m_visible.level), m_kept(canvas.drawing().kept)
+      m_visible(chooseVisiblePieces(data, camera, canvas, trianglesFor(canvas.drawing(), memory.coarseBudget))),
+      m_mesh(data.levels, data.shape, m_visible.level), m_kept(memory.geometryOf(canvas.drawing().context))
 {
     if (m_kept)
         m_kept->beginDrawing(canvas.gl(), data.number, KeptBesideGrid + data.grid().values.size() * sizeof(float));

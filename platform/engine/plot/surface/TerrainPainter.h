@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/gl/KeptGeometry.h"
+#include "engine/plot/surface/SurfaceMemory.h"
 #include "engine/plot/surface/VisiblePieces.h"
 
 namespace velmora::engine {
@@ -17,7 +17,7 @@ struct TerrainLines {
 /// below their border, then the lines on them.
 class TerrainPainter {
 public:
-    TerrainPainter(Canvas& canvas, SurfaceData& data, const Camera& camera);
+    TerrainPainter(Canvas& canvas, SurfaceData& data, SurfaceMemory& memory, const Camera& camera);
 
     std::size_t pieces() const { return m_visible.pieces.size(); }
     void paintSurface(double piecesEnd, double skirtsEnd);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "engine/core/Checkpoint.h"
 #include "engine/plot/Geometry.h"
 
 #include <cstddef>
@@ -8,7 +9,6 @@
 
 namespace velmora::engine {
 
-class Checkpoint;
 struct Column;
 
 /// The rows of a line in blocks, with the lowest and the highest value of each: so a picture of many rows need

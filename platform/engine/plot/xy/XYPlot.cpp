@@ -1,8 +1,10 @@
 #include "engine/plot/xy/XYPlot.h"
 
+#include "engine/data/DataDetails.h"
 #include "engine/data/DateText.h"
 #include "engine/gl/GLStateGuard.h"
 #include "engine/plot/ValueText.h"
+#include "engine/plot/ViewText.h"
 #include "engine/plot/xy/NearestValue.h"
 #include "engine/plot/xy/XYPainter.h"
 #include "engine/text/PlainText.h"
@@ -25,6 +27,7 @@ bool isRange(const AxisRange& range)
 }
 
 constexpr double ReachOfValue = 12; // points
+constexpr const char* ViewKind = "lines";
 
 /// Scales the range about the value that lies at `fraction` of it.
 AxisRange zoomed(const AxisRange& range, const AxisRange& full, double factor, double fraction)
@@ -123,11 +126,9 @@ XYPlot::XYPlot(std::shared_ptr<const Table> table, Checkpoint& checkpoint)
 bool XYPlot::draw(const Drawing& drawing, Checkpoint& checkpoint)
 {
     rememberFrameSize(drawing);
-    const GLStateGuard guard(*drawing.gl);
+    const GLStateGuard guard(*drawingMeans().gl);
     return XYPainter(drawing, checkpoint, m_content, selection()).paint();
 }
-
-void XYPlot::rotate(double, double) {}
 
 // A range that the axis cannot show is not taken.
 void XYPlot::setRanges(const AxisRange& x, const AxisRange& y)
@@ -190,19 +191,16 @@ void XYPlot::fit()
     m_content.map.y = m_full.y;
 }
 
-std::vector<double> XYPlot::viewNumbers() const
+std::string XYPlot::viewState() const
 {
     const AxisMap& map = m_content.map;
-    return {map.x.from,
-            map.x.to,
-            map.y.from,
-            map.y.to,
-            static_cast<double>(map.scales.isLogX),
-            static_cast<double>(map.scales.isLogY)};
+    return viewText(ViewKind, {map.x.from, map.x.to, map.y.from, map.y.to, static_cast<double>(map.scales.isLogX),
+                               static_cast<double>(map.scales.isLogY)});
 }
 
-bool XYPlot::setViewNumbers(const std::vector<double>& numbers)
+bool XYPlot::setViewState(const std::string& state)
 {
+    const std::vector<double> numbers = numbersOfView(state, ViewKind);
     if (numbers.size() != 6)
         return false;
     const AxisRange x{numbers[0], numbers[1]};
@@ -311,7 +309,7 @@ void XYPlot::keepPossibleScales()
     m_full = rangesOf(m_content.series, scales);
 }
 
-void XYPlot::takeViewOf(const Plot& other, Checkpoint& checkpoint)
+void XYPlot::takeViewOf(const Content& other, Checkpoint& checkpoint)
 {
     const auto* const before = dynamic_cast<const XYPlot*>(&other);
     if (!before)
@@ -352,6 +350,22 @@ std::string XYPlot::description() const
     const std::size_t rows = lines ? m_content.series.front().size() : 0;
     return std::to_string(lines) + (lines == 1 ? " line, " : " lines, ") + std::to_string(rows) +
            (rows == 1 ? " row" : " rows");
+}
+
+std::string XYPlot::notes() const
+{
+    return notesOf(table().notes);
+}
+
+std::string XYPlot::details() const
+{
+    return detailsOf(table());
+}
+
+bool XYPlot::extent(Extent& found) const
+{
+    found = {{m_full.x.from, m_full.y.from, 0}, {m_full.x.to, m_full.y.to, 0}};
+    return !m_full.isEmpty;
 }
 
 std::string XYPlot::nameOf(const ObjectId& object) const

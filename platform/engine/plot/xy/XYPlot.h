@@ -14,19 +14,20 @@ public:
     XYPlot(std::shared_ptr<const Table> table, Checkpoint& checkpoint);
 
     bool draw(const Drawing& drawing, Checkpoint& checkpoint) override;
-    bool canRotate() const override { return false; }
-    void rotate(double aboutVertical, double tilt) override; ///< lines cannot be turned: nothing
+    bool drawsCoarsely() const override { return true; }
     void translate(double dx, double dy) override;
     void zoom(double factor, double x, double y) override;
     void zoomTo(double x1, double y1, double x2, double y2) override;
     bool zoomAxis(double factor, double x, double y) override;
     void fit() override;
-    void showAll() override { fit(); }
-    std::vector<double> viewNumbers() const override;
-    bool setViewNumbers(const std::vector<double>& numbers) override;
+    std::string viewState() const override;
+    bool setViewState(const std::string& state) override;
     bool valueAt(double x, double y, ShownValue& found) const override;
-    void takeViewOf(const Plot& other, Checkpoint& checkpoint) override;
+    void takeViewOf(const Content& other, Checkpoint& checkpoint) override;
     std::string description() const override;
+    std::string notes() const override;
+    std::string details() const override;
+    bool extent(Extent& found) const override;
 
     const Table& table() const { return *m_content.table; }
     const std::vector<Series>& lines() const { return m_content.series; }

@@ -1,4 +1,4 @@
-#include "engine/page/CoarseBudget.h"
+#include "engine/plot/surface/CoarseBudget.h"
 
 #include <algorithm>
 
