@@ -7,6 +7,7 @@
 #include "engine/VelUtil.h"
 #include "exception/ExceptionBase.h"
 
+#include <GL/gl.h>
 #include <gmock/gmock.h>
 
 #include <chrono>
@@ -186,6 +187,39 @@ TEST_F(ContentOfAHost, ThatIsReplacedWhileItDrawsIsToldToStopAndOutlivesItsDrawi
     turnUntilDone();
     EXPECT_TRUE(watched.expired());
     EXPECT_EQ(VelUtilPageIsComplete(), 1);
+}
+
+TEST_F(ContentOfAHost, ReachesNoContextOnceItsOwnHasGoneInMidDrawing)
+{
+    FakeArea other(90, 70);
+    const int otherPage = show(other);
+    m_page = show(area);
+    content::show(stripes);
+    VelEngPageExpose(m_page, 0);
+    stripes->whileDrawing = [] { keepBusyFor(std::chrono::milliseconds(1)); };
+    bool wasStopped = false;
+    bool isOfLibGL = true;
+    GLint viewport[4] = {-1, -1, -1, -1};
+    stripes->whenStopped = [&](const content::Drawing& drawing) {
+        wasStopped = true;
+        isOfLibGL = drawing.isOfLibGL;
+        reinterpret_cast<decltype(&::glGetIntegerv)>(drawing.findFunction("glGetIntegerv"))(GL_VIEWPORT, viewport);
+    };
+    inTurn = [&] {
+        const bool isDrawing = !stripes->drawings.empty() && stripes->drawings.back().detail == content::Detail::Full;
+        if (!isDrawing)
+            return 0;
+        letItGoOn();
+        area.detach();
+        area.valid = false;
+        VelEngPageExpose(otherPage, 0); // leaves another context current
+        return 0;
+    };
+    VelEngTurn();
+    ASSERT_TRUE(wasStopped);
+    if (!isOfLibGL)
+        GTEST_SKIP() << "drawing areas are never drawn by the software library, whose context stays current";
+    EXPECT_EQ(viewport[2], -1);
 }
 
 TEST_F(ContentOfAHost, ThatThrowsLeavesThePageInterruptedAndTheReasonInTheLastError)

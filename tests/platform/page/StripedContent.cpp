@@ -34,8 +34,10 @@ bool StripedContent::draw(const content::Drawing& drawing, content::Checkpoint& 
     for (int i = 0; i < stripes; ++i) {
         whileDrawing();
         fill(drawing, static_cast<double>(i) / stripes, (i + 0.5) / stripes);
-        if (!checkpoint.goOn((i + 1.0) / stripes))
+        if (!checkpoint.goOn((i + 1.0) / stripes)) {
+            whenStopped(drawing);
             return false;
+        }
     }
     ++finished;
     return true;

@@ -31,6 +31,7 @@ public:
     double zoomed = 1;
     double moved = 0;
     std::function<void()> whileDrawing = [] {}; ///< before each stripe
+    std::function<void(const content::Drawing&)> whenStopped = [](const content::Drawing&) {};
     std::vector<content::Drawing> drawings;
     std::vector<Left> left;
     int finished = 0; ///< drawings
