@@ -4,6 +4,7 @@
 #include "Animation.h"
 #include "AxisScales.h"
 #include "HelpWindow.h"
+#include "Icon.h"
 #include "OutputCommands.h"
 #include "Panels.h"
 #include "RecentFiles.h"
@@ -46,11 +47,6 @@ namespace {
 constexpr int LongestFileName = 4096;
 constexpr int NoteMilliseconds = 8000;
 constexpr double ZoomStep = 1.2; // as one notch of the wheel
-
-QIcon icon(const char* name)
-{
-    return QIcon(QString::fromLatin1(":/%1").arg(QLatin1String(name)));
-}
 
 bool load(const QString& fileName)
 {

@@ -71,7 +71,7 @@ private:
     void tellWhyNotOpened(const QString& fileName);
     void showData(const QString& name);
     void offerRotating(bool offered);
-    QAction* addTool(QActionGroup& group, const char* icon, const QString& text, const QString& key, int tool);
+    QAction* addTool(QActionGroup& group, const char* iconName, const QString& text, const QString& key, int tool);
 
     velmora::sdk::integration::GLDrawArea* m_area;
     ViewTools* m_tools;

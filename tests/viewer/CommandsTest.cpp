@@ -17,11 +17,6 @@
 #include <QToolBar>
 #include <algorithm>
 
-// After Qt, whose enumerators some of Xlib's macros would replace.
-#define XK_MISCELLANY
-#define XK_LATIN1
-#include <X11/keysymdef.h>
-
 using namespace velmora::test;
 
 namespace {
@@ -31,13 +26,6 @@ const char* const Outputs[] = {"&Export Image...", "Print Pre&view...", "&Print.
 
 class Commands : public OpenViewer {
 protected:
-    void typeWith(unsigned long modifier, unsigned long keySymbol)
-    {
-        pressKey(modifier);
-        type(keySymbol);
-        releaseKey(modifier);
-    }
-
     /// Opens the menu with Alt and chooses by the letter.
     void chooseFromMenu(unsigned long menu, unsigned long command)
     {
