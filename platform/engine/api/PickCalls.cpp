@@ -15,6 +15,7 @@
 #include <sstream>
 #include <string>
 #include <utility>
+#include <vector>
 
 using namespace velmora::engine;
 
@@ -82,6 +83,45 @@ int pickInFrame(const Frame& frame, Range x, Range y, const PickFilter& filter)
     return frame.plot->pick(x.low, y.low, x.high, y.high, filter);
 }
 
+/// The plots of a page in the order in which they are gone through.
+std::vector<std::shared_ptr<Plot>> plotsOf(const Page& page, bool forwards)
+{
+    std::vector<std::shared_ptr<Plot>> plots;
+    for (const Frame& frame : page.frames())
+        plots.push_back(frame.plot);
+    if (!forwards)
+        std::reverse(plots.begin(), plots.end());
+    return plots;
+}
+
+/// Gives the selection up but for that of the last plot that has one, from which it goes on; without one the first.
+std::size_t keepLastSelection(const std::vector<std::shared_ptr<Plot>>& plots)
+{
+    std::size_t last = 0;
+    for (std::size_t i = 0; i < plots.size(); ++i)
+        if (plots[i]->selectedCount() > 0)
+            last = i;
+    for (std::size_t i = 0; i < last; ++i)
+        plots[i]->deselectAll();
+    return last;
+}
+
+// Once around, and the one that it begins with a second time: from its own last object to its first.
+int pickNeighbour(bool forwards)
+{
+    if (!requireRunning())
+        return 0;
+    const std::shared_ptr<Page> page = pages().active();
+    const std::vector<std::shared_ptr<Plot>> plots = plotsOf(*page, forwards);
+    const std::size_t from = keepLastSelection(plots);
+    bool found = false;
+    for (std::size_t i = 0; i <= plots.size() && !plots.empty() && !found; ++i)
+        found = plots[(from + i) % plots.size()]->selectNeighbour(forwards);
+    if (found)
+        page->plotChanged();
+    return found ? 1 : 0;
+}
+
 } // namespace
 
 void VelUtilPickDeselectAll()
@@ -114,6 +154,18 @@ int VelUtilPickAddAllInRectX(VelArgList* arguments)
     if (picked > 0)
         page->plotChanged();
     return 1;
+}
+
+int VelUtilPickNext()
+{
+    traceCall("VelUtilPickNext");
+    return pickNeighbour(true);
+}
+
+int VelUtilPickPrevious()
+{
+    traceCall("VelUtilPickPrevious");
+    return pickNeighbour(false);
 }
 
 int VelUtilPickGetCount()

@@ -82,6 +82,9 @@ public:
     /// objects that were.
     virtual int pick(double x1, double y1, double x2, double y2, const PickFilter& filter) = 0;
     virtual void deselectAll() = 0;
+    /// Selects the object after (or before) what is selected and nothing else, of those that show; the first (or the
+    /// last) when nothing is selected. False, and nothing is selected any more, where no other one follows.
+    virtual bool selectNeighbour(bool after) = 0;
     virtual int selectedCount() const = 0;
     /// The names of what is selected, on one line; of many the first few and a number.
     virtual std::string selectionDescription() const = 0;
