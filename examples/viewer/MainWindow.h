@@ -18,12 +18,14 @@ namespace viewer {
 
 class Animation;
 class AxisScales;
+class ObjectMenu;
 class OutputCommands;
 class Panels;
 class RecentFiles;
 class ReloadCommand;
 class SurfaceMenu;
 class ViewHistory;
+class ViewSteps;
 class ViewTools;
 
 /// The window: one drawing area, the tools to look at it from all sides, and what there is to know.
@@ -80,6 +82,8 @@ private:
     Animation* m_animation;
     AxisScales* m_scales;
     ViewHistory* m_history;
+    ObjectMenu* m_objects;
+    ViewSteps* m_steps;
     SurfaceMenu* m_surface;
     Panels* m_panels;
     ReloadCommand* m_reload;
