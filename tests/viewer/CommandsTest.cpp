@@ -129,7 +129,7 @@ TEST_F(Commands, EveryToolHasAnIconAndNamesItsKeyInItsToolTip)
         if (tool->isSeparator())
             continue;
         ++count;
-        EXPECT_FALSE(tool->icon().isNull()) << tool->text().toStdString();
+        EXPECT_FALSE(tool->icon().pixmap(24, 24).isNull()) << tool->text().toStdString();
         EXPECT_FALSE(tool->shortcut().isEmpty()) << tool->text().toStdString();
         const QString key = '(' + tool->shortcut().toString(QKeySequence::NativeText) + ')';
         EXPECT_TRUE(tool->toolTip().endsWith(key)) << tool->toolTip().toStdString();
