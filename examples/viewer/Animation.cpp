@@ -1,5 +1,6 @@
 #include "Animation.h"
 
+#include "Icon.h"
 #include "ToolTip.h"
 #include "engine/VelUtil.h"
 #include "integration/Manager.h"
@@ -8,7 +9,6 @@
 #include "interfaces/EventManagerInterface.h"
 
 #include <QAction>
-#include <QIcon>
 #include <QMenu>
 #include <QToolBar>
 #include <QToolButton>
@@ -23,18 +23,14 @@ namespace {
 constexpr int MillisecondsPerStep = 40;
 constexpr double DegreesPerStep = 2.0;
 
-QIcon icon(const char* name)
-{
-    return QIcon(QString::fromLatin1(":/icons/vcr-%1.png").arg(QLatin1String(name)));
-}
-
 } // namespace
 
 Animation::Animation(QMenu& menu, QToolBar& toolBar, QObject* parent)
-    : QObject(parent), m_stepBack(menu.addAction(icon("previous"), tr("Turn One Step &Back"), this, SLOT(stepBack()))),
-      m_play(menu.addAction(icon("play"), tr("&Turn the Surface"), this, SLOT(play()))),
-      m_pause(menu.addAction(icon("pause"), tr("Stop Turnin&g"), this, SLOT(pause()))),
-      m_stepForward(menu.addAction(icon("next"), tr("Turn One St&ep On"), this, SLOT(stepForward())))
+    : QObject(parent),
+      m_stepBack(menu.addAction(icon("icons/vcr-previous.png"), tr("Turn One Step &Back"), this, SLOT(stepBack()))),
+      m_play(menu.addAction(icon("icons/vcr-play.png"), tr("&Turn the Surface"), this, SLOT(play()))),
+      m_pause(menu.addAction(icon("icons/vcr-pause.png"), tr("Stop Turnin&g"), this, SLOT(pause()))),
+      m_stepForward(menu.addAction(icon("icons/vcr-next.png"), tr("Turn One St&ep On"), this, SLOT(stepForward())))
 {
     setShortcut(*m_stepBack, QKeySequence(Qt::CTRL + Qt::Key_Left));
     for (QAction* const action : {m_play, m_pause}) // whichever of the two is enabled

@@ -45,6 +45,8 @@ QTreeWidget* newLineList()
     lines->setUniformRowHeights(true); // or each of a thousand lines would be measured
     lines->setIconSize(lineSampleSize());
     lines->header()->hide();
+    lines->setAccessibleName(ColumnsPanel::tr("Lines"));
+    lines->setContextMenuPolicy(Qt::ActionsContextMenu);
     return lines;
 }
 
@@ -75,6 +77,12 @@ ColumnsPanel::ColumnsPanel(QWidget* parent)
     buttons->addWidget(allLines);
     buttons->addWidget(noLines);
     setWidget(content);
+    QAction* const alone = new QAction(tr("&Show Alone, or All Again"), m_lines);
+    alone->setShortcuts(QList<QKeySequence>() << QKeySequence(Qt::Key_Return) << QKeySequence(Qt::Key_Enter));
+    alone->setShortcutContext(Qt::WidgetShortcut);
+    m_lines->addAction(alone);
+    connect(alone, SIGNAL(triggered()), this, SLOT(showAlone()));
+    connect(toggleViewAction(), SIGNAL(triggered(bool)), this, SLOT(takeFocus(bool)));
     connect(allLines, SIGNAL(clicked()), this, SLOT(showAll()));
     connect(noLines, SIGNAL(clicked()), this, SLOT(showNone()));
     connect(m_horizontal, SIGNAL(activated(int)), this, SLOT(chooseHorizontal(int)));
@@ -158,6 +166,23 @@ void ColumnsPanel::showNone()
     VelUtilLineShowAll(0);
     checkShownLines();
     Q_EMIT chosen();
+}
+
+void ColumnsPanel::showAlone()
+{
+    const QTreeWidgetItem* const item = m_lines->currentItem();
+    if (!item)
+        return;
+    VelUtilLineShowAlone(item->data(0, LineRole).toInt());
+    checkShownLines();
+    Q_EMIT chosen();
+}
+
+// Who opens the panel by the keys goes on in it by the keys.
+void ColumnsPanel::takeFocus(bool shown)
+{
+    if (shown)
+        m_lines->setFocus(Qt::ShortcutFocusReason);
 }
 
 void ColumnsPanel::chooseHorizontal(int place)

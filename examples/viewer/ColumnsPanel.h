@@ -32,6 +32,8 @@ private Q_SLOTS:
     void showOrHide(QTreeWidgetItem* item);
     void showAll();
     void showNone();
+    void showAlone();
+    void takeFocus(bool shown);
 
 private:
     void list(const QStringList& columns);

@@ -4,6 +4,8 @@
 #include "Animation.h"
 #include "AxisScales.h"
 #include "HelpWindow.h"
+#include "Icon.h"
+#include "ObjectMenu.h"
 #include "OutputCommands.h"
 #include "Panels.h"
 #include "RecentFiles.h"
@@ -14,6 +16,7 @@
 #include "ToolTip.h"
 #include "ValueLabel.h"
 #include "ViewHistory.h"
+#include "ViewSteps.h"
 #include "ViewTools.h"
 #include "WaitCursor.h"
 #include "WorkIndicator.h"
@@ -46,11 +49,6 @@ namespace {
 constexpr int LongestFileName = 4096;
 constexpr int NoteMilliseconds = 8000;
 constexpr double ZoomStep = 1.2; // as one notch of the wheel
-
-QIcon icon(const char* name)
-{
-    return QIcon(QString::fromLatin1(":/%1").arg(QLatin1String(name)));
-}
 
 bool load(const QString& fileName)
 {
@@ -85,6 +83,7 @@ MainWindow::MainWindow() : m_area(new GLDrawArea(this)), m_tools(new ViewTools(*
     m_area->setMinimumSize(160, 120);
     m_area->setAccessibleName(tr("Plot"));
     m_area->setPageManager(Manager::getInstance().getPageManager());
+    m_area->setFocus(); // its keys count from the start
 
     m_toolBar = addToolBar(tr("Tools"));
     m_toolBar->setObjectName(QLatin1String("tools"));
@@ -131,6 +130,9 @@ void MainWindow::createViewMenu()
     connect(tools, SIGNAL(triggered(QAction*)), this, SLOT(setTool(QAction*)));
     m_viewMenu->addSeparator();
     addViewCommands();
+    m_steps = new ViewSteps(*m_viewMenu, *m_area, this);
+    m_objects = new ObjectMenu(*m_viewMenu, *m_area, this);
+    connect(m_objects, SIGNAL(selectionChanged()), this, SLOT(showSelection()));
     m_toolBar->addSeparator();
     m_viewMenu->addSeparator();
     m_scales = new AxisScales(*m_viewMenu, this);
@@ -243,8 +245,9 @@ void MainWindow::showData(const QString& name)
         m_description->setText(tr("Open a table or a grid with File > Open, or drop it here."));
     else
         m_description->setText(name.isEmpty() ? shown : tr("%1: %2").arg(name, shown));
-    m_area->setAccessibleDescription(m_description->text());
     m_output->setEnabled(!shown.isEmpty());
+    m_objects->setEnabled(!shown.isEmpty());
+    m_steps->showState();
     m_animation->setEnabled(VelUtilViewCanRotate() != 0);
     m_scales->showState();
     m_surface->showState();
@@ -302,12 +305,15 @@ void MainWindow::deselect()
         m_tools->deselect();
 }
 
+// Programs that read the screen aloud tell it as soon as it changes.
 void MainWindow::showSelection()
 {
     const int count = VelUtilPickGetCount();
     const QString names = QString::fromUtf8(VelUtilPickDescription());
     m_selection->setText(count > 0 ? tr("%1 selected: %2").arg(count).arg(names) : QString());
     m_selection->setToolTip(m_selection->text()); // there may be little room
+    const QString told = m_description->text();
+    m_area->setAccessibleDescription(count > 0 ? tr("%1. %2").arg(m_selection->text(), told) : told);
 }
 
 void MainWindow::showNote(const QString& note)

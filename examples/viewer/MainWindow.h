@@ -18,12 +18,14 @@ namespace viewer {
 
 class Animation;
 class AxisScales;
+class ObjectMenu;
 class OutputCommands;
 class Panels;
 class RecentFiles;
 class ReloadCommand;
 class SurfaceMenu;
 class ViewHistory;
+class ViewSteps;
 class ViewTools;
 
 /// The window: one drawing area, the tools to look at it from all sides, and what there is to know.
@@ -71,7 +73,7 @@ private:
     void tellWhyNotOpened(const QString& fileName);
     void showData(const QString& name);
     void offerRotating(bool offered);
-    QAction* addTool(QActionGroup& group, const char* icon, const QString& text, const QString& key, int tool);
+    QAction* addTool(QActionGroup& group, const char* iconName, const QString& text, const QString& key, int tool);
 
     velmora::sdk::integration::GLDrawArea* m_area;
     ViewTools* m_tools;
@@ -80,6 +82,8 @@ private:
     Animation* m_animation;
     AxisScales* m_scales;
     ViewHistory* m_history;
+    ObjectMenu* m_objects;
+    ViewSteps* m_steps;
     SurfaceMenu* m_surface;
     Panels* m_panels;
     ReloadCommand* m_reload;

@@ -17,6 +17,14 @@ constexpr int ReachOfClick = 4; // pixels of the area: nobody hits a thin line e
 
 } // namespace
 
+void selectIn(const QRect& rect, bool add)
+{
+    double left = 0.0, right = 0.0, bottom = 0.0, top = 0.0;
+    VelUtilPickPositionToPaper(rect.left(), rect.bottom(), &left, &bottom);
+    VelUtilPickPositionToPaper(rect.right(), rect.top(), &right, &top);
+    VelEngSelectRegion(left, bottom, right, top, add ? 1 : 0);
+}
+
 int HollowBandStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                                QStyleHintReturn* result) const
 {
@@ -74,10 +82,7 @@ void RegionSelector::finish(const QPoint& position, bool add)
     const int reach = qRound(ReachOfClick * screenPixelsPerPixel(m_area));
     if (rect.width() < reach && rect.height() < reach)
         rect.adjust(-reach, -reach, reach, reach);
-    double left = 0.0, right = 0.0, bottom = 0.0, top = 0.0;
-    VelUtilPickPositionToPaper(rect.left(), rect.bottom(), &left, &bottom);
-    VelUtilPickPositionToPaper(rect.right(), rect.top(), &right, &top);
-    VelEngSelectRegion(left, bottom, right, top, add ? 1 : 0);
+    selectIn(rect, add);
 }
 
 void RegionSelector::zoom(const QPoint& position)

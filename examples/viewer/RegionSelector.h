@@ -2,6 +2,7 @@
 
 #include <QPoint>
 #include <QProxyStyle>
+#include <QRect>
 #include <QRubberBand>
 
 namespace velmora {
@@ -20,6 +21,9 @@ public:
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                   QStyleHintReturn* result) const override;
 };
+
+/// Selects what lies in a rectangle of the area, in pixels of the screen; with `add` what was selected before stays so.
+void selectIn(const QRect& rect, bool add);
 
 /// Selects what a rubber band encloses, or what is at the place of a mere click; or zooms to what it encloses.
 class RegionSelector {

@@ -1,9 +1,9 @@
 #include "SurfaceMenu.h"
 
+#include "Icon.h"
 #include "engine/VelUtil.h"
 
 #include <QActionGroup>
-#include <QIcon>
 #include <QMenu>
 
 namespace viewer {
@@ -13,9 +13,9 @@ SurfaceMenu::SurfaceMenu(QMenu& parentMenu, QObject* parent)
 {
     QMenu& menu = *parentMenu.addMenu(tr("S&urface"));
     // The numbers are the engine's.
-    addSide(menu, "xy", tr("&Map View"), Qt::Key_1, 0);
-    addSide(menu, "xz", tr("&Front View"), Qt::Key_2, 1);
-    addSide(menu, "yz", tr("&Side View"), Qt::Key_3, 2);
+    addSide(menu, "icons/orientation-xy.png", tr("&Map View"), Qt::Key_1, 0);
+    addSide(menu, "icons/orientation-xz.png", tr("&Front View"), Qt::Key_2, 1);
+    addSide(menu, "icons/orientation-yz.png", tr("&Side View"), Qt::Key_3, 2);
     menu.addSeparator();
     QMenu* const exaggerations = menu.addMenu(tr("&Vertical Exaggeration"));
     addExaggeration(*exaggerations, tr("&Half"), 0.5);
@@ -32,10 +32,9 @@ SurfaceMenu::SurfaceMenu(QMenu& parentMenu, QObject* parent)
     showState();
 }
 
-void SurfaceMenu::addSide(QMenu& menu, const char* icon, const QString& text, int key, int side)
+void SurfaceMenu::addSide(QMenu& menu, const char* iconName, const QString& text, int key, int side)
 {
-    const QString file = QString::fromLatin1(":/icons/orientation-%1.png").arg(QLatin1String(icon));
-    QAction* const action = menu.addAction(QIcon(file), text);
+    QAction* const action = menu.addAction(icon(iconName), text);
     action->setShortcut(QKeySequence(key));
     action->setData(side);
     m_sides->addAction(action);

@@ -25,7 +25,7 @@ private Q_SLOTS:
     void clipColors(bool clipped);
 
 private:
-    void addSide(QMenu& menu, const char* icon, const QString& text, int key, int side);
+    void addSide(QMenu& menu, const char* iconName, const QString& text, int key, int side);
     void addExaggeration(QMenu& menu, const QString& text, double factor);
 
     QActionGroup* m_sides;

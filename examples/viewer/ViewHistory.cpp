@@ -1,11 +1,11 @@
 #include "ViewHistory.h"
 
+#include "Icon.h"
 #include "IdleTime.h"
 #include "ToolTip.h"
 #include "engine/VelUtil.h"
 
 #include <QApplication>
-#include <QIcon>
 #include <QMenu>
 #include <QToolBar>
 
@@ -18,16 +18,11 @@ namespace {
 constexpr int RestMilliseconds = 500;
 constexpr int MostViews = 100;
 
-QIcon icon(const char* name)
-{
-    return QIcon(QString::fromLatin1(":/icons/%1.png").arg(QLatin1String(name)));
-}
-
 } // namespace
 
 ViewHistory::ViewHistory(QMenu& menu, QToolBar& toolBar, QObject* parent)
-    : QObject(parent), m_back(menu.addAction(icon("left"), tr("Bac&k"), this, SLOT(back()))),
-      m_forward(menu.addAction(icon("right"), tr("For&ward"), this, SLOT(forward())))
+    : QObject(parent), m_back(menu.addAction(icon("icons/left.png"), tr("Bac&k"), this, SLOT(back()))),
+      m_forward(menu.addAction(icon("icons/right.png"), tr("For&ward"), this, SLOT(forward())))
 {
     setShortcut(*m_back, QKeySequence(Qt::ALT + Qt::Key_Left));
     setShortcut(*m_forward, QKeySequence(Qt::ALT + Qt::Key_Right));

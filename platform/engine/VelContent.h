@@ -164,6 +164,9 @@ public:
     /// Adds what lies in the rectangle (x1 <= x2, y1 <= y2) to the selection; how many objects that were.
     virtual int pick(double x1, double y1, double x2, double y2, const PickFilter& filter);
     virtual void deselectAll();
+    /// Selects the object after (or before) what is selected and nothing else, of those that show; the first (or the
+    /// last) when nothing is selected. False, and nothing is selected any more, where no other one follows.
+    virtual bool selectNeighbour(bool after);
     virtual int selectedCount() const;
     /// The names of what is selected, on one line; of many the first few and a number.
     virtual std::string selectionDescription() const;

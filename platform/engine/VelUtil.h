@@ -184,6 +184,12 @@ VELMORA_PLATFORM_EXPORT void VelUtilPickDeselectAll();
 /// corner of the paper, corners in any order). "SelectZones", "SelectGeoms" and "SelectText" (0 or
 /// 1) say which kinds of object count, "ConsiderStyle" that hidden ones do not.
 VELMORA_PLATFORM_EXPORT int VelUtilPickAddAllInRectX(VelArgList* arguments);
+/// Selects the object that comes after what is selected, and nothing else: first lines or the surface, then axes,
+/// legend and colour bar, then texts, and after the last one the first again; the first one when nothing is selected.
+/// Only what shows counts. 0 for an empty page. Reference platform only.
+VELMORA_PLATFORM_EXPORT int VelUtilPickNext();
+/// The same the other way round. Reference platform only.
+VELMORA_PLATFORM_EXPORT int VelUtilPickPrevious();
 /// How many objects are selected. Reference platform only.
 VELMORA_PLATFORM_EXPORT int VelUtilPickGetCount();
 /// What is selected, on one line ("line speed, horizontal axis"; of many the first few and how many more), or "".

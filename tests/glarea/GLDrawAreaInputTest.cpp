@@ -20,9 +20,6 @@
 #include <string>
 #include <vector>
 
-// After Qt, whose enumerators some of Xlib's macros would replace.
-#include <X11/keysym.h>
-
 using namespace velmora::sdk::integration;
 using namespace velmora::test;
 

@@ -6,11 +6,6 @@
 #include <algorithm>
 #include <iterator>
 
-// After Qt, whose enumerators some of Xlib's macros would replace.
-#define XK_MISCELLANY
-#define XK_LATIN1
-#include <X11/keysymdef.h>
-
 using namespace velmora::test;
 using ::testing::Contains;
 using ::testing::ElementsAre;

@@ -4,11 +4,6 @@
 
 #include <boost/make_shared.hpp>
 
-// After Qt, whose enumerators some of Xlib's macros would replace.
-#define XK_MISCELLANY
-#define XK_LATIN1
-#include <X11/keysymdef.h>
-
 using namespace velmora::test;
 using velmora::sdk::integration::StopButton;
 using velmora::testing::EngineProbe;

@@ -21,9 +21,6 @@
 #include <QTimerEvent>
 #include <gtest/gtest.h>
 
-// After Qt, whose enumerators some of Xlib's macros would replace.
-#include <X11/keysym.h>
-
 namespace velmora::test {
 
 namespace {

@@ -19,9 +19,6 @@
 #include <gmock/gmock.h>
 #include <memory>
 
-// After Qt, whose enumerators some of Xlib's macros would replace.
-#include <X11/keysym.h>
-
 namespace velmora::test {
 
 namespace {

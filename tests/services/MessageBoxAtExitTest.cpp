@@ -10,9 +10,6 @@
 #include <QPointer>
 #include <cstdio>
 
-// After Qt, whose enumerators some of Xlib's macros would replace.
-#include <X11/keysym.h>
-
 using velmora::sdk::integration::services::MessageBoxService;
 
 namespace {

@@ -14,9 +14,6 @@
 #include <memory>
 #include <vector>
 
-// After Qt, whose enumerators some of Xlib's macros would replace.
-#include <X11/keysym.h>
-
 namespace velmora::test {
 
 namespace {

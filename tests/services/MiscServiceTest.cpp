@@ -14,7 +14,6 @@
 
 // After Qt, whose enumerators some of Xlib's macros would replace.
 #include <X11/Xlib.h>
-#include <X11/keysym.h>
 
 namespace velmora::test {
 

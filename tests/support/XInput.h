@@ -1,5 +1,7 @@
 #pragma once
 
+#include <X11/keysym.h>
+
 class QPoint;
 class QWidget;
 
@@ -9,7 +11,7 @@ namespace velmora::test {
 // to whatever window is under the pointer or has the focus. Each call returns once the server has
 // taken the event; the application still has to process it. Buttons are X's: 1 left, 2 middle,
 // 3 right, 4 wheel up, 5 wheel down, 6 wheel left, 7 wheel right. Keys are X key symbols
-// (XK_Escape …, <X11/keysym.h>).
+// (XK_Escape …).
 
 /// Moves the pointer to a position of the widget.
 void movePointer(const QWidget& widget, const QPoint& position);

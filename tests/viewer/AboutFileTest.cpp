@@ -14,11 +14,6 @@
 #include <QStatusBar>
 #include <QTableWidget>
 
-// After Qt, whose enumerators some of Xlib's macros would replace.
-#define XK_MISCELLANY
-#define XK_LATIN1
-#include <X11/keysymdef.h>
-
 using namespace velmora::test;
 
 namespace {
@@ -35,7 +30,6 @@ protected:
     QTableWidget& table() { return *panel().findChild<QTableWidget*>(); }
     QPlainTextEdit& notes() { return *panel().findChild<QPlainTextEdit*>(); }
     std::string cell(int row, int column) { return table().item(row, column)->text().toStdString(); }
-    std::string note() { return window->statusBar()->currentMessage().toStdString(); }
 
     QString weather()
     {

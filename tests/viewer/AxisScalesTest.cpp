@@ -6,12 +6,7 @@
 #include "tests/support/XInput.h"
 
 #include <QAction>
-#include <QStatusBar>
 #include <cstdlib>
-
-// After Qt, whose enumerators some of Xlib's macros would replace.
-#define XK_LATIN1
-#include <X11/keysymdef.h>
 
 using namespace velmora::test;
 
@@ -23,7 +18,6 @@ const char* const LogY = "Logarithmic &y";
 class AxisScaling : public OpenViewer {
 protected:
     void openTable(const char* content) { open(folder.write("steep.csv", content)); }
-    std::string note() const { return window->statusBar()->currentMessage().toStdString(); }
     void press(unsigned long key)
     {
         movePointer(*window, QPoint(3, 3));

@@ -14,11 +14,6 @@
 #include <QPushButton>
 #include <QTreeWidget>
 
-// After Qt, whose enumerators some of Xlib's macros would replace.
-#define XK_MISCELLANY
-#define XK_LATIN1
-#include <X11/keysymdef.h>
-
 using namespace velmora::test;
 
 namespace {

@@ -20,11 +20,6 @@
 #include <QPushButton>
 #include <QStatusBar>
 
-// After Qt, whose enumerators some of Xlib's macros would replace.
-#define XK_MISCELLANY
-#define XK_LATIN1
-#include <X11/keysymdef.h>
-
 using namespace velmora::test;
 using velmora::testing::EngineProbe;
 
@@ -34,8 +29,6 @@ const char* const WaitNote = "Wait until the drawing is complete, or stop it.";
 
 class Files : public OpenViewer {
 protected:
-    std::string note() { return window->statusBar()->currentMessage().toStdString(); }
-
     /// Opens a file that takes long to read, and acts meanwhile.
     void openAndMeanwhile(const QString& file, const std::function<void()>& act)
     {

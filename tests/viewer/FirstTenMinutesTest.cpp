@@ -22,11 +22,6 @@
 #include <QPrintDialog>
 #include <QStatusBar>
 
-// After Qt, whose enumerators some of Xlib's macros would replace.
-#define XK_MISCELLANY
-#define XK_LATIN1
-#include <X11/keysymdef.h>
-
 using namespace velmora::test;
 
 namespace {

@@ -15,10 +15,6 @@
 #include <QTextBrowser>
 #include <QTextDocument>
 
-// After Qt, whose enumerators some of Xlib's macros would replace.
-#define XK_MISCELLANY
-#define XK_LATIN1
-#include <X11/keysymdef.h>
 #include <algorithm>
 
 using namespace velmora::test;

@@ -19,11 +19,6 @@
 #include <QPushButton>
 #include <algorithm>
 
-// After Qt, whose enumerators some of Xlib's macros would replace.
-#define XK_MISCELLANY
-#define XK_LATIN1
-#include <X11/keysymdef.h>
-
 using namespace velmora::test;
 using velmora::testing::EngineProbe;
 

@@ -7,11 +7,6 @@
 #include "tests/support/XInput.h"
 #include "tests/viewer/EventWatch.h"
 
-// After Qt, whose enumerators some of Xlib's macros would replace.
-#define XK_MISCELLANY
-#define XK_LATIN1
-#include <X11/keysymdef.h>
-
 using namespace velmora::test;
 
 namespace {

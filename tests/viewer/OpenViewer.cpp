@@ -150,6 +150,13 @@ void OpenViewer::type(unsigned long keySymbol)
     released.wait();
 }
 
+void OpenViewer::typeWith(unsigned long modifier, unsigned long keySymbol)
+{
+    pressKey(modifier);
+    type(keySymbol);
+    releaseKey(modifier);
+}
+
 QWidget* OpenViewer::tool(const char* text) const
 {
     return window->findChild<QToolBar*>()->widgetForAction(action(text));
@@ -194,6 +201,11 @@ bool OpenViewer::statusBarSays(const QString& text) const
         if (label->isVisible() && label->text() == text)
             return true;
     return false;
+}
+
+std::string OpenViewer::note() const
+{
+    return window->statusBar()->currentMessage().toStdString();
 }
 
 bool differ(const QImage& a, const QImage& b)

@@ -8,6 +8,7 @@
 #include <QImage>
 #include <gtest/gtest.h>
 #include <memory>
+#include <string>
 
 class QAction;
 class QProgressBar;
@@ -49,6 +50,7 @@ protected:
     void drag(const QPoint& way, int button = 1);
     void wheel(bool up);
     void type(unsigned long keySymbol);
+    void typeWith(unsigned long modifier, unsigned long keySymbol);
 
     /// The action's button of the tool bar.
     QWidget* tool(const char* text) const;
@@ -59,6 +61,8 @@ protected:
     QProgressBar* progressBar() const;
     /// Whether a label of the status bar shows this now.
     bool statusBarSays(const QString& text) const;
+    /// What the status bar says for a while, over its labels.
+    std::string note() const;
 
     TempFolder folder;
     std::unique_ptr<viewer::EngineSession> session;

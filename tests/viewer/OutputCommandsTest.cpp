@@ -24,10 +24,6 @@
 #include <QSpinBox>
 #include <QStatusBar>
 
-// After Qt, whose enumerators some of Xlib's macros would replace.
-#define XK_MISCELLANY
-#include <X11/keysymdef.h>
-
 using namespace velmora::test;
 using namespace velmora::sdk::integration;
 

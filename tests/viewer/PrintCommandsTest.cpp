@@ -28,11 +28,6 @@
 #include <QRadioButton>
 #include <QStatusBar>
 
-// After Qt, whose enumerators some of Xlib's macros would replace.
-#define XK_LATIN1
-#define XK_MISCELLANY
-#include <X11/keysymdef.h>
-
 using namespace velmora::test;
 using velmora::sdk::integration::Manager;
 using velmora::testing::EngineProbe;

@@ -15,11 +15,6 @@
 #include <QPushButton>
 #include <cstdio>
 
-// After Qt, whose enumerators some of Xlib's macros would replace.
-#define XK_MISCELLANY
-#define XK_LATIN1
-#include <X11/keysymdef.h>
-
 using namespace velmora::test;
 using velmora::testing::EngineProbe;
 
@@ -81,6 +76,46 @@ TEST_F(Reload, TheKeyReadsTheFileAgainAndKeepsTheView)
     EXPECT_TRUE(placeOf("rising = 0, x = 0").isNull());
     EXPECT_FALSE(VelUtilLineIsShown(2));
     EXPECT_TRUE(statusBarSays("lines.csv: 2 lines, 4 rows"));
+}
+
+TEST_F(Reload, TheKeyKeepsLogarithmicAxes)
+{
+    open(file);
+    type(XK_y);
+    EXPECT_TRUE(settle());
+    const QPoint before = placeOf("rising = 1, x = 1");
+    ASSERT_FALSE(before.isNull());
+    write("x,rising,waving\n0,0,5\n1,1,3\n2,2,4\n3,2,4\n");
+    type(XK_F5);
+    EXPECT_TRUE(shows("2 lines, 4 rows"));
+    EXPECT_EQ(VelUtilAxisIsLogarithmic(1), 1);
+    EXPECT_EQ(VelUtilAxisIsLogarithmic(0), 0);
+    EXPECT_TRUE(action("Logarithmic &y")->isChecked());
+    EXPECT_FALSE(action("Logarithmic &x")->isChecked());
+    EXPECT_EQ(placeOf("rising = 1, x = 1").y(), before.y());
+    write("x,rising,waving\n0,0,-5\n1,-1,-3\n2,-2,0\n");
+    type(XK_F5);
+    EXPECT_TRUE(shows("2 lines, 3 rows"));
+    EXPECT_FALSE(action("Logarithmic &y")->isChecked()) << "nothing of it has a logarithm";
+}
+
+TEST_F(Reload, TheKeyKeepsExaggerationAndColoursOfASurface)
+{
+    const QByteArray header = "ncols 3\nnrows 3\nxllcorner 0\nyllcorner 0\ncellsize 1\n";
+    const QString hill = folder.write("hill.asc", header + "1 2 3\n4 5 6\n7 8 9\n");
+    open(hill);
+    action("&5 Times")->trigger();
+    type(XK_c);
+    EXPECT_TRUE(settle());
+    const std::string view = VelUtilViewState();
+    folder.write("hill.asc", header + "1 2 3\n4 5 6\n7 8 -9999\n");
+    type(XK_F5);
+    EXPECT_TRUE(shows("3 x 3 grid, 1 gap"));
+    EXPECT_EQ(VelUtilSurfaceGetExaggeration(), 5);
+    EXPECT_EQ(VelUtilSurfaceColorsAreClipped(), 1);
+    EXPECT_TRUE(action("&5 Times")->isChecked());
+    EXPECT_TRUE(action("&Colours from 2 to 98 %")->isChecked());
+    EXPECT_EQ(VelUtilViewState(), view);
 }
 
 TEST_F(Reload, AChangeIsOfferedAndTakenWithOneClick)

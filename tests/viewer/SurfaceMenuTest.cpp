@@ -8,10 +8,6 @@
 
 #include <QAction>
 
-// After Qt, whose enumerators some of Xlib's macros would replace.
-#define XK_LATIN1
-#include <X11/keysymdef.h>
-
 using namespace velmora::test;
 
 namespace {

@@ -9,11 +9,6 @@
 
 #include <QAction>
 
-// After Qt, whose enumerators some of Xlib's macros would replace.
-#define XK_LATIN1
-#define XK_MISCELLANY
-#include <X11/keysymdef.h>
-
 using namespace velmora::test;
 
 namespace {
@@ -27,9 +22,7 @@ protected:
 
     void go(unsigned long key)
     {
-        pressKey(XK_Alt_L);
-        type(key);
-        releaseKey(XK_Alt_L);
+        typeWith(XK_Alt_L, key);
         EXPECT_TRUE(settle());
     }
     void back() { go(XK_Left); }

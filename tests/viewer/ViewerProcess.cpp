@@ -20,14 +20,18 @@ void ViewerProcess::start(QProcess& process, const QStringList& arguments) const
 Ended ViewerProcess::waitForEnd(QProcess& process)
 {
     Ended result;
+    QString trouble;
     if (!process.waitForFinished(LongestRunMilliseconds)) {
         process.kill();
         process.waitForFinished();
+        trouble = QString("(killed: it had not ended after %1 s)\n").arg(LongestRunMilliseconds / 1000);
     } else if (process.exitStatus() == QProcess::NormalExit) {
         result.exitCode = process.exitCode();
+    } else {
+        trouble = QString("(ended by a signal; %1, if the toolkit tells which)\n").arg(process.exitCode());
     }
     result.output = QString::fromUtf8(process.readAllStandardOutput());
-    result.error = QString::fromUtf8(process.readAllStandardError());
+    result.error = QString::fromUtf8(process.readAllStandardError()) + trouble;
     return result;
 }
 

@@ -10,7 +10,7 @@ namespace velmora::test {
 
 /// What a run of the viewer left behind.
 struct Ended {
-    int exitCode = -1; ///< -1: it crashed or did not end
+    int exitCode = -1; ///< -1: it crashed or did not end; `error` then ends with which of the two
     QString output;
     QString error;
 };

@@ -7,11 +7,6 @@
 
 #include <cstdlib>
 
-// After Qt, whose enumerators some of Xlib's macros would replace.
-#define XK_LATIN1
-#define XK_MISCELLANY
-#include <X11/keysymdef.h>
-
 using namespace velmora::test;
 
 namespace {

@@ -19,11 +19,6 @@
 #include <QMessageBox>
 #include <QMimeData>
 #include <QUrl>
-
-// After Qt, whose enumerators some of Xlib's macros would replace.
-#define XK_MISCELLANY
-#define XK_LATIN1
-#include <X11/keysymdef.h>
 #include <string>
 
 using namespace velmora::test;

@@ -14,6 +14,7 @@
 #include <sstream>
 #include <string>
 #include <utility>
+#include <vector>
 
 using namespace velmora::engine;
 
@@ -81,6 +82,45 @@ int pickInFrame(const Frame& frame, Range x, Range y, const PickFilter& filter)
     return frame.content->pick(x.low, y.low, x.high, y.high, filter);
 }
 
+/// The contents of a page, in the order in which they are gone through.
+std::vector<std::shared_ptr<Content>> contentsOf(const Page& page, bool forwards)
+{
+    std::vector<std::shared_ptr<Content>> contents;
+    for (const Frame& frame : page.frames())
+        contents.push_back(frame.content);
+    if (!forwards)
+        std::reverse(contents.begin(), contents.end());
+    return contents;
+}
+
+/// Gives the selection up but for that of the last content that has one, from which it goes on; without one the first.
+std::size_t keepLastSelection(const std::vector<std::shared_ptr<Content>>& contents)
+{
+    std::size_t last = 0;
+    for (std::size_t i = 0; i < contents.size(); ++i)
+        if (contents[i]->selectedCount() > 0)
+            last = i;
+    for (std::size_t i = 0; i < last; ++i)
+        contents[i]->deselectAll();
+    return last;
+}
+
+// Once around, and the one that it begins with a second time: from its own last object to its first.
+int pickNeighbour(bool forwards)
+{
+    if (!requireRunning())
+        return 0;
+    const std::shared_ptr<Page> page = pages().active();
+    const std::vector<std::shared_ptr<Content>> contents = contentsOf(*page, forwards);
+    const std::size_t from = keepLastSelection(contents);
+    bool found = false;
+    for (std::size_t i = 0; i <= contents.size() && !contents.empty() && !found; ++i)
+        found = contents[(from + i) % contents.size()]->selectNeighbour(forwards);
+    if (found)
+        page->contentChanged();
+    return found ? 1 : 0;
+}
+
 } // namespace
 
 void VelUtilPickDeselectAll()
@@ -113,6 +153,18 @@ int VelUtilPickAddAllInRectX(VelArgList* arguments)
     if (picked > 0)
         page->contentChanged();
     return 1;
+}
+
+int VelUtilPickNext()
+{
+    traceCall("VelUtilPickNext");
+    return pickNeighbour(true);
+}
+
+int VelUtilPickPrevious()
+{
+    traceCall("VelUtilPickPrevious");
+    return pickNeighbour(false);
 }
 
 int VelUtilPickGetCount()

@@ -111,6 +111,11 @@ int Content::pick(double, double, double, double, const PickFilter&)
 
 void Content::deselectAll() {}
 
+bool Content::selectNeighbour(bool)
+{
+    return false;
+}
+
 int Content::selectedCount() const
 {
     return 0;

@@ -2,6 +2,8 @@
 
 #include "engine/plot/PlotTexts.h"
 
+#include <iterator>
+
 namespace velmora::engine {
 
 namespace {
@@ -46,6 +48,23 @@ int SelectablePlot::pick(double x1, double y1, double x2, double y2, const PickF
     collect(rect, filter, found);
     m_selection.insert(found.begin(), found.end());
     return static_cast<int>(found.size());
+}
+
+bool SelectablePlot::selectNeighbour(bool after)
+{
+    Selection shown;
+    collect(m_frameSize.rect(), PickFilter(), shown);
+    auto first = shown.begin(); // of those that follow
+    auto last = shown.end();
+    if (after && !m_selection.empty())
+        first = shown.upper_bound(*m_selection.rbegin());
+    else if (!m_selection.empty())
+        last = shown.lower_bound(*m_selection.begin());
+    m_selection.clear();
+    if (first == last)
+        return false;
+    m_selection.insert(after ? *first : *std::prev(last));
+    return true;
 }
 
 std::string SelectablePlot::selectionDescription() const

@@ -43,6 +43,7 @@ class SelectablePlot : public Content {
 public:
     int pick(double x1, double y1, double x2, double y2, const PickFilter& filter) override;
     void deselectAll() override { m_selection.clear(); }
+    bool selectNeighbour(bool after) override;
     int selectedCount() const override { return static_cast<int>(m_selection.size()); }
     std::string selectionDescription() const override;
 

@@ -8,6 +8,9 @@
 #include <gmock/gmock.h>
 
 #include <memory>
+#include <set>
+#include <string>
+#include <vector>
 
 namespace velmora::test {
 namespace {
@@ -94,6 +97,62 @@ TEST_F(Pick, TheSelectionShowsAndDeselectingTakesItAway)
     EXPECT_EQ(VelUtilPickGetCount(), 0);
     VelUtilWorkFinish();
     EXPECT_EQ(area.surface.bytes(), before);
+}
+
+TEST_F(Pick, NextGoesThroughAllThatShowsOneByOneAndBeginsAgain)
+{
+    pick(0, 8.5, 0, 11);
+    const int all = VelUtilPickGetCount();
+    VelUtilPickDeselectAll();
+    std::vector<std::string> names;
+    for (int i = 0; i < all; ++i) {
+        EXPECT_EQ(VelUtilPickNext(), 1);
+        EXPECT_EQ(VelUtilPickGetCount(), 1);
+        names.emplace_back(VelUtilPickDescription());
+    }
+    EXPECT_EQ(std::set<std::string>(names.begin(), names.end()).size(), names.size());
+    EXPECT_EQ(names[0].substr(0, 5), "line ");
+    EXPECT_EQ(VelUtilPickNext(), 1);
+    EXPECT_EQ(VelUtilPickDescription(), names.front());
+    for (int i = all - 1; i >= 0; --i) {
+        EXPECT_EQ(VelUtilPickPrevious(), 1);
+        EXPECT_EQ(VelUtilPickDescription(), names[static_cast<std::size_t>(i)]);
+    }
+}
+
+TEST_F(Pick, NextAndPreviousGoOnFromWhatIsSelectedAndLeaveOutWhatIsHidden)
+{
+    pick(0, 8.5, 0, 11, 1, 0, 0);
+    ASSERT_EQ(VelUtilPickGetCount(), 2);
+    VelUtilPickNext();
+    EXPECT_STREQ(VelUtilPickDescription(), "horizontal axis");
+    VelUtilPickDeselectAll();
+    VelUtilPickPrevious();
+    EXPECT_EQ(std::string(VelUtilPickDescription()).substr(0, 13), "legend entry ");
+    VelUtilPickNext();
+    const std::string first = VelUtilPickDescription();
+    VelUtilLineShow(1, 0);
+    EXPECT_EQ(VelUtilPickGetCount(), 0);
+    VelUtilPickNext();
+    const std::string second = VelUtilPickDescription();
+    EXPECT_EQ(second.substr(0, 5), "line ");
+    EXPECT_NE(second, first);
+    VelUtilPickNext();
+    EXPECT_STREQ(VelUtilPickDescription(), "horizontal axis");
+}
+
+TEST_F(Pick, NextShowsAndAnEmptyPageHasNone)
+{
+    const std::vector<unsigned char> before = area.surface.bytes();
+    VelUtilPickNext();
+    EXPECT_EQ(VelUtilPageIsComplete(), 0);
+    VelUtilWorkFinish();
+    EXPECT_NE(area.surface.bytes(), before);
+    VelEngStop();
+    EXPECT_EQ(VelUtilPickNext(), 0) << "without an engine";
+    VelEngStart("", "test");
+    EXPECT_EQ(VelUtilPickNext() + VelUtilPickPrevious(), 0);
+    EXPECT_EQ(VelUtilPickGetCount(), 0);
 }
 
 TEST_F(Pick, AMissingCornerIsReportedByItsName)

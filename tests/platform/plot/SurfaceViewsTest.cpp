@@ -6,10 +6,12 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <ctime>
 #include <set>
 #include <string>
+#include <utility>
 
 using namespace velmora::engine;
 using namespace velmora::engine::test;
@@ -67,6 +69,15 @@ std::size_t countColors(const Picture& picture)
                 colors.insert((pixel.red / 24 * 16 + pixel.green / 24) * 16 + pixel.blue / 24);
         }
     return colors.size();
+}
+
+bool hasInk(const Picture& picture, const Rect& rect)
+{
+    for (int y = static_cast<int>(rect.y1); y < rect.y2; ++y)
+        for (int x = static_cast<int>(rect.x1); x < rect.x2; ++x)
+            if (!picture.at(x, y).isWhite())
+                return true;
+    return false;
 }
 
 std::size_t colorsOf(SurfacePlot& plot)
@@ -222,6 +233,37 @@ TEST(SurfaceViews, BothEndsOfTheColourBarTellThatThereIsMore)
     EXPECT_EQ(layout.barLabels.back().text.rfind("≥ ", 0), 0U) << layout.barLabels.back().text;
     for (std::size_t i = 1; i + 1 < layout.barLabels.size(); ++i)
         EXPECT_EQ(layout.barLabels[i].text.find(' '), std::string::npos);
+}
+
+// In a low frame not every colour has a label: text stays legible.
+TEST(SurfaceViews, TheLastLabelOfAClippedColourBarIsAlwaysDrawnAtItsEnd)
+{
+    constexpr double LeastText = 9;
+    std::set<std::pair<std::size_t, std::size_t>> kinds; // colours, labels
+    for (const double steepness : {1.0, 1.3, 1.7, 2.2, 3.0, 4.4})
+        for (const int height : {120, 200, 500}) {
+            const auto grid = gridOf(101, 101, [steepness](int column, int row) {
+                return column == 50 && row == 50 ? 1e5 : column * steepness;
+            });
+            GridPlot plot(grid);
+            plot.clipColors(true);
+            Picture picture(Width, height);
+            Drawing drawing = picture.drawing();
+            drawing.leastText = LeastText;
+            CountingCheckpoint checkpoint;
+            ASSERT_TRUE(plot.draw(drawing, checkpoint));
+            picture.refresh();
+            const SurfaceLayout layout = layOut(*grid, plot.shape(), plot.view(), frameSizeOf(drawing));
+            const std::vector<TextItem>& labels = layout.barLabels;
+            kinds.insert({plot.shape().bandEdges().size(), labels.size()});
+            EXPECT_EQ(labels.back().text.rfind("≥ ", 0), 0U) << height << ": " << labels.back().text;
+            EXPECT_NEAR(labels.back().anchor.y, layout.bar.y2, 1) << height;
+            EXPECT_TRUE(hasInk(picture, textRect(labels.back()))) << height;
+            for (std::size_t i = 1; i < labels.size(); ++i)
+                EXPECT_LT(textRect(labels[i - 1]).y2, textRect(labels[i]).y1) << height << ": " << labels[i].text;
+        }
+    const auto isThinnedUnevenly = [](const auto& kind) { return kind.second < kind.first && kind.first % 2 == 0; };
+    EXPECT_TRUE(std::any_of(kinds.begin(), kinds.end(), isThinnedUnevenly)) << "each second label would miss the last";
 }
 
 TEST(SurfaceViews, TheMiddleHeightsOfASampleAreThoseOfTheGrid)
