@@ -82,8 +82,8 @@ if(NOT VELMORA_SDK_ROOT)
     SUMMARY "Reference platform of the Velmora integration for Qt (dialogs, for development)"
     TEXT "What a program is linked with that uses the platform's dialogs.")
 endif()
-# Both are loaded at run time; either is enough to draw images by software.
-velmora_package(runtime ${library} LIBRARY SECTION libs DEPENDS ${needs_platform} RECOMMENDS "libegl1 | libosmesa6"
+# All are loaded at run time; either of the first two is enough to draw images by software, the last is for 3D mice.
+velmora_package(runtime ${library} LIBRARY SECTION libs DEPENDS ${needs_platform} RECOMMENDS "libegl1 | libosmesa6" libspnav0
   SUMMARY "Binds a visualisation engine to a Qt desktop application" TEXT ${about})
 velmora_package(development libvlsdkintegrationmanager-${qt}-dev SECTION libdevel
   DEPENDS "${library} ${same}" ${needs_platform_development} libboost-dev ${VELMORA_TOOLKIT_PACKAGES}

@@ -76,6 +76,12 @@ ApplicationEventMonitorInterface& Manager::getApplicationEventMonitor()
     return *m_impl->applicationEventMonitor;
 }
 
+threedmouse::DeviceState_e Manager::startThreedMouse(const std::string& deviceName, const QWidget& widget)
+{
+    m_impl->applicationEventMonitor->startThreedMouse(deviceName, widget);
+    return threedmouse::deviceState();
+}
+
 void Manager::subManagersInstantiate()
 {
     ManagerAbstract::subManagersInstantiate();

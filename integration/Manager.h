@@ -1,9 +1,11 @@
 #pragma once
 
 #include "integration/Export.h"
+#include "integration/intern/Mouse3DInput.h"
 #include "integrationmanager/ManagerAbstract.h"
 
 #include <memory>
+#include <string>
 
 namespace velmora {
 namespace sdk {
@@ -31,6 +33,12 @@ public:
     static Manager& getInstance();
 
     ApplicationEventMonitorInterface& getApplicationEventMonitor() override;
+
+    /// Begins to listen to a 3D mouse, for as long as `widget` lives; a call later looks again for what is not there
+    /// now. Its motions and buttons come through the signals of the event monitor's MouseEventObservableInterface
+    /// (`connectThreedMouseMotionEvent` and the others). Call it when there is a QApplication; see
+    /// threedmouse::startListeningForEvents for the rest. No device, library or daemon is no error: the state tells.
+    threedmouse::DeviceState_e startThreedMouse(const std::string& deviceName, const QWidget& widget);
 
 protected:
     // Here only to make this class the final overrider; the engine's manager does the work.

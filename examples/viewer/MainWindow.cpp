@@ -13,6 +13,7 @@
 #include "ScreenPixels.h"
 #include "ShownPage.h"
 #include "SurfaceMenu.h"
+#include "ThreedMouseNavigation.h"
 #include "ToolTip.h"
 #include "ValueLabel.h"
 #include "ViewHistory.h"
@@ -142,6 +143,7 @@ void MainWindow::createViewMenu()
     m_surface = new SurfaceMenu(*m_viewMenu, this);
     m_viewMenu->addSeparator();
     m_animation = new Animation(*m_viewMenu, *m_toolBar, this);
+    new ThreedMouseNavigation(*m_viewMenu, *m_area); // which owns it
     m_viewMenu->addSeparator();
     m_panels = new Panels(*m_viewMenu, *this);
     connect(m_tools, SIGNAL(selectionChanged()), m_panels, SLOT(refresh()));

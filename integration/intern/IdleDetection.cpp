@@ -2,6 +2,7 @@
 
 #include "integration/intern/ApplicationEventMonitor.h"
 #include "integration/intern/Mouse3DInput.h"
+#include "integration/intern/ThreedMouseDevice.h"
 
 #include <QCoreApplication>
 #include <QTimerEvent>
@@ -98,6 +99,7 @@ void Filter::engineNotBusyCallback(long clientData)
     EventFilter& filter = *reinterpret_cast<EventFilter*>(clientData);
     filter.restartIdleDetectionTimerIfItWasKilledWhileBusy();
     filter.m_nestedLoops.workEnded();
+    ThreedMouseDevice::workEnded();
     const EndOfWork endOfWork(filter);
     filter.m_monitor.emitEngineIsNoLongerBusy();
 }

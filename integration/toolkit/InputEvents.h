@@ -1,5 +1,7 @@
 #pragma once
 
+#include "integration/toolkit/WheelTurns.h"
+
 #include <QPoint>
 #include <memory>
 
@@ -18,26 +20,7 @@ QPoint screenPosition(const QMouseEvent& event, const QObject& receiver);
 QPoint screenPosition(const QWheelEvent& event, const QObject& receiver);
 /// @}
 
-/// How far a wheel was turned, in eighths of a degree, and in which direction it turns.
-struct WheelTurn {
-    int delta;
-    bool isVertical;
-};
-
-/// The turns that one event tells of: one, or, of what turns in both directions, the vertical one and the horizontal
-/// one.
-class WheelTurns {
-public:
-    explicit WheelTurns(const WheelTurn& turn) : m_turns{turn, {}}, m_count(1) {}
-    WheelTurns(const WheelTurn& first, const WheelTurn& second) : m_turns{first, second}, m_count(2) {}
-
-    const WheelTurn* begin() const { return m_turns; }
-    const WheelTurn* end() const { return m_turns + m_count; }
-
-private:
-    WheelTurn m_turns[2];
-    int m_count;
-};
+/// What the event tells of the wheel.
 WheelTurns turnsOf(const QWheelEvent& event);
 
 /// The first key of the shortcut as the toolkit packs it, modifier bits included.

@@ -227,6 +227,9 @@ void ApplicationEventMonitorAbstract::notifyOfIdle(OnIdleObservableInterface& so
 void ApplicationEventMonitorAbstract::threedMouseMoveEvent(const MotionData& motion)
 {
     emitThreedMouseMotionEvent(motion);
+    // Idle time is held back for as long as the device moves, and the person is to see what it does.
+    if (VelEngIsRunning() != 0)
+        VelEngTurn();
 }
 
 void ApplicationEventMonitorAbstract::threedMouseStopEvent()

@@ -85,7 +85,8 @@ protected:
     /// new work came during the last.
     void notifyOfIdle(OnIdleObservableInterface& source);
     /// @{
-    /// What the driver of a 3D mouse tells; calls the slots of the signal for it.
+    /// What the driver of a 3D mouse tells, not while the engine is busy; calls the slots of the signal for it. A
+    /// motion gives the engine its turn, too, for there is no idle time before the end of motion.
     void threedMouseMoveEvent(const MotionData& motion);
     void threedMouseStopEvent();
     void threedMouseButtonAction(ButtonActions actions);

@@ -4,10 +4,18 @@
 
 #include "integration/intern/Mouse3DInput.h"
 
+#include <cstdlib>
 #include <memory>
 
 using namespace velmora::test;
 namespace threedmouse = velmora::sdk::threedmouse;
+
+namespace {
+
+// Whatever the machine has: what is kept is the question.
+const int g_withoutDevice = setenv("VELMORA_SPNAV_LIBRARY", "/there/is/none", 1);
+
+} // namespace
 
 TEST_F(MonitorTest, NoMotionIsInProgressEvenAfterTheStart)
 {

@@ -33,7 +33,7 @@ void keepImagesExact(QPainter& painter)
 
 WheelTurn turnOf(const QWheelEvent& event)
 {
-    return {event.pos(), event.delta()};
+    return {event.pos(), event.angleDelta().y()};
 }
 
 } // namespace viewer

@@ -34,9 +34,13 @@ QPoint screenPosition(const QWheelEvent& event, const QObject& receiver)
     return (event.posF() * scaleFor(receiver)).toPoint();
 }
 
+// A turn in both directions comes as two events: the first has both as a point, the second tells the horizontal one
+// once more and has no point.
 WheelTurns turnsOf(const QWheelEvent& event)
 {
-    return WheelTurns({event.delta(), event.orientation() == Qt::Vertical});
+    if (!event.angleDelta().isNull())
+        return WheelTurns::ofAngle(event.angleDelta());
+    return event.delta() == 0 ? WheelTurns::ofPixels(event.pixelDelta()) : WheelTurns();
 }
 
 int firstKeyOf(const QShortcutEvent& event)
@@ -52,8 +56,9 @@ std::unique_ptr<QMouseEvent> copyOf(const QMouseEvent& event)
 
 std::unique_ptr<QWheelEvent> copyOf(const QWheelEvent& event)
 {
-    return std::make_unique<QWheelEvent>(event.pos(), event.globalPos(), event.delta(), event.buttons(),
-                                         event.modifiers(), event.orientation());
+    return std::make_unique<QWheelEvent>(event.posF(), event.globalPosF(), event.pixelDelta(), event.angleDelta(),
+                                         event.delta(), event.orientation(), event.buttons(), event.modifiers(),
+                                         event.phase(), event.source(), event.inverted());
 }
 
 } // namespace velmora::sdk::integration::toolkit

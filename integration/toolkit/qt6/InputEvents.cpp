@@ -35,15 +35,10 @@ QPoint screenPosition(const QWheelEvent& event, const QObject& receiver)
     return (event.position() * scaleFor(receiver)).toPoint();
 }
 
-// The toolkit tells both directions at once, and begins and ends of a gesture without any.
 WheelTurns turnsOf(const QWheelEvent& event)
 {
-    const QPoint turned = event.angleDelta();
-    const WheelTurn vertical = {turned.y(), true};
-    const WheelTurn horizontal = {turned.x(), false};
-    if (turned.x() == 0)
-        return WheelTurns(vertical);
-    return turned.y() == 0 ? WheelTurns(horizontal) : WheelTurns(vertical, horizontal);
+    return event.angleDelta().isNull() ? WheelTurns::ofPixels(event.pixelDelta())
+                                       : WheelTurns::ofAngle(event.angleDelta());
 }
 
 int firstKeyOf(const QShortcutEvent& event)

@@ -17,4 +17,17 @@ WheelFacts wheelFacts(const QWheelEvent& event)
             isHorizontal ? Qt::Horizontal : Qt::Vertical};
 }
 
+std::vector<std::unique_ptr<QWheelEvent>> wheelEventsOf(const QPoint& turned, const QPoint& pixels)
+{
+    std::vector<std::unique_ptr<QWheelEvent>> events;
+    events.push_back(std::make_unique<QWheelEvent>(QPointF(), QPointF(), pixels, turned, Qt::NoButton, Qt::NoModifier,
+                                                   Qt::NoScrollPhase, false));
+    return events;
+}
+
+bool wheelEventsHavePixels()
+{
+    return true;
+}
+
 } // namespace velmora::test
