@@ -5,6 +5,7 @@
 #include "ExportDialog.h"
 #include "HelpWindow.h"
 #include "tests/support/AccessibleText.h"
+#include "tests/support/Wait.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -60,6 +61,7 @@ TEST_F(Accessible, TheStatusBarTellsWhatItShows)
 TEST_F(Accessible, EveryFieldOfTheExportIsNamed)
 {
     viewer::ExportDialog dialog(QSize(640, 480), window.get());
+    ASSERT_TRUE(showAndWait(dialog)) << "of a hidden field nothing need be told";
     const QList<QWidget*> fields = dialog.findChildren<QWidget*>();
     int count = 0;
     for (QWidget* const field : fields)
