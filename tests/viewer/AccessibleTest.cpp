@@ -20,7 +20,14 @@ using namespace velmora::test;
 
 namespace {
 
-using Accessible = OpenViewer;
+class Accessible : public OpenViewer {
+protected:
+    void SetUp() override
+    {
+        if (const char* const reason = whyNothingIsTold())
+            GTEST_SKIP() << reason;
+    }
+};
 
 QString withoutMarks(QString text)
 {
