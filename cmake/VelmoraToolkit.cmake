@@ -21,6 +21,18 @@ add_library(velmora_toolkit INTERFACE)
 target_compile_definitions(velmora_toolkit INTERFACE QT_NO_KEYWORDS)
 set_target_properties(velmora_toolkit PROPERTIES EXPORT_NAME toolkit)
 
+# velmora_find_toolkit_in_modules(<package> <version> modules…): for a toolkit whose package, targets and pkg-config
+# files are named alike. A macro: what the package sets is needed by its functions later on.
+macro(velmora_find_toolkit_in_modules package version)
+  find_package(${package} ${version} REQUIRED COMPONENTS ${ARGN})
+  string(REPLACE ";" " " VELMORA_FIND_TOOLKIT "find_dependency(${package} ${version} COMPONENTS ${ARGN})")
+  set(VELMORA_PC_TOOLKIT ${ARGN})
+  list(TRANSFORM VELMORA_PC_TOOLKIT PREPEND ${package})
+  set(toolkit_libraries ${ARGN})
+  list(TRANSFORM toolkit_libraries PREPEND ${package}::)
+  target_link_libraries(velmora_toolkit INTERFACE ${toolkit_libraries})
+endmacro()
+
 set(toolkit_answers "${CMAKE_CURRENT_LIST_DIR}/toolkit/Qt${VELMORA_QT_MAJOR}.cmake")
 if(NOT EXISTS "${toolkit_answers}")
   message(FATAL_ERROR "VELMORA_QT_MAJOR is \"${VELMORA_QT_MAJOR}\"; set it to 4, 5 or 6.")

@@ -1,10 +1,4 @@
-set(modules Core Gui Widgets OpenGL PrintSupport X11Extras)
-find_package(Qt5 5.9 REQUIRED COMPONENTS ${modules})
-list(JOIN modules " " VELMORA_FIND_TOOLKIT)
-set(VELMORA_FIND_TOOLKIT "find_dependency(Qt5 5.9 COMPONENTS ${VELMORA_FIND_TOOLKIT})")
-list(TRANSFORM modules PREPEND Qt5 OUTPUT_VARIABLE VELMORA_PC_TOOLKIT)
-list(TRANSFORM modules PREPEND Qt5:: OUTPUT_VARIABLE toolkit_libraries)
-target_link_libraries(velmora_toolkit INTERFACE ${toolkit_libraries})
+velmora_find_toolkit_in_modules(Qt5 5.9 Core Gui Widgets OpenGL PrintSupport X11Extras)
 
 set(VELMORA_TOOLKIT_SUFFIX "")
 set(VELMORA_TOOLKIT_PACKAGES qtbase5-dev libqt5opengl5-dev libqt5x11extras5-dev)

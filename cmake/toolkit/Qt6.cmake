@@ -1,10 +1,4 @@
-set(modules Core Gui Widgets OpenGL PrintSupport)
-find_package(Qt6 6.4 REQUIRED COMPONENTS ${modules})
-list(JOIN modules " " VELMORA_FIND_TOOLKIT)
-set(VELMORA_FIND_TOOLKIT "find_dependency(Qt6 6.4 COMPONENTS ${VELMORA_FIND_TOOLKIT})")
-list(TRANSFORM modules PREPEND Qt6 OUTPUT_VARIABLE VELMORA_PC_TOOLKIT)
-list(TRANSFORM modules PREPEND Qt6:: OUTPUT_VARIABLE toolkit_libraries)
-target_link_libraries(velmora_toolkit INTERFACE ${toolkit_libraries})
+velmora_find_toolkit_in_modules(Qt6 6.4 Core Gui Widgets OpenGL PrintSupport)
 
 set(VELMORA_TOOLKIT_SUFFIX "6")
 set(VELMORA_TOOLKIT_PACKAGES qt6-base-dev libqt6opengl6-dev)

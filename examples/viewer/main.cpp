@@ -12,6 +12,7 @@
 #include "integration/glarea/GLDrawArea.h"
 
 #include <QApplication>
+#include <clocale>
 #include <cstdio>
 
 namespace {
@@ -81,8 +82,10 @@ int run(const viewer::Options& options, char** argv)
     }
 }
 
+// In the letters of the environment's locale, which the toolkit may take up as late as with the application object.
 QStringList words(int argc, char** argv)
 {
+    std::setlocale(LC_CTYPE, "");
     QStringList list;
     for (int i = 1; i < argc; ++i)
         list.append(QString::fromLocal8Bit(argv[i]));

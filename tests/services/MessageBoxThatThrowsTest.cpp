@@ -16,9 +16,9 @@ int shapeOverTheBox = -1;
 
 } // namespace
 
-// Stands before the toolkit's own for everybody in this process.
-QMessageBox::StandardButton QMessageBox::critical(QWidget*, const QString&, const QString&, StandardButtons,
-                                                  StandardButton)
+// Stands before the toolkit's own for everybody in this process; Qt 4's headers do not show it by themselves.
+__attribute__((visibility("default"))) QMessageBox::StandardButton
+QMessageBox::critical(QWidget*, const QString&, const QString&, StandardButtons, StandardButton)
 {
     if (const QCursor* const cursor = QApplication::overrideCursor())
         shapeOverTheBox = cursor->shape();

@@ -2,8 +2,8 @@
 
 #include "engine/VelUtil.h"
 #include "integration/Manager.h"
-#include "integration/toolkit/EventLoopLevel.h"
 #include "interfaces/ApplicationEventMonitorInterface.h"
+#include "tests/soak/OutermostLoop.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -14,13 +14,6 @@ namespace {
 
 constexpr int LookMilliseconds = 20;
 constexpr int QuietLooks = 10;
-
-/// Whether no dialog's loop waits to return. One that was answered still does while the picture is drawn inside
-/// of it: the dialog and who opened it live, as children of the window.
-bool isInOutermostLoop()
-{
-    return sdk::integration::toolkit::eventLoopLevel() <= 1;
-}
 
 bool isDrawn()
 {
@@ -64,7 +57,7 @@ bool Rest::endOneThing()
     else if (VelUtilIsBusy())
         sdk::integration::Manager::getInstance().getApplicationEventMonitor().interrupt();
     else
-        return !isInOutermostLoop(); // Qt 4 does not tell: there a dialog counts until it was answered
+        return !isInOutermostLoop();
     return true;
 }
 

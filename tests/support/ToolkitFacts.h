@@ -13,6 +13,10 @@ bool countsEventLoops();
 /// Whether the event dispatcher delivers what is posted once more, before it tells that it is awake.
 bool deliversPostedEventsBeforeWaking();
 
+/// Whether a window can be activated as soon as it is shown, before the server has mapped it. Where it cannot, and no
+/// window manager runs, nobody does it later.
+bool activatesBeforeMapping();
+
 /// A library that a process has loaded once the toolkit is about to show windows on an X server.
 const char* libraryForX11();
 

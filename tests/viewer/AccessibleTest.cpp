@@ -5,6 +5,7 @@
 #include "ExportDialog.h"
 #include "HelpWindow.h"
 #include "tests/support/AccessibleText.h"
+#include "tests/support/Wait.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -19,7 +20,14 @@ using namespace velmora::test;
 
 namespace {
 
-using Accessible = OpenViewer;
+class Accessible : public OpenViewer {
+protected:
+    void SetUp() override
+    {
+        if (const char* const reason = whyNothingIsTold())
+            GTEST_SKIP() << reason;
+    }
+};
 
 QString withoutMarks(QString text)
 {
@@ -60,6 +68,7 @@ TEST_F(Accessible, TheStatusBarTellsWhatItShows)
 TEST_F(Accessible, EveryFieldOfTheExportIsNamed)
 {
     viewer::ExportDialog dialog(QSize(640, 480), window.get());
+    ASSERT_TRUE(showAndWait(dialog)) << "of a hidden field nothing need be told";
     const QList<QWidget*> fields = dialog.findChildren<QWidget*>();
     int count = 0;
     for (QWidget* const field : fields)

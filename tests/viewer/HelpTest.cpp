@@ -5,7 +5,9 @@
 #include "HelpPage.h"
 #include "HelpWindow.h"
 #include "Options.h"
+#include "tests/support/ToolkitFacts.h"
 #include "tests/support/Wait.h"
+#include "tests/support/WindowManager.h"
 #include "tests/support/XInput.h"
 
 #include <QAction>
@@ -65,7 +67,10 @@ protected:
     void openHelp()
     {
         type(XK_F1);
-        EXPECT_TRUE(waitUntil([this] { return help().isVisible() && QApplication::activeWindow() == &help(); }));
+        EXPECT_TRUE(waitUntil([this] { return help().isVisible(); }));
+        if (!hasWindowManager() && !activatesBeforeMapping())
+            focusWindow(help());
+        EXPECT_TRUE(waitUntil([this] { return QApplication::activeWindow() == &help(); }));
         processPending();
     }
 };

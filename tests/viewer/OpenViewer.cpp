@@ -113,9 +113,13 @@ QPoint OpenViewer::legendEntry(int line)
 void OpenViewer::press(const QPoint& position, int button)
 {
     movePointer(area(), position);
+    // Soon after another one at the same place, of another window even, it may be a double click's.
+    const int interval = QApplication::doubleClickInterval();
+    QApplication::setDoubleClickInterval(0);
     const EventWatch pressed(QEvent::MouseButtonPress);
     pressButton(button);
     pressed.wait();
+    QApplication::setDoubleClickInterval(interval);
 }
 
 void OpenViewer::release(int button)

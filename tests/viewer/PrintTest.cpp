@@ -80,7 +80,7 @@ TEST_F(Print, TheFileIsTitledWithTheNameOfTheDataAndTellsTheProgram)
     const QString named = folder.path() + QString::fromUtf8("/H\u00f6hen (1).asc");
     ASSERT_TRUE(QFile::rename(folder.writeGrid(), named));
     print(QStringList(), named);
-    EXPECT_EQ(descriptionInPdf(pdf, "Title").toStdString(), "H\u00f6hen (1).asc");
+    EXPECT_EQ(descriptionInPdf(pdf, "Title").toUtf8(), "H\u00f6hen (1).asc");
     EXPECT_EQ(descriptionInPdf(pdf, "Creator").toStdString(), "Viewer " LIBRARY_VERSION);
 }
 

@@ -1,22 +1,12 @@
 #include "integration/toolkit/InputEvents.h"
 
-#include "integration/toolkit/DisplayScale.h"
+#include "integration/toolkit/ReceiverScale.h"
 
 #include <QMouseEvent>
 #include <QShortcutEvent>
 #include <QWheelEvent>
-#include <QWidget>
 
 namespace velmora::sdk::integration::toolkit {
-
-namespace {
-
-double scaleFor(const QObject& receiver)
-{
-    return receiver.isWidgetType() ? screenPixelsPerPixel(static_cast<const QWidget&>(receiver)) : 1;
-}
-
-} // namespace
 
 // The toolkit may round a widget's position to its own pixels, but not that in the window, which still tells
 // what was rounded off.

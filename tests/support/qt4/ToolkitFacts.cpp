@@ -17,6 +17,11 @@ bool deliversPostedEventsBeforeWaking()
     return true;
 }
 
+bool activatesBeforeMapping()
+{
+    return false;
+}
+
 const char* libraryForX11()
 {
     return "libX11.so";

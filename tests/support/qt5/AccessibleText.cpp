@@ -5,6 +5,11 @@
 
 namespace velmora::test {
 
+const char* whyNothingIsTold()
+{
+    return nullptr;
+}
+
 QString accessibleNameOf(QWidget& widget)
 {
     return QAccessible::queryAccessibleInterface(&widget)->text(QAccessible::Name);

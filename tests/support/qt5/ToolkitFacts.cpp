@@ -17,6 +17,11 @@ bool deliversPostedEventsBeforeWaking()
     return false;
 }
 
+bool activatesBeforeMapping()
+{
+    return true;
+}
+
 const char* libraryForX11()
 {
     return "libqxcb.so";

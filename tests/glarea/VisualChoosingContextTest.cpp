@@ -1,10 +1,9 @@
 // What a context asks GLX for, and what it gives up where there is no such visual.
-#include "chosen_toolkit/VisualChoosingContext.h"
-
 #include "integration/glarea/VisualList.h"
 #include "integration/glarea/VisualRanking.h"
 #include "integration/toolkit/OwnedVisual.h"
 #include "tests/glarea/GlxRequests.h"
+#include "tests/glarea/ToolkitFormats.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -14,75 +13,77 @@
 #include <GL/glx.h>
 
 using namespace velmora::sdk::integration;
-using velmora::test::glxRequests;
-using Request = velmora::test::GlxRequest;
+using namespace velmora::test;
 
 namespace {
 
-const Request Everything = {
-    {GLX_RGBA, 1},         {GLX_RED_SIZE, 1},     {GLX_GREEN_SIZE, 1},     {GLX_BLUE_SIZE, 1},
-    {GLX_ALPHA_SIZE, 1},   {GLX_DOUBLEBUFFER, 1}, {GLX_STEREO, 1},         {GLX_DEPTH_SIZE, 1},
-    {GLX_STENCIL_SIZE, 1}, {GLX_SAMPLES, 4},      {GLX_SAMPLE_BUFFERS, 1},
-};
-
-QSurfaceFormat formatOfEverything()
+GlxRequest withAccumulation(GlxRequest request, int size)
 {
-    QSurfaceFormat format(QSurfaceFormat::StereoBuffers);
-    format.setSwapBehavior(QSurfaceFormat::DoubleBuffer);
-    format.setAlphaBufferSize(1);
-    format.setDepthBufferSize(1);
-    format.setStencilBufferSize(1);
-    format.setSamples(4);
-    return format;
+    for (const int name : accumulationAttributes())
+        request[name] = size;
+    return request;
 }
 
-QSurfaceFormat formatOfColours()
+GlxRequest everything()
 {
-    QSurfaceFormat format;
-    format.setSwapBehavior(QSurfaceFormat::SingleBuffer);
-    return format;
+    return withAccumulation(
+        {
+            {GLX_RGBA, 1},
+            {GLX_RED_SIZE, 1},
+            {GLX_GREEN_SIZE, 1},
+            {GLX_BLUE_SIZE, 1},
+            {GLX_ALPHA_SIZE, 1},
+            {GLX_DOUBLEBUFFER, 1},
+            {GLX_STEREO, 1},
+            {GLX_DEPTH_SIZE, 1},
+            {GLX_STENCIL_SIZE, 1},
+            {GLX_SAMPLE_BUFFERS, 1},
+            {GLX_SAMPLES, 4},
+        },
+        1);
 }
 
-toolkit::OwnedVisual choose(const QSurfaceFormat& format, int refused = 0)
+toolkit::OwnedVisual choose(const toolkit::ContextFormat& format, int refused = 0)
 {
-    velmora::test::beginGlxRequests(refused);
+    beginGlxRequests(refused);
     toolkit::VisualChoosingContext context(format);
     return toolkit::OwnedVisual(context.chooseVisual());
 }
 
 } // namespace
 
-TEST(VisualChoosingContext, ColoursThatAreNotSetMeanAnyAboveNone)
+TEST(VisualChoosingContext, ASizeThatIsNotSetMeansAnyAboveNone)
 {
     choose(formatOfEverything());
     ASSERT_FALSE(glxRequests.empty());
-    EXPECT_EQ(glxRequests.front(), Everything);
+    EXPECT_EQ(glxRequests.front(), everything());
 }
 
 TEST(VisualChoosingContext, SizesThatAreSetAreAskedFor)
 {
-    QSurfaceFormat format = formatOfEverything();
+    toolkit::ContextFormat format = formatOfEverything();
     format.setRedBufferSize(2);
     format.setGreenBufferSize(3);
     format.setBlueBufferSize(4);
     format.setAlphaBufferSize(5);
     format.setDepthBufferSize(6);
     format.setStencilBufferSize(7);
+    setAccumulation(format, 9);
     format.setSamples(2);
     choose(format);
     ASSERT_FALSE(glxRequests.empty());
-    const Request expected = {
-        {GLX_RGBA, 1},         {GLX_RED_SIZE, 2},     {GLX_GREEN_SIZE, 3},     {GLX_BLUE_SIZE, 4},
-        {GLX_ALPHA_SIZE, 5},   {GLX_DOUBLEBUFFER, 1}, {GLX_STEREO, 1},         {GLX_DEPTH_SIZE, 6},
-        {GLX_STENCIL_SIZE, 7}, {GLX_SAMPLES, 2},      {GLX_SAMPLE_BUFFERS, 1},
+    const GlxRequest expected = {
+        {GLX_RGBA, 1},         {GLX_RED_SIZE, 2},       {GLX_GREEN_SIZE, 3}, {GLX_BLUE_SIZE, 4},
+        {GLX_ALPHA_SIZE, 5},   {GLX_DOUBLEBUFFER, 1},   {GLX_STEREO, 1},     {GLX_DEPTH_SIZE, 6},
+        {GLX_STENCIL_SIZE, 7}, {GLX_SAMPLE_BUFFERS, 1}, {GLX_SAMPLES, 2},
     };
-    EXPECT_EQ(glxRequests.front(), expected);
+    EXPECT_EQ(glxRequests.front(), withAccumulation(expected, 9));
 }
 
 TEST(VisualChoosingContext, WhatIsNotWantedIsNotAskedFor)
 {
     choose(formatOfColours());
-    const Request colors = {{GLX_RGBA, 1}, {GLX_RED_SIZE, 1}, {GLX_GREEN_SIZE, 1}, {GLX_BLUE_SIZE, 1}};
+    const GlxRequest colors = {{GLX_RGBA, 1}, {GLX_RED_SIZE, 1}, {GLX_GREEN_SIZE, 1}, {GLX_BLUE_SIZE, 1}};
     ASSERT_FALSE(glxRequests.empty());
     EXPECT_EQ(glxRequests.front(), colors);
 }
@@ -91,28 +92,28 @@ TEST(VisualChoosingContext, WhatMattersLeastIsGivenUpFirstUntilOnlyTheColoursAre
 {
     EXPECT_EQ(choose(formatOfEverything(), 100), nullptr);
     const std::vector<std::vector<int>> givenUp = {
-        {},
         {GLX_SAMPLE_BUFFERS, GLX_SAMPLES},
         {GLX_STEREO},
+        accumulationAttributes(),
         {GLX_STENCIL_SIZE},
         {GLX_ALPHA_SIZE},
         {GLX_DEPTH_SIZE},
         {GLX_DOUBLEBUFFER},
     };
-    ASSERT_EQ(glxRequests.size(), givenUp.size());
-    Request expected = Everything;
-    for (std::size_t i = 0; i < givenUp.size(); ++i) {
-        for (const int name : givenUp[i])
-            expected.erase(name);
-        EXPECT_EQ(glxRequests[i], expected) << i;
+    std::vector<GlxRequest> expected = {everything()};
+    for (const std::vector<int>& names : givenUp) {
+        GlxRequest fewer = expected.back();
+        for (const int name : names)
+            fewer.erase(name);
+        if (!names.empty())
+            expected.push_back(fewer);
     }
+    EXPECT_EQ(glxRequests, expected);
 }
 
 TEST(VisualChoosingContext, NothingMoreIsGivenUpOnceThereIsAVisual)
 {
-    QSurfaceFormat format;
-    format.setDepthBufferSize(24);
-    const toolkit::OwnedVisual chosen = choose(format, 1);
+    const toolkit::OwnedVisual chosen = choose(formatWithDepth(), 1);
     EXPECT_NE(chosen, nullptr);
     ASSERT_EQ(glxRequests.size(), 2u);
     EXPECT_EQ(glxRequests.front().count(GLX_DEPTH_SIZE), 1u);
@@ -124,7 +125,9 @@ namespace {
 
 class ContextOfVisual : public toolkit::VisualChoosingContext {
 public:
-    explicit ContextOfVisual(int id) : VisualChoosingContext(QSurfaceFormat()), m_id(static_cast<unsigned long>(id)) {}
+    explicit ContextOfVisual(int id)
+        : VisualChoosingContext(toolkit::ContextFormat()), m_id(static_cast<unsigned long>(id))
+    {}
     void* chooseVisual() override { return VisualList::find(m_id).release(); }
 
 private:
@@ -145,16 +148,14 @@ TEST(VisualChoosingContext, WhatTheChosenVisualHasIsAskedOfTheToolkit)
     for (const auto kind : kinds) {
         const auto visual = std::find_if(all.begin(), all.end(), kind);
         ASSERT_NE(visual, all.end());
-        ContextOfVisual context(visual->visualId);
-        ASSERT_TRUE(context.create());
-        const QSurfaceFormat asked = context.requestedFormat();
-        EXPECT_EQ(asked.swapBehavior() == QSurfaceFormat::DoubleBuffer, visual->doubleBuffer);
-        EXPECT_EQ(asked.redBufferSize(), visual->redSize);
-        EXPECT_EQ(asked.greenBufferSize(), visual->greenSize);
-        EXPECT_EQ(asked.blueBufferSize(), visual->blueSize);
-        EXPECT_EQ(asked.alphaBufferSize(), visual->alphaSize);
-        EXPECT_EQ(asked.depthBufferSize(), visual->depthSize);
-        EXPECT_EQ(asked.stencilBufferSize(), visual->stencilSize);
-        EXPECT_EQ(asked.samples(), visual->samples);
+        const toolkit::VisualSizes asked = sizesAskedFor(std::make_unique<ContextOfVisual>(visual->visualId));
+        EXPECT_EQ(asked.doubleBuffer, visual->doubleBuffer);
+        EXPECT_EQ(asked.red, visual->redSize);
+        EXPECT_EQ(asked.green, visual->greenSize);
+        EXPECT_EQ(asked.blue, visual->blueSize);
+        EXPECT_EQ(asked.alpha, visual->alphaSize);
+        EXPECT_EQ(asked.depth, visual->depthSize);
+        EXPECT_EQ(asked.stencil, visual->stencilSize);
+        EXPECT_EQ(asked.samples, visual->samples);
     }
 }
