@@ -117,8 +117,8 @@ public:
     /// after a moment, and what there is of it then shows until the full picture takes its place.
     virtual bool drawsCoarsely() const;
     /// Gives back what it keeps in the context of that number, which is current. When `isCurrent` is false it is gone
-    /// already, and the content just forgets. It may come while the content draws, within a checkpoint; that
-    /// drawing is then told to stop.
+    /// already, and the content just forgets; no context is current then, and OpenGL calls do nothing. It may come
+    /// while the content draws, within a checkpoint; that drawing is then told to stop.
     virtual void leaveContext(unsigned long context, bool isCurrent);
 
     // ---- what it is

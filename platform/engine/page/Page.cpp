@@ -2,10 +2,12 @@
 
 #include "engine/core/Busy.h"
 #include "engine/gl/GLFunctions.h"
+#include "engine/page/WindowSystemContext.h"
 #include "interfaces/GLContextInterface.h"
 #include "interfaces/GLDrawAreaInterface.h"
 
 #include <malloc.h>
+#include <optional>
 #include <utility>
 
 namespace velmora::engine {
@@ -15,9 +17,13 @@ using velmora::sdk::integration::PageInterface;
 
 namespace {
 
-// Not the page's own list: what a content does meanwhile may come back to the page.
+// Not the page's own list: what a content does meanwhile may come back to the page. Of a context that is gone, foreign
+// contents give back what they had too, and take nothing away from another that is current.
 void dismiss(const std::vector<std::shared_ptr<Content>>& leaving, unsigned long context, bool isCurrent)
 {
+    std::optional<NoWindowSystemContext> none;
+    if (!isCurrent && !leaving.empty())
+        none.emplace();
     for (const std::shared_ptr<Content>& content : leaving)
         content->leaveContext(context, isCurrent);
 }
