@@ -1,5 +1,6 @@
 #include "ExportDialog.h"
 
+#include "Options.h"
 #include "interfaces/EngineEnumerations.h"
 
 #include <QCheckBox>
@@ -15,9 +16,6 @@ using namespace velmora::sdk::integration;
 
 namespace {
 
-constexpr int LongestSide = 32768;
-constexpr int FinestResolution = 2400;
-constexpr int MostSupersampling = 8;
 constexpr double MillimetersPerInch = 25.4;
 
 } // namespace
@@ -28,11 +26,11 @@ ExportDialog::ExportDialog(const QSize& offered, QWidget* parent)
     setWindowTitle(tr("Export Image"));
     QFormLayout* const form = new QFormLayout(this);
     addRegions(*form);
-    m_width = addNumber(*form, "width", tr("&Width in pixels"), 1, LongestSide, offered.width());
-    m_height = addNumber(*form, "height", tr("&Height in pixels"), 1, LongestSide, offered.height());
-    m_resolution = addNumber(*form, "resolution", tr("&Dots per inch"), 0, FinestResolution, 0);
+    m_width = addNumber(*form, "width", tr("&Width in pixels"), 1, Options::LargestSide, offered.width());
+    m_height = addNumber(*form, "height", tr("&Height in pixels"), 1, Options::LargestSide, offered.height());
+    m_resolution = addNumber(*form, "resolution", tr("&Dots per inch"), 0, Options::MostDotsPerInch, 0);
     m_resolution->setSpecialValueText(tr("as on the screen"));
-    m_supersample = addNumber(*form, "supersample", tr("S&moothing"), 1, MostSupersampling, 2);
+    m_supersample = addNumber(*form, "supersample", tr("S&moothing"), 1, Options::MostSupersampling, 2);
     m_supersample->setToolTip(tr("Drawn that many times larger in each direction, and averaged"));
     addStrategies(*form);
     m_transparent->setObjectName(QLatin1String("transparent"));

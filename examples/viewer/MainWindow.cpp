@@ -5,17 +5,18 @@
 #include "AxisScales.h"
 #include "HelpWindow.h"
 #include "Icon.h"
+#include "Notes.h"
 #include "ObjectMenu.h"
 #include "OutputCommands.h"
 #include "Panels.h"
 #include "RecentFiles.h"
 #include "ReloadCommand.h"
-#include "ScreenPixels.h"
 #include "ShownPage.h"
 #include "SurfaceMenu.h"
 #include "ThreedMouseNavigation.h"
 #include "ToolTip.h"
 #include "ValueLabel.h"
+#include "ViewCommands.h"
 #include "ViewHistory.h"
 #include "ViewSteps.h"
 #include "ViewTools.h"
@@ -48,8 +49,6 @@ using namespace velmora::sdk::integration;
 namespace {
 
 constexpr int LongestFileName = 4096;
-constexpr int NoteMilliseconds = 8000;
-constexpr double ZoomStep = 1.2; // as one notch of the wheel
 
 bool load(const QString& fileName)
 {
@@ -85,7 +84,6 @@ MainWindow::MainWindow() : m_area(new GLDrawArea(this)), m_tools(new ViewTools(*
     m_area->setAccessibleName(tr("Plot"));
     m_area->setTouchInput(TouchInput_Gestures);
     m_area->setPageManager(Manager::getInstance().getPageManager());
-    m_area->setFocus(); // its keys count from the start
 
     m_toolBar = addToolBar(tr("Tools"));
     m_toolBar->setObjectName(QLatin1String("tools"));
@@ -154,14 +152,7 @@ void MainWindow::createViewMenu()
 
 void MainWindow::addViewCommands()
 {
-    QAction* const fit = m_viewMenu->addAction(icon("icons/orientation-xyz.png"), tr("&Fit"), this, SLOT(fitView()));
-    setShortcut(*fit, QKeySequence(tr("F")));
-    m_toolBar->addAction(fit);
-    m_viewMenu->addAction(tr("Reset &View"), this, SLOT(resetView()), QKeySequence(Qt::Key_0));
-    QAction* const in = m_viewMenu->addAction(tr("Zoom I&n"), this, SLOT(zoomIn()));
-    in->setShortcuts(QList<QKeySequence>() << QKeySequence(Qt::Key_Plus) << QKeySequence::ZoomIn);
-    QAction* const out = m_viewMenu->addAction(tr("Zoom &Out"), this, SLOT(zoomOut()));
-    out->setShortcuts(QList<QKeySequence>() << QKeySequence(Qt::Key_Minus) << QKeySequence::ZoomOut);
+    new ViewCommands(*m_viewMenu, *m_toolBar, *m_area, this);
     m_history = new ViewHistory(*m_viewMenu, *m_toolBar, this);
     m_viewMenu->addAction(tr("&Deselect"), this, SLOT(deselect()), QKeySequence(Qt::Key_Escape));
     m_showPage = m_viewMenu->addAction(tr("Show &Page"));
@@ -230,13 +221,9 @@ void MainWindow::showFile(const QString& fileName)
 
 void MainWindow::tellWhyNotOpened(const QString& fileName)
 {
-    if (VelUtilWasInterrupted()) {
-        statusBar()->showMessage(tr("Stopped."), NoteMilliseconds);
-    } else {
-        VelUtilDialogLastMessageBox();
+    if (!VelUtilWasInterrupted())
         m_recentFiles->remove(fileName);
-    }
-    VelUtilLastErrorMessageClear();
+    tellFailure(*statusBar());
 }
 
 // What there is, and what can be done with it. There can be data without a file of this window's: the
@@ -322,32 +309,6 @@ void MainWindow::showSelection()
 void MainWindow::showNote(const QString& note)
 {
     statusBar()->showMessage(note, NoteMilliseconds);
-}
-
-void MainWindow::fitView()
-{
-    VelUtilViewShowAll();
-}
-
-void MainWindow::resetView()
-{
-    VelUtilViewFit();
-}
-
-void MainWindow::zoomIn()
-{
-    zoom(ZoomStep);
-}
-
-void MainWindow::zoomOut()
-{
-    zoom(1 / ZoomStep);
-}
-
-void MainWindow::zoom(double factor)
-{
-    const QSize size = screenSize(*m_area);
-    VelUtilViewZoom(factor, size.width() / 2.0, size.height() / 2.0);
 }
 
 void MainWindow::showPage(bool shown)

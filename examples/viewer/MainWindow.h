@@ -55,10 +55,6 @@ private Q_SLOTS:
     void deselect();
     void showSelection();
     void showNote(const QString& note);
-    void fitView();
-    void resetView();
-    void zoomIn();
-    void zoomOut();
     void showPage(bool shown);
     void showWhetherPageShows();
     void about();
@@ -69,7 +65,6 @@ private:
     void addViewCommands();
     void createHelpMenu();
     void createStatusBar();
-    void zoom(double factor);
     void tellWhyNotOpened(const QString& fileName);
     void showData(const QString& name);
     void offerRotating(bool offered);

@@ -45,18 +45,18 @@ QSize parseSize(const QString& text, Options& options)
     const QStringList parts = text.split(QLatin1Char('x'));
     const QSize size = parts.size() == 2 ? QSize(parts[0].toInt(), parts[1].toInt()) : QSize();
     if (options.error.isEmpty() && !(isSide(size.width()) && isSide(size.height())))
-        options.error =
-            QString::fromLatin1("\"%1\" is not a size; write it as WxH in pixels, 1 to %2 each, for "
-                                "example 800x600.")
-                .arg(text, QString::number(Options::LargestSide), QString::number(Options::MostDotsPerInch));
+        options.error = QString::fromLatin1("\"%1\" is not a size; write it as WxH in pixels, 1 to %2 each, for "
+                                            "example 800x600.")
+                            .arg(text, QString::number(Options::LargestSide));
     return size;
 }
 
 int parseSupersample(const QString& text, Options& options)
 {
     const int factor = text.toInt();
-    if (options.error.isEmpty() && (factor < 1 || factor > 8))
-        options.error = QString::fromLatin1("\"%1\" is not a factor of supersampling; write 1 to 8.").arg(text);
+    if (options.error.isEmpty() && (factor < 1 || factor > Options::MostSupersampling))
+        options.error = QString::fromLatin1("\"%1\" is not a factor of supersampling; write 1 to %2.")
+                            .arg(text, QString::number(Options::MostSupersampling));
     return factor;
 }
 

@@ -14,6 +14,7 @@ struct Options {
     /// Windows and images have no larger sides.
     static constexpr int LargestSide = 32768;
     static constexpr int MostDotsPerInch = 2400;
+    static constexpr int MostSupersampling = 8;
 
     Task task = ShowWindow;
     QStringList files;

@@ -1,6 +1,7 @@
 #include "OutputCommands.h"
 
 #include "ExportDialog.h"
+#include "Notes.h"
 #include "PagePrinter.h"
 #include "PageSetup.h"
 #include "ScreenPixels.h"
@@ -31,7 +32,6 @@ using namespace velmora::sdk::integration;
 
 namespace {
 
-constexpr int NoteMilliseconds = 8000;
 constexpr int RetryMilliseconds = 50;
 constexpr int PreviewDotsPerInch = 100; // about the screen's
 
@@ -112,12 +112,10 @@ void OutputCommands::workEnded()
 
 void OutputCommands::tell(bool done, const QString& success)
 {
-    const bool stopped = !done && VelUtilWasInterrupted();
-    if (done || stopped)
-        m_notes->showMessage(done ? success : tr("Stopped."), NoteMilliseconds);
+    if (done)
+        m_notes->showMessage(success, NoteMilliseconds);
     else
-        VelUtilDialogLastMessageBox();
-    VelUtilLastErrorMessageClear();
+        tellFailure(*m_notes);
 }
 
 // The toolkit's own dialog: the engine's offers files that there are, not names for new ones.

@@ -1,6 +1,7 @@
 #include "ReloadCommand.h"
 
 #include "FileWatch.h"
+#include "Notes.h"
 #include "WaitCursor.h"
 #include "engine/VelUtil.h"
 
@@ -14,7 +15,6 @@ namespace viewer {
 
 namespace {
 
-constexpr int NoteMilliseconds = 8000;
 constexpr int RetryMilliseconds = 50;
 
 } // namespace
@@ -61,22 +61,13 @@ void ReloadCommand::reload()
     if (done)
         Q_EMIT reloaded(m_file);
     else
-        tellWhyNot();
+        tellFailure(m_bar);
 }
 
 bool ReloadCommand::read()
 {
     const WaitCursor waitCursor;
     return VelUtilDataReload(m_file.toUtf8().constData()) != 0;
-}
-
-void ReloadCommand::tellWhyNot()
-{
-    if (VelUtilWasInterrupted())
-        m_bar.showMessage(tr("Stopped."), NoteMilliseconds);
-    else
-        VelUtilDialogLastMessageBox();
-    VelUtilLastErrorMessageClear();
 }
 
 } // namespace viewer

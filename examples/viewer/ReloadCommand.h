@@ -36,7 +36,6 @@ private Q_SLOTS:
 
 private:
     bool read();
-    void tellWhyNot();
 
     QStatusBar& m_bar;
     QAction* m_action;
