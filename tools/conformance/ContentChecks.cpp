@@ -123,6 +123,8 @@ void ContentChecks::check(const Drawing& drawing)
     checkInterruptions(room);
     checkParts(room);
     checkView(room);
+    checkValues();
+    checkKept(room);
     checkElsewhere();
 }
 
@@ -159,7 +161,8 @@ void ContentChecks::checkDrawing(const Room& room)
     watch.portionEnds();
     m_questions = watch.questions;
     const std::string differs = difference(before, stateOf(room.gl));
-    add("no state left", differs.empty(), differs.empty() ? "all values and objects as before" : differs);
+    add("no state left", differs.empty(),
+        differs.empty() ? "all values and objects as before" : differs + ". A StateGuard puts values back");
     add("whole when not stopped", isWhole, isWhole ? "true" : "draw() returned false");
     add("progress", watch.isRising, watch.isRising ? "rises from 0 to 1" : "it falls, or leaves 0 to 1");
     const double longest = bestOf(milliseconds(watch.longest), m_limits.longestPortion, [&] {
@@ -246,27 +249,73 @@ void ContentChecks::checkParts(const Room& room)
         }
     const double differs = differing(m_picture, together);
     add("parts and whole", differs <= OfParts,
-        percent(differs) + " of the pixels differ (at most " + percent(OfParts) + ")");
+        percent(differs) + " of the pixels differ (at most " + percent(OfParts) + ")" +
+            (differs > OfParts ? ". Does it draw to the frame, and not to the target's size?" : ""));
 }
 
 void ContentChecks::checkView(const Room& room)
 {
-    const std::string state = m_checked->viewState();
-    if (state.empty()) {
+    const std::string first = m_checked->viewState();
+    if (first.empty()) {
         m_report.skip(m_where, "views", "it has no view state");
         return;
     }
-    m_checked->zoom(2, 0.4, 0.6);
-    m_checked->translate(0.1, 0.05);
-    const bool isZoomed = m_checked->viewState() != state;
-    const bool isTaken = m_checked->setViewState(state);
-    const bool isSame = m_checked->viewState() == state && differing(m_picture, picture(room)) == 0;
-    const bool isRefused = !m_checked->setViewState("no view") && m_checked->viewState() == state;
-    add("views", isZoomed && isTaken && isSame && isRefused,
-        !isZoomed              ? "zoom() changes no view state"
-        : !(isTaken && isSame) ? "a view that comes back is another one"
-        : !isRefused           ? "it takes a text that is no view"
-                               : "a view comes back whole");
+    // A view with digits behind the point in all its parts.
+    m_checked->zoom(1.7, 0.37, 0.61);
+    m_checked->translate(0.113, 0.057);
+    m_checked->rotate(13.3, -7.7);
+    const std::string second = m_checked->viewState();
+    const Pixels there = picture(room);
+    const bool isBack =
+        m_checked->setViewState(first) && m_checked->viewState() == first && differing(m_picture, picture(room)) == 0;
+    const bool isThere = m_checked->setViewState(second) && differing(there, picture(room)) == 0;
+    const bool isRefused = !m_checked->setViewState("no view") && m_checked->viewState() == second;
+    m_checked->setViewState(first);
+    add("views", second != first && isBack && isThere && isRefused,
+        second == first ? "moving changes no view state"
+        : !(isBack && isThere)
+            ? "a view that comes back by its text is another one; is all of it in the text, with 17 digits?"
+        : !isRefused ? "it takes a text that is no view, or changes for it"
+                     : "a view comes back whole");
+}
+
+void ContentChecks::checkValues()
+{
+    constexpr int Places = 7; // each way
+    double longest = 0;
+    int found = 0;
+    bool isInFrame = true;
+    for (int i = 0; i < Places * Places; ++i) {
+        ShownValue value;
+        const Clock::time_point begun = Clock::now();
+        const bool hasValue = m_checked->valueAt((i % Places + 0.5) / Places, (i / Places + 0.5) / Places, value);
+        longest = std::max(longest, milliseconds(Clock::now() - begun));
+        found += hasValue ? 1 : 0;
+        isInFrame = isInFrame && (!hasValue || (value.x >= 0 && value.x <= 1 && value.y >= 0 && value.y <= 1));
+    }
+    if (found == 0)
+        return m_report.skip(m_where, "values", "it tells none");
+    add("values", isInFrame && longest <= m_limits.value,
+        !isInFrame ? "a value is shown outside of the frame"
+                   : decimal(longest, 1) + " ms for a value (at most " + decimal(m_limits.value, 0) + ")");
+}
+
+// The drawing area's context is left, and entered again by the drawing that follows; an image's keeps nothing.
+void ContentChecks::checkKept(const Room& room)
+{
+    const auto leave = [&] {
+        if (room.drawing.context != 0)
+            m_checked->leaveContext(room.drawing.context, true);
+    };
+    leave();
+    const State before = stateOf(room.gl);
+    picture(room);
+    leave();
+    const std::string differs = difference(before, stateOf(room.gl));
+    add("nothing kept", differs.empty(),
+        differs.empty()             ? "no object is left"
+        : room.drawing.context != 0 ? "after leaveContext() " + differs
+                                    : "in a context without a number " + differs);
 }
 
 void ContentChecks::checkElsewhere()
@@ -277,7 +326,9 @@ void ContentChecks::checkElsewhere()
     }
     const double differs = differing(m_first, m_picture);
     add("screen and off", differs <= OfContexts,
-        percent(differs) + " of the pixels differ from the drawing area's (at most " + percent(OfContexts) + ")");
+        percent(differs) + " of the pixels differ from the drawing area's (at most " + percent(OfContexts) + ")" +
+            (differs > OfContexts ? ". Does it look up each function in the context, and keep nothing without a number?"
+                                  : ""));
 }
 
 } // namespace conformance

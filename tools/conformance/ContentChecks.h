@@ -12,6 +12,7 @@ namespace conformance {
 struct Limits {
     double longestPortion = 100; ///< milliseconds between two checkpoints, also on a busy machine
     double coarse = 100;         ///< milliseconds for a coarse picture
+    double value = 50;           ///< milliseconds for the value at a place
 };
 
 /// Stands before a content, so that it meets the real contexts of the engine, and looks whether it keeps its promises
@@ -42,6 +43,8 @@ private:
     void checkInterruptions(const Room& room);
     void checkParts(const Room& room);
     void checkView(const Room& room);
+    void checkValues();
+    void checkKept(const Room& room);
     void checkElsewhere();
     Pixels picture(const Room& room);
     void add(const char* promise, bool isKept, const std::string& seen)

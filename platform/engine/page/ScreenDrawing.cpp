@@ -92,16 +92,27 @@ void expose(Page& page)
 /// Tells for its own life that a drawing without a BusyScope has given the application its turn.
 class FreeTurn {
 public:
-    FreeTurn() : m_outer(g_since) { g_since = Clock::now(); }
-    ~FreeTurn() { g_since = m_outer; }
+    FreeTurn() : m_outer(g_since)
+    {
+        g_since = Clock::now();
+        ++g_depth;
+    }
+    ~FreeTurn()
+    {
+        --g_depth;
+        g_since = m_outer;
+    }
     FreeTurn(const FreeTurn&) = delete;
     FreeTurn& operator=(const FreeTurn&) = delete;
 
     /// The turn within all others; none without one.
     static std::optional<Clock::time_point> since() { return g_since; }
+    /// How many drawings wait for the application, each begun within the one before.
+    static int depth() { return g_depth; }
 
 private:
     static inline std::optional<Clock::time_point> g_since;
+    static inline int g_depth = 0;
     std::optional<Clock::time_point> m_outer;
 };
 
@@ -287,7 +298,9 @@ DrawingResult settlePicture(const std::shared_ptr<Page>& page, DrawingResult res
 bool isDrawingAboutToGoOn()
 {
     constexpr std::chrono::milliseconds Soon{100};
-    return FreeTurn::since() && Clock::now() - *FreeTurn::since() < Soon;
+    // More than dialogs upon dialogs: handlers that take long in every turn, within which no drawing would ever end.
+    constexpr int MostWaiting = 4;
+    return FreeTurn::since() && (Clock::now() - *FreeTurn::since() < Soon || FreeTurn::depth() >= MostWaiting);
 }
 
 } // namespace velmora::engine

@@ -222,6 +222,27 @@ TEST_F(ContentOfAHost, ReachesNoContextOnceItsOwnHasGoneInMidDrawing)
     EXPECT_EQ(viewport[2], -1);
 }
 
+TEST_F(ContentOfAHost, IsFinishedAlsoWhenTheApplicationTakesLongInEveryTurn)
+{
+    stripes->stripes = 12;
+    stripes->whileDrawing = [] { keepBusyFor(std::chrono::milliseconds(3)); };
+    content::show(stripes);
+    m_page = show(area);
+    int depth = 0;
+    int deepest = 0;
+    inTurn = [&] {
+        deepest = std::max(deepest, ++depth);
+        keepBusyFor(std::chrono::milliseconds(110)); // so long that it could be a dialog
+        if (deepest < 20)
+            VelEngTurn();
+        --depth;
+        return 0;
+    };
+    turnUntilDone();
+    EXPECT_LT(deepest, 8) << "drawings that are begun within each other";
+    EXPECT_EQ(VelUtilPageIsComplete(), 1);
+}
+
 TEST_F(ContentOfAHost, ThatThrowsLeavesThePageInterruptedAndTheReasonInTheLastError)
 {
     stripes->whileDrawing = [] { throw ExceptionBase("The stripes have run out.", false); };
