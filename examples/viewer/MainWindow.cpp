@@ -85,6 +85,7 @@ MainWindow::MainWindow() : m_area(new GLDrawArea(this)), m_tools(new ViewTools(*
     setCentralWidget(m_area);
     m_area->setMinimumSize(160, 120);
     m_area->setAccessibleName(tr("Plot"));
+    m_area->setTouchInput(TouchInput_Gestures);
     m_area->setPageManager(Manager::getInstance().getPageManager());
 
     m_toolBar = addToolBar(tr("Tools"));

@@ -3,6 +3,7 @@
 #include "engine/VelUtil.h"
 #include "exception/ExceptionBase.h"
 #include "integration/glarea/GoodVisualChooserQGLContext.h"
+#include "integration/glarea/TouchInput.h"
 #include "integration/intern/EventRecords.h"
 #include "integration/toolkit/ContextFacts.h"
 #include "integration/toolkit/DisplayScale.h"
@@ -174,6 +175,25 @@ void GLDrawArea::onDestroyed()
     m_valid = false;
     m_stateObservable->notifyOfDestruction();
     emitDrawAreaDestroyed();
+}
+
+void GLDrawArea::setTouchInput(TouchInput_e input)
+{
+    if (input == m_touchInput)
+        return;
+    if (!m_touch)
+        m_touch = std::make_unique<intern::TouchInput>(*this); // it stays: this may be called from what it sends
+    m_touchInput = input;
+    m_touch->handleGestures(input == TouchInput_Gestures);
+    setAttribute(Qt::WA_AcceptTouchEvents, input != TouchInput_Toolkit);
+    m_touch->giveUp();
+}
+
+bool GLDrawArea::event(QEvent* event)
+{
+    if (m_touchInput != TouchInput_Toolkit && m_touch->take(*event))
+        return true;
+    return toolkit::GLWidget::event(event);
 }
 
 void GLDrawArea::keyPressEvent(QKeyEvent* event)

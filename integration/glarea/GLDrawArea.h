@@ -19,7 +19,22 @@ class GLDrawAreaPageTracker;
 class GLDrawAreaStateObservable;
 class KeyEventObservable;
 class MouseEventObservable;
+class TouchInput;
 } // namespace intern
+
+/// What a drawing area makes of fingers.
+enum TouchInput_e {
+    /// What the toolkit makes of them for a widget that takes no touches: one finger is the left button on Qt 5 and 6,
+    /// two are nothing. A host can take touches and gestures itself, as of any widget.
+    TouchInput_Toolkit = 0,
+    /// One finger is the left button, at once; further ones are nothing.
+    TouchInput_OneFinger = 1,
+    /// One finger is the left button as soon as it moves or is lifted, for it may be the first of two. Two fingers that
+    /// go apart are a wheel turned up at the place between them, a notch (120) for each 20 percent; two that turn
+    /// clockwise are a horizontal wheel, 8 for each degree. Both on the screen, and where the toolkit tells of it on a
+    /// touch pad.
+    TouchInput_Gestures = 2
+};
 
 /// The widget that the engine draws into with OpenGL.
 ///
@@ -56,6 +71,12 @@ public:
     void signalDrawAreaFocusGainedConnected() const override;
     void setPageManager(PageManagerInterface& manager) override;
 
+    /// Chooses what is made of fingers. It comes through all event filters as mouse and wheel events do, to the
+    /// listeners of the area and of the event monitor. Another choice ends what fingers have begun.
+    void setTouchInput(TouchInput_e input);
+    /// The present choice; TouchInput_Toolkit at first.
+    TouchInput_e touchInput() const { return m_touchInput; }
+
     void addKeyboardListener(KeyEventListenerInterface* listener) override;
     void removeKeyboardListener(KeyEventListenerInterface* listener) override;
     void addMouseListener(MouseEventListenerInterface* listener) override;
@@ -66,6 +87,8 @@ public Q_SLOTS:
     void onDestroyed();
 
 protected:
+    /// Takes the touches that `setTouchInput` asks for.
+    bool event(QEvent* event) override;
     /// @{
     /// Passes the toolkit's event on, see the class.
     void keyPressEvent(QKeyEvent* event) override;
@@ -105,6 +128,8 @@ private:
     std::unique_ptr<intern::GLDrawAreaStateObservable> m_stateObservable;
     std::unique_ptr<intern::MouseEventObservable> m_mouseObservable;
     std::unique_ptr<intern::KeyEventObservable> m_keyObservable;
+    std::unique_ptr<intern::TouchInput> m_touch; ///< from the first choice on
+    TouchInput_e m_touchInput = TouchInput_Toolkit;
 };
 
 } // namespace integration
