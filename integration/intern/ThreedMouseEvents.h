@@ -7,7 +7,10 @@
 #include <deque>
 #include <functional>
 
-namespace velmora::sdk::integration::intern {
+namespace velmora {
+namespace sdk {
+namespace integration {
+namespace intern {
 
 /// What listeners are told of what a 3D mouse does. They hear of each end of which they heard the beginning, once, and
 /// of no other. What comes while nobody is to be told is dropped and not told later: the device tells how fast it
@@ -61,4 +64,7 @@ private:
     Buttons m_toldDown;
 };
 
-} // namespace velmora::sdk::integration::intern
+} // namespace intern
+} // namespace integration
+} // namespace sdk
+} // namespace velmora

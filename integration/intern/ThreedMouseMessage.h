@@ -4,7 +4,10 @@
 
 #include <cstdint>
 
-namespace velmora::sdk::integration::intern {
+namespace velmora {
+namespace sdk {
+namespace integration {
+namespace intern {
 
 /// What the daemon of the 3D mice tells in one message: eight whole numbers of 32 bits.
 struct ThreedMouseMessage {
@@ -43,4 +46,7 @@ ThreedMouseMessage decode(const std::int32_t* words);
 /// Adds the motion that follows: deflection times time stays what it was of both together.
 void addMotion(ThreedMouseMessage::MotionData& sum, const ThreedMouseMessage::MotionData& next);
 
-} // namespace velmora::sdk::integration::intern
+} // namespace intern
+} // namespace integration
+} // namespace sdk
+} // namespace velmora
