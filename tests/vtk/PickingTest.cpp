@@ -40,6 +40,15 @@ TEST(PickingModels, TellsPlaceValueAndCellUnderThePointer)
     EXPECT_EQ(valueAt(*content, 0.02, 0.5), "");
 }
 
+TEST(PickingModels, FindsAPointOfACloudNearThePointer)
+{
+    const auto content = fromAbove("cloud.ply", cloud(5));
+    content::ShownValue found;
+    ASSERT_TRUE(content->valueAt(0.5 + 0.003, 0.5, found));
+    EXPECT_EQ(found.text.substr(found.text.rfind(',')), ", cell 12");
+    EXPECT_FALSE(content->valueAt(0.5 + 0.03, 0.5, found));
+}
+
 TEST(PickingModels, NamesTheCellsOfAGridAsTheFileNumbersThem)
 {
     const auto content = fromAbove("cubes.vtu", twoCubes());
