@@ -8,6 +8,8 @@
 #include <vtkPolyData.h>
 #include <vtkSmartPointer.h>
 
+class vtkStaticCellLocator;
+
 namespace velmora::model {
 
 using Point3 = std::array<double, 3>;
@@ -35,6 +37,8 @@ struct Piece {
     vtkSmartPointer<vtkPolyData> data;
     vtkIdType firstCell = 0;
     Bounds bounds;
+    /// Finds cells along a line of sight. Made when it is first needed.
+    mutable vtkSmartPointer<vtkStaticCellLocator> locator;
 };
 
 /// A file that was read. Nothing in it changes any more, so that drawings of several contexts share it.

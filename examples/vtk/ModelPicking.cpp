@@ -10,6 +10,7 @@
 #include <vtkIdList.h>
 #include <vtkNew.h>
 #include <vtkPointData.h>
+#include <vtkStaticCellLocator.h>
 
 namespace velmora::model {
 namespace {
@@ -50,33 +51,71 @@ double valueOf(vtkPolyData& piece, vtkGenericCell& cell, vtkIdType number, const
     return value;
 }
 
-/// Looks at all cells of a piece: these are few, and only the pieces that lie along the line of sight are looked at.
+/// A cell on a line of sight.
+struct Crossing {
+    double along = std::numeric_limits<double>::infinity(); ///< of the line, 0 to 1
+    vtkIdType cell = -1;
+    Point3 point{};
+};
+
+Crossing crossingOfSurface(const Piece& piece, const Ray& ray, vtkGenericCell& cell)
+{
+    if (!piece.locator) {
+        piece.locator = vtkSmartPointer<vtkStaticCellLocator>::New();
+        piece.locator->SetDataSet(piece.data);
+        piece.locator->BuildLocator();
+    }
+    Crossing found;
+    Point3 inCell{};
+    int part = 0;
+    if (!piece.locator->IntersectWithLine(ray.from.data(), ray.to.data(), 0, found.along, found.point.data(),
+                                          inCell.data(), part, found.cell, &cell))
+        return {};
+    return found;
+}
+
+/// Points and lines have no width: what is near them counts.
+Crossing crossingOfThinCells(const Piece& piece, const Ray& ray, vtkGenericCell& cell)
+{
+    Crossing found;
+    for (vtkIdType i = 0; i < piece.data->GetNumberOfCells(); ++i) {
+        piece.data->GetCell(i, &cell);
+        double along = 0;
+        Point3 at{};
+        Point3 inCell{};
+        int part = 0;
+        if (cell.IntersectWithLine(ray.from.data(), ray.to.data(), ray.tolerance, along, at.data(), inCell.data(),
+                                   part) &&
+            along < found.along)
+            found = {along, i, at};
+    }
+    return found;
+}
+
+double valueOf(const Piece& piece, const Crossing& crossing, vtkGenericCell& cell)
+{
+    piece.data->GetCell(crossing.cell, &cell);
+    std::vector<double> weights(static_cast<std::size_t>(cell.GetNumberOfPoints()));
+    Point3 closest{};
+    Point3 inCell{};
+    double distance = 0;
+    int part = 0;
+    cell.EvaluatePosition(crossing.point.data(), closest.data(), part, inCell.data(), distance, weights.data());
+    return valueOf(*piece.data, cell, crossing.cell, weights.data());
+}
+
 void findIn(const Model& model, std::size_t number, const Ray& ray, double& nearest, std::optional<Hit>& found)
 {
-    vtkPolyData& piece = *model.pieces[number].data;
+    const Piece& piece = model.pieces[number];
     vtkNew<vtkGenericCell> cell;
-    std::vector<double> weights;
-    for (vtkIdType i = 0; i < piece.GetNumberOfCells(); ++i) {
-        piece.GetCell(i, cell);
-        double along = 0;
-        double at[3];
-        double inCell[3];
-        int part = 0;
-        if (!cell->IntersectWithLine(ray.from.data(), ray.to.data(), ray.tolerance, along, at, inCell, part) ||
-            along >= nearest)
-            continue;
-        nearest = along;
-        Hit hit{number, i, {at[0], at[1], at[2]}, std::nullopt};
-        if (model.colouring.hasLegend()) {
-            weights.resize(static_cast<std::size_t>(cell->GetNumberOfPoints()));
-            double place[3];
-            double distance = 0;
-            double closest[3];
-            cell->EvaluatePosition(at, closest, part, place, distance, weights.data());
-            hit.value = valueOf(piece, *cell, i, weights.data());
-        }
-        found = hit;
-    }
+    const bool isSurface = piece.data->GetNumberOfVerts() + piece.data->GetNumberOfLines() == 0;
+    const Crossing crossing = isSurface ? crossingOfSurface(piece, ray, *cell) : crossingOfThinCells(piece, ray, *cell);
+    if (crossing.cell < 0 || crossing.along >= nearest)
+        return;
+    nearest = crossing.along;
+    found = Hit{number, crossing.cell, crossing.point, std::nullopt};
+    if (model.colouring.hasLegend())
+        found->value = valueOf(piece, crossing, *cell);
 }
 
 } // namespace

@@ -14,9 +14,7 @@
 #include <vector>
 
 // After Qt, whose enumerators some of Xlib's macros would replace.
-#define GL_GLEXT_PROTOTYPES
 #include <GL/gl.h>
-#include <GL/glext.h>
 
 namespace velmora::test::model {
 namespace {
@@ -59,15 +57,15 @@ TEST(AModelWhoseContextIsLost, TakesNothingAwayFromTheContextThatIsCurrentThen)
         ASSERT_EQ(VelUtilPageIsComplete(), 1) << VelUtilLastErrorMessage();
 
         const CurrentImage other(ImageKind::Egl, 20, 20);
-        std::vector<GLuint> buffers(200);
-        glGenBuffers(static_cast<GLsizei>(buffers.size()), buffers.data());
-        for (const GLuint buffer : buffers)
-            glBindBuffer(GL_ARRAY_BUFFER, buffer);
-        glBindBuffer(GL_ARRAY_BUFFER, 0);
+        std::vector<GLuint> textures(200);
+        glGenTextures(static_cast<GLsizei>(textures.size()), textures.data());
+        for (const GLuint texture : textures)
+            glBindTexture(GL_TEXTURE_2D, texture);
+        glBindTexture(GL_TEXTURE_2D, 0);
         area.lose();
         area.detach();
-        for (const GLuint buffer : buffers)
-            EXPECT_TRUE(glIsBuffer(buffer)) << buffer;
+        for (const GLuint texture : textures)
+            EXPECT_TRUE(glIsTexture(texture)) << texture;
     }
     VelEngStop();
 }

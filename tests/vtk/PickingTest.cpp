@@ -40,6 +40,15 @@ TEST(PickingModels, TellsPlaceValueAndCellUnderThePointer)
     EXPECT_EQ(valueAt(*content, 0.02, 0.5), "");
 }
 
+TEST(PickingModels, FindsAPointOfACloudNearThePointer)
+{
+    const auto content = fromAbove("cloud.ply", cloud(5));
+    content::ShownValue found;
+    ASSERT_TRUE(content->valueAt(0.5 + 0.003, 0.5, found));
+    EXPECT_EQ(found.text.substr(found.text.rfind(',')), ", cell 12");
+    EXPECT_FALSE(content->valueAt(0.5 + 0.03, 0.5, found));
+}
+
 TEST(PickingModels, NamesTheCellsOfAGridAsTheFileNumbersThem)
 {
     const auto content = fromAbove("cubes.vtu", twoCubes());
@@ -81,13 +90,18 @@ TEST(PickingModels, ShowsWhatIsSelectedInAColourOfItsOwn)
     CurrentImage image(ImageKind::Egl, 240, 180);
     EXPECT_EQ(countColor(image.draw(*content, image.drawing()), Orange, 40), 0);
     content->pick(Middle + 0.1, 0.4, Middle + 0.1, 0.4, content::PickFilter());
+    constexpr double Triangle = 0.5 * 165.6 * 165.6;
+    content::Drawing kept = image.drawing();
+    kept.context = 1;
     for (const auto detail : {content::Detail::Full, content::Detail::Coarse}) {
-        content::Drawing drawing = image.drawing();
-        drawing.detail = detail;
-        EXPECT_NEAR(countColor(image.draw(*content, drawing), Orange, 40), 0.5 * 165.6 * 165.6, 500);
+        kept.detail = detail;
+        EXPECT_NEAR(countColor(image.draw(*content, kept), Orange, 40), Triangle, 500);
     }
+    content->pick(Middle - 0.1, 0.6, Middle - 0.1, 0.6, content::PickFilter());
+    EXPECT_NEAR(countColor(image.draw(*content, kept), Orange, 40), 2 * Triangle, 500) << "in the same context";
     content->deselectAll();
-    EXPECT_EQ(countColor(image.draw(*content, image.drawing()), Orange, 40), 0);
+    EXPECT_EQ(countColor(image.draw(*content, kept), Orange, 40), 0);
+    content->leaveContext(1, true);
 }
 
 TEST(PickingModels, TurnsMovesZoomsAndFits)
