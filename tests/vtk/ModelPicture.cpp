@@ -35,23 +35,36 @@ content::Drawing CurrentImage::drawing() const
 
 QImage CurrentImage::draw(content::Content& content, const content::Drawing& drawing, QRgb ground, const QRect& scissor)
 {
-    const int width = m_image->width();
-    const int height = m_image->height();
-    glViewport(0, 0, width, height);
-    glClearColor(qRed(ground) / 255.F, qGreen(ground) / 255.F, qBlue(ground) / 255.F, 1);
-    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+    clear(ground);
     if (!scissor.isNull())
         glEnable(GL_SCISSOR_TEST);
     glScissor(scissor.x(), scissor.y(), scissor.width(), scissor.height());
     content::NoCheckpoint checkpoint;
     const bool isWhole = content.draw(drawing, checkpoint);
     glDisable(GL_SCISSOR_TEST);
-    if (!isWhole)
-        return QImage();
-    QImage pixels(width, height, QImage::Format_RGB32);
+    return isWhole ? pixels() : QImage();
+}
+
+QImage CurrentImage::draw(content::Content& content, const content::Drawing& drawing, content::Checkpoint& checkpoint)
+{
+    constexpr QRgb White = 0xffffffff;
+    clear(White);
+    return content.draw(drawing, checkpoint) ? pixels() : QImage();
+}
+
+void CurrentImage::clear(QRgb ground)
+{
+    glViewport(0, 0, m_image->width(), m_image->height());
+    glClearColor(qRed(ground) / 255.F, qGreen(ground) / 255.F, qBlue(ground) / 255.F, 1);
+    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+}
+
+QImage CurrentImage::pixels() const
+{
+    QImage found(m_image->width(), m_image->height(), QImage::Format_RGB32);
     glPixelStorei(GL_PACK_ALIGNMENT, 4);
-    glReadPixels(0, 0, width, height, GL_BGRA, GL_UNSIGNED_BYTE, pixels.bits());
-    return pixels.mirrored().convertToFormat(QImage::Format_RGB32);
+    glReadPixels(0, 0, found.width(), found.height(), GL_BGRA, GL_UNSIGNED_BYTE, found.bits());
+    return found.mirrored().convertToFormat(QImage::Format_RGB32);
 }
 
 std::vector<ImageKind> kindsOfLibGL()

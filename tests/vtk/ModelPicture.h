@@ -21,8 +21,13 @@ public:
     /// Clears it, draws and reads it; with a scissor box, in OpenGL's pixels, where there is one.
     QImage draw(content::Content& content, const content::Drawing& drawing, QRgb ground = 0xffffffff,
                 const QRect& scissor = QRect());
+    /// The same on white.
+    QImage draw(content::Content& content, const content::Drawing& drawing, content::Checkpoint& checkpoint);
 
 private:
+    void clear(QRgb ground);
+    QImage pixels() const;
+
     std::unique_ptr<sdk::integration::OffscreenImageInterface> m_image;
 };
 
