@@ -88,7 +88,7 @@ velmora_package(runtime ${library} LIBRARY SECTION libs DEPENDS ${needs_platform
 velmora_package(development libvlsdkintegrationmanager-${qt}-dev SECTION libdevel
   DEPENDS "${library} ${same}" ${needs_platform_development} libboost-dev ${VELMORA_TOOLKIT_PACKAGES}
   SUMMARY "Binds a visualisation engine to a Qt desktop application (headers)"
-  TEXT ${about} "These are its headers, its CMake package and its pkg-config file.")
+  TEXT ${about} "These are its headers, its CMake package, its pkg-config file and its plugin for" "Qt Designer.")
 if(VELMORA_BUILD_EXAMPLES)
   velmora_package(examples velmora-integration-${qt}-examples SECTION graphics DEPENDS "${library} ${same}"
     SUMMARY "Example hosts of the Velmora integration for Qt"

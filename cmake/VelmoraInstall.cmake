@@ -1,5 +1,6 @@
 # What `cmake --install` puts where, in components:
-#   runtime, development                      the product: its library; its headers, CMake package and .pc file
+#   runtime, development                      the product: its library; its headers, CMake package, .pc file and
+#                                             plugin for Qt Designer
 #   platform, platform_development            the same of the reference platform, which a maker's SDK replaces
 #   platform_ui, platform_ui_development      its one library that is made of the toolkit
 #   examples                                  the viewer with what a desktop is told of it, the sources of the examples and
