@@ -1,5 +1,5 @@
-// A renderer of one's own: the Mandelbrot set, smoothed, which takes seconds. It is a module for any host that loads
-// modules:   viewer --content ./libvelmora_fractal.so seahorse.fractal
+// A renderer of one's own: the Mandelbrot set, smoothed, which takes seconds. It is a module for hosts that load such:
+//   viewer --content ./libvelmora_fractal.so seahorse.fractal
 // A host that makes its contents itself writes   velmora::content::show(std::make_shared<Fractal>());
 
 #include "engine/VelContent.h"
@@ -35,18 +35,9 @@ int stepsAt(double x, double y)
     return steps;
 }
 
-struct View {
-    double x = -0.6;
-    double y = 0;
-    double width = 3.2;
-};
-
 class Fractal final : public content::Content {
 public:
-    explicit Fractal(const View& first = View()) : m_first(first), m_view(first) {}
-
     // ---- drawing: the only part that a renderer must have
-
     bool draw(const content::Drawing& drawing, content::Checkpoint& checkpoint) override
     {
         const content::StateGuard guard; // puts OpenGL's state back, however this ends
@@ -55,7 +46,8 @@ public:
         const auto pixelZoom = reinterpret_cast<decltype(&::glPixelZoom)>(drawing.findFunction("glPixelZoom"));
         const int block = drawing.detail == content::Detail::Coarse ? 8 : 1; // pixels with one colour, each way
         pixelZoom(static_cast<GLfloat>(block), static_cast<GLfloat>(block));
-        m_aspect = drawing.frameHeight / drawing.frameWidth;
+        if (drawing.context != 0) // what the person sees
+            m_aspect = drawing.frameHeight / drawing.frameWidth;
         // The frame may lie partly outside of the target, as in a tile.
         const int left = std::max(0, static_cast<int>(drawing.frameX));
         const int right = std::min(drawing.targetWidth, static_cast<int>(drawing.frameX + drawing.frameWidth));
@@ -75,61 +67,52 @@ public:
         return true;
     }
     bool drawsCoarsely() const override { return true; }
-    std::string description() const override { return "Mandelbrot set, at most " + std::to_string(MostSteps) + " steps"; }
+    std::string description() const override { return "Mandelbrot set"; }
 
-    // ---- the view, and what is where
-
+    // ---- the view
     void translate(double dx, double dy) override
     {
-        m_view.x -= dx * m_view.width;
-        m_view.y -= dy * m_view.width * m_aspect;
+        m_x -= dx * m_width;
+        m_y -= dy * m_width * m_aspect;
     }
     void zoom(double factor, double x, double y) override
     {
-        const double more = m_view.width * (1 - 1 / factor);
-        m_view.x += (x - 0.5) * more;
-        m_view.y += (y - 0.5) * more * m_aspect;
-        m_view.width /= factor;
+        m_x += (x - 0.5) * m_width * (1 - 1 / factor);
+        m_y += (y - 0.5) * m_width * (1 - 1 / factor) * m_aspect;
+        m_width /= factor;
     }
-    void fit() override { m_view = m_first; }
+    void fit() override { setViewState("fractal -0.6 0 3.2"); }
     std::string viewState() const override
     {
         std::ostringstream text;
         text.precision(17);
-        text << "fractal " << m_view.x << ' ' << m_view.y << ' ' << m_view.width;
+        text << "fractal " << m_x << ' ' << m_y << ' ' << m_width;
         return text.str();
     }
+    /// The word, the centre and the width; also what a file holds.
     bool setViewState(const std::string& state) override
     {
         std::istringstream text(state);
-        std::string kind;
-        View view;
-        const bool isView = text >> kind >> view.x >> view.y >> view.width && kind == "fractal" && view.width > 0;
-        if (isView)
-            m_view = view;
-        return isView;
-    }
-    bool valueAt(double x, double y, content::ShownValue& found) const override
-    {
-        const int steps = stepsAt(realAt(x), imaginaryAt(y));
-        found = {x, y, steps == MostSteps ? "stays" : "leaves after " + std::to_string(steps) + " steps"};
+        std::string word;
+        double x = 0, y = 0, width = 0;
+        if (!(text >> word >> x >> y >> width) || word != "fractal" || !(width > 0))
+            return false;
+        m_x = x, m_y = y, m_width = width;
         return true;
     }
 
 private:
-    double realAt(double x) const { return m_view.x + (x - 0.5) * m_view.width; }
-    double imaginaryAt(double y) const { return m_view.y + (y - 0.5) * m_view.width * m_aspect; }
-
     /// The colour of a block of pixels: of its middle, or the mean of 4 x 4 places in a single pixel.
     void addColor(std::vector<GLubyte>& colors, const content::Drawing& drawing, int x, int y, int block)
     {
         const int samples = block == 1 ? 4 : 1;
+        const double aspect = drawing.frameHeight / drawing.frameWidth;
         double sum[3] = {0, 0, 0};
         for (int i = 0; i < samples * samples; ++i) {
-            const double inX = x + block * (i % samples + 0.5) / samples;
-            const double inY = y + block * (i / samples + 0.5) / samples;
-            const int steps = stepsAt(realAt((inX - drawing.frameX) / drawing.frameWidth),
-                                      imaginaryAt((inY - drawing.frameY) / drawing.frameHeight));
+            const double right =
+                (x + block * (i % samples + 0.5) / samples - drawing.frameX) / drawing.frameWidth - 0.5;
+            const double up = (y + block * (i / samples + 0.5) / samples - drawing.frameY) / drawing.frameHeight - 0.5;
+            const int steps = stepsAt(m_x + right * m_width, m_y + up * m_width * aspect);
             for (int part = 0; part < 3 && steps < MostSteps; ++part)
                 sum[part] += 127.5 * (1 + std::sin(std::sqrt(steps) + 1.1 + 0.8 * part));
         }
@@ -137,23 +120,27 @@ private:
             colors.push_back(static_cast<GLubyte>(part / (samples * samples)));
     }
 
-    View m_first;
-    View m_view;
-    double m_aspect = 0.75; ///< of the frame, in the last drawing
+    double m_x = -0.6; ///< of the centre
+    double m_y = 0;
+    double m_width = 3.2;
+    double m_aspect = 0.75; ///< of the frame on the screen
 };
 
-/// Reads files with the word "fractal", a centre and a width.
 class FractalReader final : public content::Reader {
 public:
-    bool recognises(const std::string&, const std::string& beginning) const override { return beginning.rfind("fractal", 0) == 0; }
+    bool recognises(const std::string&, const std::string& text) const override
+    {
+        return text.rfind("fractal", 0) == 0;
+    }
     std::shared_ptr<content::Content> read(const std::string& fileName, content::Checkpoint&) override
     {
         std::ifstream file(fileName);
-        std::string word;
-        View view;
-        if (!(file >> word >> view.x >> view.y >> view.width) || !(view.width > 0))
+        std::string line;
+        std::getline(file, line);
+        auto fractal = std::make_shared<Fractal>();
+        if (!fractal->setViewState(line))
             throw std::runtime_error(fileName + ": \"fractal\" needs a centre (x, y) and a width above 0 behind it.");
-        return std::make_shared<Fractal>(view);
+        return fractal;
     }
 };
 
